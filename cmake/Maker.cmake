@@ -1,0 +1,12 @@
+# The maker's own values: the only place where they stand. Set them when configuring, for instance
+#   cmake --preset release -DQUORVANE_TEAM_IDENTIFIER=ABCDE12345 -DQUORVANE_REVERSE_DNS_PREFIX=com.maker
+
+set(QUORVANE_TEAM_IDENTIFIER "EXAMPLE000" CACHE STRING "Developer team identifier")
+set(QUORVANE_REVERSE_DNS_PREFIX "org.example" CACHE STRING "Reverse-DNS prefix of the maker's applications")
+set(QUORVANE_BUNDLE_IDENTIFIER "${QUORVANE_REVERSE_DNS_PREFIX}.Quorvane" CACHE STRING
+    "Bundle identifier of this application, and the domain of its own defaults")
+set(QUORVANE_COMPANION_BUNDLE_IDENTIFIER "${QUORVANE_REVERSE_DNS_PREFIX}.Tandrel" CACHE STRING
+    "Bundle identifier of the companion application")
+
+set(QUORVANE_GENERATED_DIR "${CMAKE_BINARY_DIR}/generated")
+configure_file("${CMAKE_SOURCE_DIR}/settings/Maker.h.in" "${QUORVANE_GENERATED_DIR}/settings/Maker.h" @ONLY)

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace quorvane {
+
+struct Alert {
+    std::string messageText;
+    std::string informativeText;
+    std::vector<std::string> buttons;  ///< The first one is the affirmative one.
+    std::string suppressionButtonTitle; ///< Empty: no suppression check box.
+};
+
+inline constexpr int alertFirstButtonReturn = 1000; ///< The second button answers 1001, and so on.
+
+struct AlertAnswer {
+    int response = 0;
+    bool suppressionButtonIsOn = false;
+};
+
+/// Questions to the user.
+class Alerts {
+public:
+    virtual ~Alerts() = default;
+
+    /// Returns when the user has answered. Closing the alert answers like its last button.
+    virtual AlertAnswer runModal(const Alert& alert) = 0;
+};
+
+} // namespace quorvane

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/Alerts.h"
+#include "platform/Application.h"
+#include "platform/ApplicationBundles.h"
+#include "platform/DistributedNotificationCenter.h"
+#include "platform/GlobalEventMonitor.h"
+#include "platform/Image.h"
+#include "platform/InterfaceFiles.h"
+#include "platform/NotificationCenter.h"
+#include "platform/OnScreenWindowList.h"
+#include "platform/Processes.h"
+#include "platform/RunLoop.h"
+#include "platform/Screens.h"
+#include "platform/StatusBar.h"
+#include "platform/TextInputSources.h"
+#include "platform/UserDefaults.h"
+#include "platform/Workspace.h"
+
+namespace quorvane {
+
+/// What a desktop knows about itself. The defaults are those of the native one.
+struct DesktopFacts {
+    /// How long an application that has just come to the front needs until it takes a new input source.
+    double switchDelay = 0.1; // seconds
+
+    /// How long after the keyboard focus moved to another screen the desktop takes to settle.
+    double screenChangeDelay = 0.2; // seconds
+
+    /// The shell command that shows the user which programs start at login.
+    std::string loginItemsCommand = "open /System/Library/PreferencePanes/Accounts.prefPane";
+
+    /// What starts a new instance of this program.
+    std::string relaunchPath = "/usr/bin/open";
+    std::vector<std::string> relaunchArguments;
+};
+
+/// Everything the program asks of a desktop, handed out in one place. Seen whole only by the program's hub and
+/// by a backend.
+struct Desktop {
+    DesktopFacts facts;
+    Alerts& alerts;
+    Application& application;
+    ApplicationBundles& applicationBundles;
+    DistributedNotificationCenter& distributedNotifications;
+    GlobalEventMonitor& globalEvents;
+    Images& images;
+    InterfaceFiles& interfaceFiles;
+    NotificationCenter& notifications;
+    OnScreenWindowList& windowList;
+    Processes& processes;
+    RunLoop& runLoop;
+    Screens& screens;
+    StatusBar& statusBar;
+    TextInputSources& inputSources;
+    UserDefaultsStores& defaults;
+    Workspace& workspace;
+};
+
+} // namespace quorvane

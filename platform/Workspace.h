@@ -1,0 +1,52 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Subscription.h"
+
+namespace quorvane {
+
+enum class ActivationPolicy {
+    regular,   ///< Has windows of its own and a place among the running applications the user sees.
+    accessory, ///< Runs in the background, though it may show a window now and then.
+    prohibited ///< Never has a window.
+};
+
+struct RunningApplication {
+    std::optional<std::string> bundleIdentifier;
+    std::string localizedName;
+    ActivationPolicy activationPolicy = ActivationPolicy::regular;
+    int processIdentifier = 0; ///< 0 when the desktop does not tell.
+
+    bool operator==(const RunningApplication&) const = default;
+};
+
+enum class WorkspaceNotification {
+    didActivateApplication, ///< The application came to the front.
+    didUnhideApplication,   ///< The application in front was hidden and is shown again.
+    didLaunchApplication    ///< The application was not running and now is.
+};
+
+/// Which applications run, and which one is in front.
+class Workspace {
+public:
+    virtual ~Workspace() = default;
+
+    virtual std::vector<RunningApplication> runningApplications() const = 0;
+
+    /// Cheap enough to be asked at every activation.
+    virtual std::vector<RunningApplication>
+    runningApplicationsWithBundleIdentifier(std::string_view bundleIdentifier) const = 0;
+
+    /// None before the first activation the desktop tells of.
+    virtual std::optional<RunningApplication> frontmostApplication() const = 0;
+
+    virtual Subscription addObserver(WorkspaceNotification notification,
+                                     std::function<void(const RunningApplication&)> handler) = 0;
+};
+
+} // namespace quorvane
