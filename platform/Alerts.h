@@ -8,7 +8,7 @@ namespace quorvane {
 struct Alert {
     std::string messageText;
     std::string informativeText;
-    std::vector<std::string> buttons;  ///< The first one is the affirmative one.
+    std::vector<std::string> buttons;   ///< The first one is the affirmative one.
     std::string suppressionButtonTitle; ///< Empty: no suppression check box.
 };
 

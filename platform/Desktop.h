@@ -38,8 +38,8 @@ struct DesktopFacts {
     std::vector<std::string> relaunchArguments;
 };
 
-/// Everything the program asks of a desktop, handed out in one place. Seen whole only by the program's hub and
-/// by a backend.
+/// Everything the program asks of a desktop, handed out in one place. Seen whole only by the program's hub
+/// and by a backend.
 struct Desktop {
     DesktopFacts facts;
     Alerts& alerts;

@@ -14,8 +14,8 @@ struct DistributedNotification {
     PropertyList userInfo; ///< A dictionary, or nothing.
 };
 
-/// Notifications between the programs of one user's session. Best effort: a notification that nobody observes,
-/// or that is posted while there is no session bus, is lost.
+/// Notifications between the programs of one user's session. Best effort: a notification that nobody
+/// observes, or that is posted while there is no session bus, is lost.
 class DistributedNotificationCenter {
 public:
     virtual ~DistributedNotificationCenter() = default;

@@ -10,7 +10,9 @@ namespace quorvane {
 enum class EventType { leftMouseUp = 2, flagsChanged = 12 };
 
 using EventMask = std::uint64_t;
-constexpr EventMask eventMask(EventType type) { return EventMask{1} << static_cast<int>(type); }
+constexpr EventMask eventMask(EventType type) {
+    return EventMask{1} << static_cast<int>(type);
+}
 
 /// The modifier bits of an event.
 namespace ModifierFlag {

@@ -9,7 +9,7 @@ namespace quorvane {
 
 /// What the main interface file holds, made before the program starts. All of it outlives the program's hub.
 struct MainInterface {
-    Window& window;          ///< Only ordered in and out, so that a new input source reaches the front program.
+    Window& window; ///< Only ordered in and out, so that a new input source reaches the front program.
     Window& inputIconWindow; ///< The floating indicator.
     ImageView& iconView;     ///< The icon on it.
     View& iconBox;           ///< The box behind the icon.

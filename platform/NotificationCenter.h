@@ -23,10 +23,11 @@ public:
     /// With a null object, the handler gets the notifications of every object.
     Subscription addObserver(std::string_view name, const Window* object,
                              std::function<void(const Notification&)> handler) {
-        return posted_.connect(
-            [name = std::string(name), object, handler = std::move(handler)](const Notification& notification) {
-                if (notification.name == name && (!object || object == notification.object)) handler(notification);
-            });
+        return posted_.connect([name = std::string(name), object,
+                                handler = std::move(handler)](const Notification& notification) {
+            if (notification.name == name && (!object || object == notification.object))
+                handler(notification);
+        });
     }
 
     void post(const Notification& notification) { posted_.emit(notification); }

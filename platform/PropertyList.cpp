@@ -17,8 +17,10 @@ std::int64_t wholeNumber(double value) {
     return static_cast<std::int64_t>(value);
 }
 
-template <class T> struct IsShared : std::false_type {};
-template <class T> struct IsShared<std::shared_ptr<T>> : std::true_type {};
+template <class T>
+struct IsShared : std::false_type {};
+template <class T>
+struct IsShared<std::shared_ptr<T>> : std::true_type {};
 
 } // namespace
 
@@ -26,7 +28,8 @@ bool PropertyList::boolValue() const {
     if (const auto* value = boolean()) return *value;
     if (const auto* value = real()) return *value != 0 && !std::isnan(*value);
     if (const auto* text = string()) {
-        if (!text->empty() && std::string_view("YyTt").find(text->front()) != std::string_view::npos) return true;
+        if (!text->empty() && std::string_view("YyTt").find(text->front()) != std::string_view::npos)
+            return true;
     }
     return integerValue() != 0;
 }

@@ -69,7 +69,8 @@ public:
     bool operator==(const PropertyList& other) const;
 
 private:
-    template <class T> const T* pointee() const {
+    template <class T>
+    const T* pointee() const {
         const auto* shared = std::get_if<std::shared_ptr<const T>>(&value_);
         return shared ? shared->get() : nullptr;
     }

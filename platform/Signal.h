@@ -12,7 +12,8 @@ namespace quorvane {
 /// A list of handlers, called in the order of their registration. Handlers may connect and disconnect
 /// others, or themselves, while the signal is emitted: one connected meanwhile is first called by the next
 /// emission, one disconnected meanwhile is called no more.
-template <class... Arguments> class Signal {
+template <class... Arguments>
+class Signal {
 public:
     using Handler = std::function<void(Arguments...)>;
 

@@ -46,7 +46,8 @@ public:
 
     /// Calls the handler with the key after each write of it, also of an equal value, whoever made it:
     /// at once for this process's writes, from the run loop for those of other processes.
-    virtual Subscription addObserver(std::string_view key, std::function<void(std::string_view key)> handler) = 0;
+    virtual Subscription addObserver(std::string_view key,
+                                     std::function<void(std::string_view key)> handler) = 0;
 };
 
 /// Where the stores are opened.

@@ -9,7 +9,7 @@ namespace quorvane {
 
 /// How a window looks and where it lives; the numbers are the source platform's own.
 struct WindowStyle {
-    unsigned styleMask = 0;          ///< 0: borderless.
+    unsigned styleMask = 0; ///< 0: borderless.
     bool isOpaque = true;
     bool hasClearBackground = false;
     unsigned collectionBehavior = 0; ///< 1: on all spaces.

@@ -1,0 +1,136 @@
+#include "app/AppDelegate.h"
+
+#include "settings/Keys.h"
+
+namespace quorvane {
+namespace {
+
+AppDelegate* theDelegate = nullptr;
+
+constexpr double openPreferencesDelay = 0.01; // seconds
+
+/// The preferences window's title where it is not translated. Where it is, closing the window does not
+/// relaunch the program.
+constexpr std::string_view preferencesTitle = "Quorvane";
+
+} // namespace
+
+AppDelegate::AppDelegate(Desktop& desktop)
+    : desktop_(desktop)
+    , standardDefaults_(desktop.defaults.standardUserDefaults())
+    , interface_(desktop.interfaceFiles.mainInterface())
+    , companion_(desktop.workspace, desktop.defaults, desktop.distributedNotifications)
+    , inputSwitch_(desktop.inputSources, desktop.defaults, desktop.workspace, companion_, [this] { reset(); })
+    , stateTip_(desktop.inputSources, desktop.images, desktop.defaults, interface_.iconView,
+                interface_.iconBox)
+    , inputChangeWatch_(desktop.runLoop, [this] { stateTip_.inputChnagedNotification(); })
+    , inputDecision_(desktop.defaults, inputSwitch_, companion_, desktop.runLoop, desktop.facts.switchDelay,
+                     [this] { reset(); })
+    , appChangeHandler_(desktop.screens, desktop.runLoop, inputDecision_, desktop.facts.screenChangeDelay)
+    , indicator_(interface_, desktop.screens, stateTip_)
+    , loginItemsReminder_(desktop.alerts, desktop.application, desktop.processes, standardDefaults_,
+                          desktop.facts.loginItemsCommand)
+    , settingsMirror_(desktop.defaults)
+    , statusBarIcon_(desktop.statusBar, desktop.images, statusMenu()) {
+    theDelegate = this;
+}
+
+AppDelegate::~AppDelegate() {
+    theDelegate = nullptr;
+}
+
+AppDelegate* AppDelegate::appDelegate() {
+    return theDelegate;
+}
+
+void AppDelegate::applicationDidFinishLaunching() {
+    loginItemsReminder_.showIfNeeded();
+
+    indicator_.setUpWindow();
+    indicator_.showInitialState();
+    updateStatusBarItem();
+
+    for (const auto observedKey : {key::hiddenIconInStatusBar, key::enableTipOfState, key::autoInput,
+                                   key::enableForceEnglishBrowserAddress}) {
+        subscriptions_.push_back(standardDefaults_.addObserver(
+            observedKey, [this](std::string_view keyPath) { observeValueForKeyPath(keyPath); }));
+    }
+    for (const auto notification :
+         {WorkspaceNotification::didActivateApplication, WorkspaceNotification::didUnhideApplication}) {
+        subscriptions_.push_back(
+            desktop_.workspace.addObserver(notification, [this](const RunningApplication& application) {
+                appChangeHandler_.appChanged(application);
+            }));
+    }
+    subscriptions_.push_back(desktop_.distributedNotifications.addObserver(
+        selectedKeyboardInputSourceChangedNotification, [this](const DistributedNotification& notification) {
+            inputChangeWatch_.inputSourceChanged(notification);
+        }));
+}
+
+bool AppDelegate::applicationShouldHandleReopen(bool /*hasVisibleWindows*/) {
+    openPreferences();
+    return true;
+}
+
+void AppDelegate::openPreferences() {
+    desktop_.runLoop.dispatchAfter(openPreferencesDelay, [this] { showPreferences(); });
+
+    // At the first request there is no window yet, and the registration covers every window: the handler
+    // looks at the title for that.
+    const auto* window = preferences_ ? preferences_->window() : nullptr;
+    subscriptions_.push_back(desktop_.notifications.addObserver(
+        windowWillCloseNotification, window,
+        [this](const Notification& notification) { preferencesWillClose(notification); }));
+}
+
+void AppDelegate::showPreferences() {
+    if (!preferences_) {
+        preferences_ =
+            std::make_unique<AppPrefsWindowController>(desktop_.interfaceFiles, preferencesNibName);
+    }
+    auto* window = preferences_->window();
+    if (!window) return; // activating with nothing to show would only take the focus away from the user
+    window->makeKeyAndOrderFront();
+    desktop_.application.activateIgnoringOtherApps();
+}
+
+void AppDelegate::preferencesWillClose(const Notification& notification) {
+    if (!notification.object || notification.object->title() != preferencesTitle) return;
+    if (standardDefaults_.boolForKey(key::hiddenIconInStatusBar)) restart();
+}
+
+void AppDelegate::observeValueForKeyPath(std::string_view keyPath) {
+    if (keyPath == key::hiddenIconInStatusBar)
+        updateStatusBarItem();
+    else if (keyPath == key::enableTipOfState)
+        stateTip_.inputChnagedNotification();
+    else if (keyPath == key::autoInput)
+        settingsMirror_.copyAutoInput();
+    else if (keyPath == key::enableForceEnglishBrowserAddress)
+        settingsMirror_.copyForceEnglishBrowserAddress();
+}
+
+void AppDelegate::updateStatusBarItem() {
+    statusBarIcon_.setHidden(standardDefaults_.boolForKey(key::hiddenIconInStatusBar));
+}
+
+void AppDelegate::reset() {
+    interface_.window.makeKeyAndOrderFront();
+    interface_.window.orderOut();
+}
+
+void AppDelegate::restart() {
+    desktop_.processes.launch(desktop_.facts.relaunchPath, desktop_.facts.relaunchArguments);
+    desktop_.processes.exit(0);
+}
+
+Menu AppDelegate::statusMenu() {
+    const auto& application = desktop_.application;
+    return {
+        {application.localizedString("Preferences…"), desktop_.interfaceFiles.hasWindow(preferencesNibName),
+         [this] { openPreferences(); }},
+        {application.localizedString("Quit Quorvane"), true, [this] { desktop_.application.terminate(); }}};
+}
+
+} // namespace quorvane

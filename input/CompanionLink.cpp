@@ -1,0 +1,17 @@
+#include "input/CompanionLink.h"
+
+#include "settings/Keys.h"
+#include "settings/SharedDefaults.h"
+
+namespace quorvane {
+
+bool CompanionLink::isRunning() const {
+    return !workspace_.runningApplicationsWithBundleIdentifier(maker::companionBundleIdentifier).empty();
+}
+
+void CompanionLink::askToSwitchInput(std::string_view inputSourceID) {
+    openSharedDefaults(stores_)->setObject(inputSourceID, key::askTandrelSwitchInput);
+    notifications_.post({std::string(key::askTandrelSwitchInput), {}});
+}
+
+} // namespace quorvane

@@ -1,0 +1,32 @@
+#include "input/InputSourceCatalogue.h"
+
+#include <algorithm>
+
+#include "input/IconLoading.h"
+
+namespace quorvane {
+
+InputSourceCatalogue InputSourceCatalogue::build(const TextInputSources& inputSources, const Images& images) {
+    InputSourceCatalogue catalogue;
+    catalogue.arrOfInputName.emplace_back("-");
+    for (const auto& source : inputSources.createInputSourceList()) {
+        if (source.category != InputSourceCategory::keyboard || !source.isSelectCapable) continue;
+        catalogue.arrOfInputInfo.push_back({source.id, source.localizedName});
+        catalogue.arrOfInputName.push_back(source.localizedName);
+        if (auto icon = loadIcon(source, inputSources, images))
+            catalogue.arrOfInputIcon.push_back(std::move(icon));
+    }
+    return catalogue;
+}
+
+ImageRef InputSourceCatalogue::iconAt(std::size_t index) const {
+    return index < arrOfInputIcon.size() ? arrOfInputIcon[index] : nullptr;
+}
+
+std::optional<std::string> InputSourceCatalogue::nameOfInput(std::string_view id) const {
+    const auto found = std::ranges::find(arrOfInputInfo, id, &InputSourceInfo::id);
+    if (found == arrOfInputInfo.end()) return std::nullopt;
+    return found->inputName;
+}
+
+} // namespace quorvane

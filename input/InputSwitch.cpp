@@ -1,0 +1,34 @@
+#include "input/InputSwitch.h"
+
+#include "input/Launchers.h"
+#include "settings/SharedDefaults.h"
+#include "settings/SwitchTimes.h"
+
+namespace quorvane {
+
+std::string InputSwitch::currentInputSourceID() const {
+    const auto current = inputSources_.copyCurrentKeyboardInputSource();
+    return current ? current->id : std::string();
+}
+
+void InputSwitch::selectInputSource(std::string_view id) {
+    keptLayoutSource_.reset();
+    countSwitch(*openSharedDefaults(stores_));
+    keptLayoutSource_ = inputSources_.copyCurrentKeyboardLayoutInputSource();
+    const auto matching = inputSources_.createInputSourceList(id);
+    if (!matching.empty()) inputSources_.selectInputSource(matching.front());
+}
+
+void InputSwitch::changeInputTo(std::string_view id) {
+    if (currentInputSourceID() == id) return;
+    const auto frontmost = workspace_.frontmostApplication();
+    if (frontmost && isLauncher(frontmost->bundleIdentifier)) return;
+    if (companion_.isRunning()) {
+        companion_.askToSwitchInput(id);
+        return;
+    }
+    selectInputSource(id);
+    reset_();
+}
+
+} // namespace quorvane

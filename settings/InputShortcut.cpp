@@ -1,0 +1,50 @@
+#include "settings/InputShortcut.h"
+
+#include <algorithm>
+#include <array>
+
+#include "settings/Keys.h"
+#include "settings/ReadCopyChangeWrite.h"
+
+namespace quorvane {
+namespace {
+
+constexpr std::string_view keyCodeKey = "keyCode";
+constexpr std::string_view modifierFlagsKey = "modifierFlags";
+
+/// F1 to F20, in this order.
+constexpr std::array<std::int64_t, 20> functionKeyCodes = {122, 120, 99,  118, 96,  97,  98, 100, 101, 109,
+                                                           103, 111, 105, 107, 113, 106, 64, 79,  80,  90};
+
+bool isNumber(const PropertyList& value) {
+    return value.integer() || value.real();
+}
+
+} // namespace
+
+std::optional<InputShortcut> InputShortcut::ofRecord(const PropertyList& record) {
+    const auto& keyCode = record[keyCodeKey];
+    const auto& modifierFlags = record[modifierFlagsKey];
+    if (!isNumber(keyCode) || !isNumber(modifierFlags)) return std::nullopt;
+    return InputShortcut{keyCode.integerValue(), modifierFlags.integerValue()};
+}
+
+bool InputShortcut::isValid() const {
+    return modifierFlags != 0 || std::ranges::find(functionKeyCodes, keyCode) != functionKeyCodes.end();
+}
+
+void setShortcut(UserDefaults& standard, std::string_view inputSourceID, const InputShortcut& shortcut) {
+    changeDictionary(standard, key::shortcutOfInput, [&](PropertyList::Dictionary& shortcuts) {
+        shortcuts[std::string(inputSourceID)] =
+            PropertyList::Dictionary{{std::string(keyCodeKey), shortcut.keyCode},
+                                     {std::string(modifierFlagsKey), shortcut.modifierFlags}};
+    });
+}
+
+void removeShortcut(UserDefaults& standard, std::string_view inputSourceID) {
+    changeDictionary(standard, key::shortcutOfInput, [&](PropertyList::Dictionary& shortcuts) {
+        shortcuts.erase(std::string(inputSourceID));
+    });
+}
+
+} // namespace quorvane
