@@ -15,6 +15,7 @@ if(CCACHE)
 endif()
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
+                    -Wno-missing-field-initializers # aggregates have defaults: naming some members is the point
                     -Werror)
 
 option(QUORVANE_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)

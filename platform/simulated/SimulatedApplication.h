@@ -1,0 +1,75 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/Alerts.h"
+#include "platform/Application.h"
+#include "platform/GlobalEventMonitor.h"
+#include "platform/Processes.h"
+#include "platform/Signal.h"
+#include "platform/StatusBar.h"
+
+namespace quorvane {
+
+class SimulatedApplication : public Application {
+public:
+    std::string localizedString(std::string_view key) const override { return std::string(key); }
+    void activateIgnoringOtherApps() override { ++activations; }
+    void terminate() override { isTerminated = true; }
+
+    int activations = 0;
+    bool isTerminated = false;
+};
+
+/// Answers every alert the same way, and keeps what was asked.
+class SimulatedAlerts : public Alerts {
+public:
+    AlertAnswer runModal(const Alert& alert) override {
+        shown.push_back(alert);
+        return answer;
+    }
+
+    AlertAnswer answer{.response = alertFirstButtonReturn + 1};
+    std::vector<Alert> shown;
+};
+
+class SimulatedProcesses : public Processes {
+public:
+    void system(const std::string& command) override { commands.push_back(command); }
+    void launch(const std::string& path, const std::vector<std::string>& arguments) override;
+    void exit(int status) override { exitStatuses.push_back(status); }
+
+    std::vector<std::string> commands; ///< Shell commands and launched programs, as a shell would show them.
+    std::vector<int> exitStatuses;
+};
+
+/// What a status item was told; outlives the item.
+struct SimulatedStatusItemState {
+    ImageRef image;
+    Menu menu;
+    bool highlights = false;
+    bool isVisible = false;
+};
+
+class SimulatedStatusBar : public StatusBar {
+public:
+    std::unique_ptr<StatusItem> statusItemWithLength(double length) override;
+
+    std::vector<std::shared_ptr<SimulatedStatusItemState>> items;
+};
+
+class SimulatedGlobalEventMonitor : public GlobalEventMonitor {
+public:
+    Subscription addGlobalMonitor(EventMask mask, std::function<void(const Event&)> handler) override;
+
+    /// An event on its way to another program.
+    void send(const Event& event) { sent_.emit(event); }
+
+private:
+    Signal<const Event&> sent_;
+};
+
+} // namespace quorvane

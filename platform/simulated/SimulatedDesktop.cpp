@@ -1,0 +1,26 @@
+#include "platform/simulated/SimulatedDesktop.h"
+
+namespace quorvane {
+
+SimulatedDesktop::SimulatedDesktop()
+    : desktop{.facts = {.relaunchArguments = {"-n", "/Applications/Quorvane.app"}},
+              .alerts = alerts,
+              .application = application,
+              .applicationBundles = applicationBundles,
+              .distributedNotifications = distributedNotifications,
+              .globalEvents = globalEvents,
+              .images = images,
+              .interfaceFiles = interfaceFiles,
+              .notifications = notifications,
+              .windowList = windowList,
+              .processes = processes,
+              .runLoop = runLoop,
+              .screens = screens,
+              .statusBar = statusBar,
+              .inputSources = inputSources,
+              .defaults = defaults,
+              .workspace = workspace} {
+    images.byName["menuBarIcon"] = SimulatedImage::ofColor({18, 18}, 0, 0, 0);
+}
+
+} // namespace quorvane

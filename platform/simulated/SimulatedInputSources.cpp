@@ -1,0 +1,54 @@
+#include "platform/simulated/SimulatedInputSources.h"
+
+#include <algorithm>
+
+namespace quorvane {
+
+std::vector<InputSource>
+SimulatedInputSources::createInputSourceList(std::optional<std::string_view> id) const {
+    std::vector<InputSource> list;
+    std::ranges::copy_if(sources_, std::back_inserter(list),
+                         [&](const InputSource& source) { return !id || source.id == *id; });
+    return list;
+}
+
+std::optional<InputSource> SimulatedInputSources::copyCurrentKeyboardInputSource() const {
+    const auto current = createInputSourceList(currentID_);
+    if (current.empty()) return std::nullopt;
+    return current.front();
+}
+
+std::optional<InputSource> SimulatedInputSources::copyCurrentKeyboardLayoutInputSource() const {
+    return copyCurrentKeyboardInputSource();
+}
+
+bool SimulatedInputSources::selectInputSource(const InputSource& source) {
+    selections_.push_back(source.id);
+    if (refusesSelections || !source.isSelectCapable || createInputSourceList(source.id).empty())
+        return false;
+    selectFromOutside(source.id);
+    return true;
+}
+
+ImageRef SimulatedInputSources::iconOfReference(const InputSource& source) const {
+    const auto icon = icons.find(source.id);
+    return icon == icons.end() ? nullptr : icon->second;
+}
+
+void SimulatedInputSources::enable(InputSource source) {
+    sources_.push_back(std::move(source));
+    if (currentID_.empty()) currentID_ = sources_.back().id;
+}
+
+void SimulatedInputSources::disable(std::string_view id) {
+    std::erase_if(sources_, [&](const InputSource& source) { return source.id == id; });
+    if (currentID_ == id) selectFromOutside(sources_.empty() ? std::string_view() : sources_.front().id);
+}
+
+void SimulatedInputSources::selectFromOutside(std::string_view id) {
+    if (currentID_ == id) return;
+    currentID_ = id;
+    notifications_.postFromOutside({std::string(selectedKeyboardInputSourceChangedNotification), {}});
+}
+
+} // namespace quorvane

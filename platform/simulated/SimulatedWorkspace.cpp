@@ -1,0 +1,58 @@
+#include "platform/simulated/SimulatedWorkspace.h"
+
+#include <algorithm>
+
+namespace quorvane {
+
+std::vector<RunningApplication>
+SimulatedWorkspace::runningApplicationsWithBundleIdentifier(std::string_view bundleIdentifier) const {
+    std::vector<RunningApplication> found;
+    std::ranges::copy_if(running_, std::back_inserter(found), [&](const RunningApplication& application) {
+        return application.bundleIdentifier == bundleIdentifier;
+    });
+    return found;
+}
+
+Subscription SimulatedWorkspace::addObserver(WorkspaceNotification notification,
+                                             std::function<void(const RunningApplication&)> handler) {
+    return posted_.connect([notification, handler = std::move(handler)](
+                               WorkspaceNotification posted, const RunningApplication& application) {
+        if (posted == notification) handler(application);
+    });
+}
+
+void SimulatedWorkspace::launch(RunningApplication application) {
+    running_.push_back(application);
+    posted_.emit(WorkspaceNotification::didLaunchApplication, application);
+}
+
+void SimulatedWorkspace::launch(std::string bundleIdentifier, ActivationPolicy policy) {
+    const auto name = bundleIdentifier;
+    launch({std::move(bundleIdentifier), name, policy, static_cast<int>(running_.size()) + 100});
+}
+
+void SimulatedWorkspace::quit(std::string_view bundleIdentifier) {
+    std::erase_if(running_, [&](const RunningApplication& application) {
+        return application.bundleIdentifier == bundleIdentifier;
+    });
+    if (frontmost_ && frontmost_->bundleIdentifier == bundleIdentifier) frontmost_.reset();
+}
+
+void SimulatedWorkspace::activate(std::string bundleIdentifier) {
+    if (runningApplicationsWithBundleIdentifier(bundleIdentifier).empty()) launch(bundleIdentifier);
+    activate(runningApplicationsWithBundleIdentifier(bundleIdentifier).front());
+}
+
+void SimulatedWorkspace::activate(const RunningApplication& application) {
+    frontmost_ = application;
+    posted_.emit(WorkspaceNotification::didActivateApplication, application);
+}
+
+void SimulatedWorkspace::unhide(std::string_view bundleIdentifier) {
+    for (const auto& application : runningApplicationsWithBundleIdentifier(bundleIdentifier)) {
+        frontmost_ = application;
+        posted_.emit(WorkspaceNotification::didUnhideApplication, application);
+    }
+}
+
+} // namespace quorvane

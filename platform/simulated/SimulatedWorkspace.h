@@ -1,0 +1,77 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/ApplicationBundles.h"
+#include "platform/OnScreenWindowList.h"
+#include "platform/Screens.h"
+#include "platform/Signal.h"
+#include "platform/Workspace.h"
+
+namespace quorvane {
+
+/// Applications that launch, come to the front, hide and quit as they are told.
+class SimulatedWorkspace : public Workspace {
+public:
+    std::vector<RunningApplication> runningApplications() const override { return running_; }
+    std::vector<RunningApplication>
+    runningApplicationsWithBundleIdentifier(std::string_view bundleIdentifier) const override;
+    std::optional<RunningApplication> frontmostApplication() const override { return frontmost_; }
+    Subscription addObserver(WorkspaceNotification notification,
+                             std::function<void(const RunningApplication&)> handler) override;
+
+    void launch(RunningApplication application);
+    void launch(std::string bundleIdentifier, ActivationPolicy policy = ActivationPolicy::regular);
+    void quit(std::string_view bundleIdentifier);
+
+    /// Brings an application to the front; launches it if it does not run.
+    void activate(std::string bundleIdentifier);
+    void activate(const RunningApplication& application);
+    void unhide(std::string_view bundleIdentifier);
+
+private:
+    std::vector<RunningApplication> running_;
+    std::optional<RunningApplication> frontmost_;
+    Signal<WorkspaceNotification, const RunningApplication&> posted_;
+};
+
+/// Applications installed by hand: a path for each bundle identifier, a name and an icon for each path.
+class SimulatedApplicationBundles : public ApplicationBundles {
+public:
+    std::optional<std::string> absolutePathForAppBundle(std::string_view bundleIdentifier) const override {
+        const auto found = paths.find(bundleIdentifier);
+        return found == paths.end() ? std::nullopt : std::optional(found->second);
+    }
+    std::string displayNameAtPath(std::string_view path) const override {
+        const auto found = names.find(path);
+        return found == names.end() ? std::string(path.substr(path.rfind('/') + 1)) : found->second;
+    }
+    ImageRef iconForFile(std::string_view path) const override {
+        const auto found = icons.find(path);
+        return found == icons.end() ? nullptr : found->second;
+    }
+
+    std::map<std::string, std::string, std::less<>> paths;
+    std::map<std::string, std::string, std::less<>> names;
+    std::map<std::string, ImageRef, std::less<>> icons;
+};
+
+class SimulatedWindowList : public OnScreenWindowList {
+public:
+    std::vector<WindowDescription> windows() const override { return frontToBack; }
+
+    std::vector<WindowDescription> frontToBack;
+};
+
+class SimulatedScreens : public Screens {
+public:
+    std::optional<Screen> mainScreen() const override { return main; }
+    std::optional<Screen> deepestScreen() const override { return deepest; }
+
+    std::optional<Screen> main = Screen{1, {0, 0, 1440, 900}, 24};
+    std::optional<Screen> deepest = main;
+};
+
+} // namespace quorvane
