@@ -50,8 +50,8 @@ public:
 
     Subscription addObserver(std::string_view key, std::function<void(std::string_view)> handler) override {
         return stores_.written_.connect([this, observed = std::string(key), handler = std::move(handler)](
-                                            std::string_view domain, std::string_view key) {
-            if (key == observed && sees(domain, key)) handler(key);
+                                            std::string_view domain, std::string_view written) {
+            if (written == observed && sees(domain, written)) handler(written);
         });
     }
 
