@@ -1,0 +1,26 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Subscription.h"
+
+namespace quorvane {
+
+/// The applications that run without any window, as far as somebody knows: on a session bus, those that own
+/// their id as a name. All three are asked often and must not block.
+class BackgroundApplications {
+public:
+    virtual ~BackgroundApplications() = default;
+
+    virtual bool isRunning(std::string_view id) const = 0;
+
+    virtual std::vector<std::string> ids() const = 0;
+
+    /// Calls the handler with the id of each one that starts from now on.
+    virtual Subscription onStart(std::function<void(std::string_view id)> handler) = 0;
+};
+
+} // namespace quorvane

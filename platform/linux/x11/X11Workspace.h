@@ -1,0 +1,67 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Signal.h"
+#include "platform/Workspace.h"
+#include "platform/linux/x11/ApplicationIdentities.h"
+#include "platform/linux/x11/BackgroundApplications.h"
+#include "platform/linux/x11/WindowedApplications.h"
+#include "platform/linux/x11/XConnection.h"
+
+namespace quorvane {
+
+/// The applications on an X11 desktop, as its window manager tells of them (EWMH). Windows of this process
+/// belong to no application: while one of them is active, the application that was in front stays there.
+///
+/// Without a window manager nothing happens until one appears.
+class X11Workspace : public Workspace {
+public:
+    /// `background` may be null.
+    X11Workspace(XConnection& x, ApplicationIdentities& identities, BackgroundApplications* background);
+
+    std::vector<RunningApplication> runningApplications() const override;
+    std::vector<RunningApplication>
+    runningApplicationsWithBundleIdentifier(std::string_view bundleIdentifier) const override;
+    std::optional<RunningApplication> frontmostApplication() const override;
+    Subscription addObserver(WorkspaceNotification notification,
+                             std::function<void(const RunningApplication&)> handler) override;
+
+    /// The last window of another process that became active; none (0) when that one is destroyed.
+    xcb_window_t activeWindow() const { return activeWindow_; }
+
+private:
+    using Posted = Signal<const RunningApplication&>;
+
+    void readStart();
+    void handle(const xcb_generic_event_t& event);
+    void handleProperty(const xcb_property_notify_event_t& change);
+    void readActiveWindow();
+    void readState(xcb_window_t window);
+    void identifyAgain(xcb_window_t window);
+    void forget(xcb_window_t window);
+    void activate(xcb_window_t window);
+    void adopt(std::span<const xcb_window_t> windows);
+    bool isHidden(const std::vector<std::uint32_t>& states) const;
+    RunningApplication backgroundApplication(std::string_view id) const;
+    void backgroundApplicationStarted(std::string_view id);
+
+    XConnection& x_;
+    ApplicationIdentities& identities_;
+    BackgroundApplications* background_;
+    WindowedApplications applications_;
+    xcb_window_t activeWindow_ = XCB_WINDOW_NONE;
+    std::optional<RunningApplication> front_;
+    std::string shownAgain_; ///< The application that was shown again while another one was in front.
+    Posted activated_;
+    Posted unhidden_;
+    Posted launched_;
+    Subscription events_;
+    Subscription backgroundStarts_;
+};
+
+} // namespace quorvane
