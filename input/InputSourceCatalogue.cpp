@@ -11,8 +11,9 @@ InputSourceCatalogue InputSourceCatalogue::build(const TextInputSources& inputSo
     catalogue.arrOfInputName.emplace_back("-");
     for (const auto& source : inputSources.createInputSourceList()) {
         if (source.category != InputSourceCategory::keyboard || !source.isSelectCapable) continue;
-        catalogue.arrOfInputInfo.push_back({source.id, source.localizedName});
-        catalogue.arrOfInputName.push_back(source.localizedName);
+        const auto inputName = inputSources.localizedName(source);
+        catalogue.arrOfInputInfo.push_back({source.id, inputName});
+        catalogue.arrOfInputName.push_back(inputName);
         if (auto icon = loadIcon(source, inputSources, images))
             catalogue.arrOfInputIcon.push_back(std::move(icon));
     }

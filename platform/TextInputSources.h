@@ -19,7 +19,6 @@ enum class InputSourceCategory { keyboard, other };
 /// One keyboard layout or input method, as the desktop describes it.
 struct InputSource {
     std::string id; ///< Stable: rules are stored by it.
-    std::string localizedName;
     InputSourceCategory category = InputSourceCategory::keyboard;
     bool isSelectCapable = true;
     bool hasIconReference = false; ///< The desktop itself draws the icon.
@@ -45,6 +44,9 @@ public:
 
     /// False when the desktop refused at once.
     virtual bool selectInputSource(const InputSource& source) = 0;
+
+    /// The name the user knows the source by, in the user's language. Asked for only where it is shown.
+    virtual std::string localizedName(const InputSource& source) const = 0;
 
     /// The picture behind a source's icon reference; null when it cannot be made.
     virtual ImageRef iconOfReference(const InputSource& source) const = 0;

@@ -30,6 +30,11 @@ bool SimulatedInputSources::selectInputSource(const InputSource& source) {
     return true;
 }
 
+std::string SimulatedInputSources::localizedName(const InputSource& source) const {
+    const auto name = names.find(source.id);
+    return name == names.end() ? source.id : name->second;
+}
+
 ImageRef SimulatedInputSources::iconOfReference(const InputSource& source) const {
     const auto icon = icons.find(source.id);
     return icon == icons.end() ? nullptr : icon->second;

@@ -19,11 +19,12 @@ public:
     std::optional<InputSource> copyCurrentKeyboardInputSource() const override;
     std::optional<InputSource> copyCurrentKeyboardLayoutInputSource() const override;
     bool selectInputSource(const InputSource& source) override;
+    std::string localizedName(const InputSource& source) const override;
     ImageRef iconOfReference(const InputSource& source) const override;
 
     /// The user enables another source; the first one becomes the current one.
     void enable(InputSource source);
-    void enable(std::string id) { enable(InputSource{.id = id, .localizedName = id}); }
+    void enable(std::string id) { enable(InputSource{.id = std::move(id)}); }
     void disable(std::string_view id);
 
     /// The user, or another program, selects a source; "" leaves none selected.
@@ -34,7 +35,8 @@ public:
     /// The ids this program selected, oldest first, refused ones included.
     const std::vector<std::string>& selections() const { return selections_; }
 
-    std::map<std::string, ImageRef> icons; ///< By source id, for sources with an icon reference.
+    std::map<std::string, std::string> names; ///< By source id; the id itself where none is given.
+    std::map<std::string, ImageRef> icons;    ///< By source id, for sources with an icon reference.
     bool refusesSelections = false;
 
 private:

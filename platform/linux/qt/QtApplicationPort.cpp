@@ -1,0 +1,25 @@
+#include "platform/linux/qt/QtApplicationPort.h"
+
+#include <QApplication>
+#include <QWidget>
+
+namespace quorvane {
+
+std::string QtApplicationPort::localizedString(std::string_view key) const {
+    return QCoreApplication::translate("Quorvane", std::string(key).c_str()).toStdString();
+}
+
+void QtApplicationPort::activateIgnoringOtherApps() {
+    for (auto* window : QApplication::topLevelWidgets()) {
+        if (!window->isVisible() || window->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus)) continue;
+        window->raise();
+        window->activateWindow();
+    }
+}
+
+void QtApplicationPort::terminate() {
+    isTerminated_ = true;
+    QCoreApplication::quit();
+}
+
+} // namespace quorvane

@@ -1,0 +1,40 @@
+#include "platform/linux/qt/QtInterfaceFiles.h"
+
+#include "platform/linux/qt/QtIndicatorWindow.h"
+
+namespace quorvane {
+namespace {
+
+/// The window that is ordered in and out so that a selection reaches the front program. A layout of the X
+/// server reaches every program at once, and a real window would take the focus for a moment: so there is
+/// none.
+class NoWindow : public Window {
+public:
+    std::string title() const override { return {}; }
+    void setStyle(const WindowStyle& /*style*/) override {}
+    void setFrameOrigin(Point /*origin*/) override {}
+    void makeKeyAndOrderFront() override {}
+    void orderOut() override {}
+};
+
+} // namespace
+
+struct QtInterfaceFiles::Windows {
+    NoWindow window;
+    QtIndicatorWindow inputIconWindow;
+};
+
+QtInterfaceFiles::QtInterfaceFiles() : windows_(std::make_unique<Windows>()) {}
+
+QtInterfaceFiles::~QtInterfaceFiles() = default;
+
+MainInterface QtInterfaceFiles::mainInterface() {
+    return {windows_->window, windows_->inputIconWindow, windows_->inputIconWindow.iconView(),
+            windows_->inputIconWindow.iconBox()};
+}
+
+std::unique_ptr<Window> QtInterfaceFiles::loadWindow(std::string_view /*nibName*/) { return nullptr; }
+
+bool QtInterfaceFiles::hasWindow(std::string_view /*nibName*/) const { return false; }
+
+} // namespace quorvane

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/Signal.h"
+#include "platform/linux/x11/XConnection.h"
+#include "platform/linux/x11/XkbLayouts.h"
+
+namespace quorvane {
+
+/// The X server's core keyboard: its groups (up to four layouts at a time) and which of them is locked.
+class XkbKeyboard {
+public:
+    /// Says so in one line when the server has no XKB; the keyboard then has no groups.
+    explicit XkbKeyboard(XConnection& x);
+
+    /// What the server and the root window tell about the keyboard map now: one round trip.
+    XkbMapDescription readMap() const;
+
+    /// The group that typing would use now, as the server tells it. After a shorter list of layouts was set it
+    /// can lie beyond the last group, until the next key brings it back.
+    unsigned effectiveGroup() const;
+
+    /// Makes a group the one that typing uses.
+    void lockGroup(unsigned group);
+
+    Signal<unsigned> groupChanged; ///< The effective group, whoever changed it, this program included.
+    Signal<> mapChanged;           ///< Comes several times for one change.
+
+private:
+    void handleEvent(const xcb_generic_event_t& event);
+
+    XConnection& x_;
+    std::uint8_t firstEvent_ = 0; // 0: no XKB
+    Subscription events_;
+};
+
+} // namespace quorvane
