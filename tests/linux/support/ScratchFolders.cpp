@@ -1,0 +1,33 @@
+#include "linux/support/ScratchFolders.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace quorvane {
+
+ScratchFolders::ScratchFolders() {
+    const auto set = [this](const char* variable, const char* name) {
+        QDir().mkpath(folder_.filePath(name));
+        qputenv(variable, folder_.filePath(name).toUtf8());
+    };
+    set("HOME", ".");
+    set("XDG_CONFIG_HOME", "config");
+    set("XDG_CACHE_HOME", "cache");
+    set("XDG_DATA_HOME", "data");
+    set("XDG_DATA_DIRS", "system-data");
+    set("XDG_RUNTIME_DIR", "run");
+    QFile::setPermissions(folder_.filePath("run"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+}
+
+QString ScratchFolders::write(const QString& relativePath, const QByteArray& contents) const {
+    const auto path = folder_.filePath(relativePath);
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    file.open(QFile::WriteOnly);
+    file.write(contents);
+    return path;
+}
+
+} // namespace quorvane

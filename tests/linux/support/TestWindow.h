@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QProcess>
+#include <xcb/xproto.h>
+
+namespace quorvane {
+
+/// A program of its own process with one window, shown when the constructor returns. The arguments are those
+/// of TestWindowMain.cpp; `program` is a copy of that program with another name. Ends with this object.
+class TestWindow {
+public:
+    explicit TestWindow(const QStringList& arguments, const QString& program = QUORVANE_TEST_WINDOW);
+    ~TestWindow() { end(); }
+
+    xcb_window_t window() const { return window_; }
+    int pid() const { return static_cast<int>(process_.processId()); }
+    void end();
+
+private:
+    QProcess process_;
+    xcb_window_t window_ = XCB_WINDOW_NONE;
+};
+
+} // namespace quorvane

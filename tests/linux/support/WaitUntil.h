@@ -1,0 +1,11 @@
+#pragma once
+
+#include <functional>
+
+namespace quorvane {
+
+/// Runs Qt's event loop until the condition holds; false when it does not within ten seconds. The condition
+/// is looked at after every event, and often enough for what happens outside this process.
+bool waitUntil(const std::function<bool()>& condition);
+
+} // namespace quorvane

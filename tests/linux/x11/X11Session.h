@@ -1,0 +1,39 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "linux/support/ScratchFolders.h"
+#include "linux/support/TestWindow.h"
+#include "linux/support/WaitUntil.h"
+#include "linux/support/XClient.h"
+#include "linux/support/XServer.h"
+#include "platform/linux/x11/ApplicationIdentities.h"
+#include "platform/linux/x11/X11Workspace.h"
+#include "platform/linux/x11/XConnection.h"
+
+namespace quorvane {
+
+/// A user's session for one test: a server of its own, a window manager and what the program makes of it.
+struct X11Session {
+    ScratchFolders folders;
+    XServer server;
+    std::optional<WindowManager> manager{"openbox"};
+    XClient user;
+    std::unique_ptr<XConnection> x = XConnection::open();
+    DesktopEntries entries = DesktopEntries::ofEnvironment();
+    ApplicationIdentities identities{*x, entries};
+    X11Workspace workspace{*x, identities, nullptr};
+
+    /// The id of the application in front; empty when there is none.
+    std::string front() const {
+        const auto application = workspace.frontmostApplication();
+        return application ? *application->bundleIdentifier : std::string();
+    }
+    bool waitForFront(const std::string& id) const {
+        return waitUntil([&] { return front() == id; });
+    }
+};
+
+} // namespace quorvane
