@@ -24,7 +24,6 @@ public:
 
     /// The user enables another source; the first one becomes the current one.
     void enable(InputSource source);
-    void enable(std::string id) { enable(InputSource{.id = std::move(id)}); }
     void disable(std::string_view id);
 
     /// The user, or another program, selects a source; "" leaves none selected.

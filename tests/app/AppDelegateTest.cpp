@@ -1,0 +1,202 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "app/AppDelegate.h"
+#include "platform/simulated/SimulatedDesktop.h"
+#include "settings/Keys.h"
+#include "settings/SharedDefaults.h"
+
+namespace quorvane {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Dictionary = PropertyList::Dictionary;
+
+class Program : public testing::Test {
+protected:
+    Program() {
+        desktop_.inputSources.enable({.id = "us", .hasIconReference = true});
+        desktop_.inputSources.enable({.id = "ru", .hasIconReference = true});
+        for (const auto* id : {"us", "ru"})
+            desktop_.inputSources.icons[id] = SimulatedImage::ofColor({32, 32}, 0, 0, 0);
+        standard_.setBool(true, key::notNeedRemindForAutoStartAtLogin);
+    }
+
+    void launch() {
+        program_.emplace(desktop_.desktop);
+        program_->applicationDidFinishLaunching();
+    }
+
+    SimulatedDesktop desktop_;
+    StandardUserDefaults& standard_ = desktop_.defaults.standardUserDefaults();
+    std::optional<AppDelegate> program_;
+};
+
+TEST_F(Program, OnlyOkOnTheReminderCounts) {
+    const struct {
+        bool ok;
+        bool ticked;
+        bool remindsAgain;
+    } cases[] = {{true, true, false}, {true, false, true}, {false, true, true}, {false, false, true}};
+    for (const auto& expected : cases) {
+        SimulatedDesktop desktop;
+        desktop.alerts.answer = {alertFirstButtonReturn + (expected.ok ? 0 : 1), expected.ticked};
+        for (int launch = 0; launch < 2; ++launch)
+            AppDelegate(desktop.desktop).applicationDidFinishLaunching();
+        EXPECT_EQ(desktop.alerts.shown.size(), expected.remindsAgain ? 2U : 1U);
+        EXPECT_EQ(desktop.defaults.synchronizations(""), expected.ok && expected.ticked ? 1 : 0);
+        EXPECT_THAT(desktop.processes.commands,
+                    testing::Each("open /System/Library/PreferencePanes/Accounts.prefPane"));
+        EXPECT_EQ(desktop.processes.commands.empty(), !expected.ok);
+        const auto& alert = desktop.alerts.shown.front();
+        EXPECT_EQ(alert.messageText, "Warm Reminder");
+        EXPECT_THAT(alert.buttons, ElementsAre("OK", "Cancel"));
+        EXPECT_EQ(alert.suppressionButtonTitle, "Don't remind me next time");
+        EXPECT_THAT(alert.informativeText,
+                    testing::HasSubstr("\"System Preferences>Users and Groups>Login Items\""));
+    }
+}
+
+TEST_F(Program, TheStatusItemIsMadeWhenFirstSeenAndThenOnlyHidden) {
+    standard_.setBool(true, key::hiddenIconInStatusBar);
+    launch();
+    EXPECT_THAT(desktop_.statusBar.items, IsEmpty());
+    standard_.setBool(false, key::hiddenIconInStatusBar);
+    ASSERT_EQ(desktop_.statusBar.items.size(), 1U);
+    const auto item = desktop_.statusBar.items.front();
+    EXPECT_TRUE(item->isVisible);
+    EXPECT_TRUE(item->highlights);
+    EXPECT_EQ(item->image, desktop_.images.byName["menuBarIcon"]);
+    standard_.setBool(true, key::hiddenIconInStatusBar);
+    EXPECT_FALSE(item->isVisible);
+    standard_.setBool(false, key::hiddenIconInStatusBar);
+    EXPECT_TRUE(item->isVisible);
+    EXPECT_EQ(desktop_.statusBar.items.size(), 1U);
+
+    ASSERT_EQ(item->menu.size(), 2U);
+    item->menu[1].action();
+    EXPECT_TRUE(desktop_.application.isTerminated);
+}
+
+TEST_F(Program, TheIndicatorStandsAtTheMainScreensCornerWhenItIsWanted) {
+    auto& interface = desktop_.interfaceFiles;
+    const struct {
+        bool enabled;
+        std::optional<Screen> screen;
+        Point origin;
+    } cases[] = {
+        {true, Screen{1, {1440, 100, 1920, 1080}, 24}, {3340, 1160}},
+        {true, std::nullopt, {-20, -20}},
+        {false, Screen{1, {0, 0, 1440, 900}, 24}, {7, 7}},
+    };
+    for (const auto& expected : cases) {
+        standard_.setBool(expected.enabled, key::enableTipOfState);
+        desktop_.screens.main = expected.screen;
+        interface.inputIconWindow.origin = {7, 7};
+        launch();
+        EXPECT_EQ(interface.inputIconWindow.origin, expected.origin);
+        EXPECT_EQ(interface.iconView.isHidden, !expected.enabled);
+        EXPECT_EQ(interface.iconBox.isHidden, !expected.enabled);
+        EXPECT_THAT(interface.inputIconWindow.orders, IsEmpty());
+        program_.reset();
+    }
+    const WindowStyle indicator{0, false, true, 1, 1000, true};
+    EXPECT_EQ(interface.inputIconWindow.style, indicator);
+}
+
+TEST_F(Program, TheIndicatorFollowsItsSettingAndTheInputSource) {
+    launch();
+    auto& view = desktop_.interfaceFiles.iconView;
+    EXPECT_TRUE(view.isHidden);
+    standard_.setBool(true, key::enableTipOfState);
+    EXPECT_FALSE(view.isHidden);
+    view.image = nullptr;
+    desktop_.inputSources.selectFromOutside("ru");
+    desktop_.runLoop.advance(0.1);
+    EXPECT_EQ(view.image, nullptr);
+    desktop_.runLoop.advance(0.1);
+    EXPECT_NE(view.image, nullptr);
+}
+
+TEST_F(Program, SettingsTheCompanionNeedsAreMirroredWhenTheyChange) {
+    const PropertyList rules = Dictionary{{"an.app", Dictionary{{"id", "ru"}}}};
+    standard_.setObject(rules, key::autoInput);
+    launch();
+    const auto shared = openSharedDefaults(desktop_.defaults);
+    EXPECT_TRUE(shared->objectForKey(key::autoInput).isNothing()) << "not at start-up";
+    standard_.setObject(rules, key::autoInput);
+    standard_.setObject(1, key::enableForceEnglishBrowserAddress);
+    EXPECT_EQ(shared->objectForKey(key::autoInput), rules);
+    EXPECT_EQ(shared->objectForKey(key::enableForceEnglishBrowserAddress), PropertyList(true));
+    standard_.removeObjectForKey(key::autoInput);
+    EXPECT_TRUE(shared->objectForKey(key::autoInput).isNothing());
+    EXPECT_EQ(desktop_.defaults.synchronizations(maker::sharedSuiteName), 3);
+}
+
+TEST_F(Program, AnActivationAndAnUnhideSwitchTheInputSource) {
+    launch();
+    standard_.setObject(Dictionary{{"an.app", Dictionary{{"id", "ru"}}}}, key::autoInput);
+    standard_.setObject("us", key::defaultInput);
+    desktop_.workspace.activate("an.app");
+    desktop_.runLoop.advance(0.3);
+    EXPECT_EQ(desktop_.inputSources.currentID(), "ru");
+    EXPECT_THAT(desktop_.interfaceFiles.window.orders, ElementsAre("front", "out"));
+    desktop_.workspace.launch("other.app");
+    desktop_.workspace.unhide("other.app");
+    desktop_.runLoop.advance(0.1);
+    EXPECT_EQ(desktop_.inputSources.currentID(), "us");
+}
+
+TEST_F(Program, ThePreferencesOpenAMomentAfterTheyWereAskedFor) {
+    launch();
+    EXPECT_TRUE(program_->applicationShouldHandleReopen(false));
+    EXPECT_THAT(desktop_.interfaceFiles.loadedWindows, IsEmpty());
+    desktop_.runLoop.advance(0.01);
+    program_->openPreferences();
+    desktop_.runLoop.advance(0.01);
+    ASSERT_EQ(desktop_.interfaceFiles.loadedWindows.size(), 1U)
+        << "one controller for the life of the process";
+    EXPECT_THAT(desktop_.interfaceFiles.loadedWindows.front()->orders, ElementsAre("front", "front"));
+    EXPECT_EQ(desktop_.application.activations, 2);
+}
+
+TEST_F(Program, ClosingThePreferencesRelaunchesOnlyWhileTheStatusItemIsHidden) {
+    const struct {
+        bool hidden;
+        const char* title;
+        bool relaunches;
+    } cases[] = {{true, "Quorvane", true}, {false, "Quorvane", false}, {true, "Einstellungen", false}};
+    for (const auto& expected : cases) {
+        SimulatedDesktop desktop;
+        desktop.interfaceFiles.preferencesTitle = expected.title;
+        desktop.defaults.standardUserDefaults().setBool(true, key::notNeedRemindForAutoStartAtLogin);
+        AppDelegate program(desktop.desktop);
+        program.applicationDidFinishLaunching();
+        desktop.defaults.standardUserDefaults().setBool(expected.hidden, key::hiddenIconInStatusBar);
+        program.openPreferences();
+        desktop.runLoop.advance(0.01);
+        desktop.interfaceFiles.loadedWindows.front()->close();
+        if (expected.relaunches) {
+            EXPECT_THAT(desktop.processes.commands,
+                        ElementsAre("/usr/bin/open -n /Applications/Quorvane.app"));
+            EXPECT_THAT(desktop.processes.exitStatuses, ElementsAre(0));
+        } else {
+            EXPECT_THAT(desktop.processes.commands, IsEmpty());
+            EXPECT_THAT(desktop.processes.exitStatuses, IsEmpty());
+        }
+    }
+}
+
+TEST_F(Program, TheDelegateIsReachableAsLongAsItLives) {
+    EXPECT_EQ(AppDelegate::appDelegate(), nullptr);
+    launch();
+    EXPECT_EQ(AppDelegate::appDelegate(), &*program_);
+    program_.reset();
+    EXPECT_EQ(AppDelegate::appDelegate(), nullptr);
+}
+
+} // namespace
+} // namespace quorvane

@@ -1,0 +1,190 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "input/CompanionLink.h"
+#include "platform/simulated/SimulatedDesktop.h"
+#include "settings/Keys.h"
+#include "settings/SharedDefaults.h"
+#include "switching/AppChangeHandler.h"
+
+namespace quorvane {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Dictionary = PropertyList::Dictionary;
+
+PropertyList rule(const char* id) {
+    return Dictionary{{"id", id}};
+}
+
+TEST(WantedInputSource, IsThatOfTheRuleElseTheDefaultOne) {
+    const PropertyList rules = Dictionary{{"ru.app", rule("ru")},
+                                          {"no.id", Dictionary{{"English Symbol", "1"}}},
+                                          {"id.is.number", Dictionary{{"id", 7}}},
+                                          {"rule.is.string", "ru"},
+                                          {"", rule("never")}};
+    const struct {
+        PropertyList autoInput;
+        std::optional<std::string> bundleIdentifier;
+        std::optional<std::string> defaultInput;
+        std::optional<std::string> wanted;
+    } cases[] = {
+        {rules, "ru.app", "us", "ru"},
+        {rules, "ru.app", std::nullopt, "ru"},
+        {rules, "unknown.app", "us", "us"},
+        {rules, "unknown.app", std::nullopt, std::nullopt},
+        {rules, "no.id", "us", "us"},
+        {rules, "id.is.number", "us", "us"},
+        {rules, "rule.is.string", "us", "us"},
+        {rules, std::nullopt, "us", "us"},
+        {"no dictionary", "ru.app", "us", "us"},
+        {{}, "ru.app", std::nullopt, std::nullopt},
+    };
+    for (const auto& expected : cases) {
+        EXPECT_EQ(wantedInputSource(expected.autoInput, expected.bundleIdentifier, expected.defaultInput),
+                  expected.wanted)
+            << expected.bundleIdentifier.value_or("none");
+    }
+}
+
+class Switching : public testing::Test {
+protected:
+    Switching() {
+        for (const auto* id : {"us", "ru", "de"})
+            desktop_.inputSources.enable({.id = id});
+        openSharedDefaults(desktop_.defaults)
+            ->setObject(Dictionary{{"ru.app", rule("ru")},
+                                   {"de.app", rule("de")},
+                                   {"com.apple.Spotlight", rule("de")},
+                                   {"com.runningwithcrayons.Alfred-5", rule("ru")}},
+                        key::autoInput);
+        start(0.1, 0.2);
+    }
+
+    /// Starts to watch the desktop, whose waits are these.
+    void start(double switchDelay, double screenChangeDelay) {
+        decision_.emplace(desktop_.defaults, inputSwitch_, companion_, desktop_.runLoop, switchDelay,
+                          [this] { ++resets_; });
+        handler_.emplace(desktop_.screens, desktop_.runLoop, *decision_, screenChangeDelay);
+        activations_ = desktop_.workspace.addObserver(
+            WorkspaceNotification::didActivateApplication,
+            [this](const RunningApplication& application) { handler_->appChanged(application); });
+    }
+
+    /// Past the wait that the first activation always makes.
+    void settleOnScreen() {
+        desktop_.workspace.activate("first.app");
+        desktop_.runLoop.advance(1);
+    }
+
+    const std::vector<std::string>& selections() { return desktop_.inputSources.selections(); }
+
+    SimulatedDesktop desktop_;
+    int resets_ = 0;
+    CompanionLink companion_{desktop_.workspace, desktop_.defaults, desktop_.distributedNotifications};
+    InputSwitch inputSwitch_{desktop_.inputSources, desktop_.defaults, desktop_.workspace, companion_, [] {}};
+    std::optional<InputDecision> decision_;
+    std::optional<AppChangeHandler> handler_;
+    Subscription activations_;
+};
+
+TEST_F(Switching, AnApplicationIsSwitchedATenthOfASecondAfterItCameToTheFront) {
+    settleOnScreen();
+    desktop_.workspace.activate("ru.app");
+    desktop_.runLoop.advance(0.099);
+    EXPECT_THAT(selections(), IsEmpty());
+    desktop_.runLoop.advance(0.001);
+    EXPECT_THAT(selections(), ElementsAre("ru"));
+    EXPECT_EQ(resets_, 1);
+    EXPECT_EQ(openSharedDefaults(desktop_.defaults)->integerForKey(key::switchTimes), 1);
+}
+
+TEST_F(Switching, OnAnotherScreenTheDecisionWaitsForTheLastApplication) {
+    settleOnScreen();
+    desktop_.screens.main->number = 2;
+    desktop_.workspace.activate("ru.app");
+    desktop_.runLoop.advance(0.19);
+    desktop_.workspace.activate("de.app"); // same screen: decided at once, and again when the wait is over
+    desktop_.runLoop.advance(0.01);
+    EXPECT_THAT(selections(), IsEmpty());
+    desktop_.runLoop.advance(1);
+    EXPECT_THAT(selections(), ElementsAre("de", "de"));
+}
+
+TEST_F(Switching, TheSameApplicationIsDecidedOnce) {
+    settleOnScreen();
+    desktop_.workspace.activate("ru.app");
+    desktop_.runLoop.advance(1);
+    desktop_.inputSources.selectFromOutside("us"); // the user's own choice
+    desktop_.workspace.activate("ru.app");
+    desktop_.runLoop.advance(1);
+    EXPECT_EQ(desktop_.inputSources.currentID(), "us");
+}
+
+TEST_F(Switching, AnApplicationWithoutIdentifierIsDecidedEachTime) {
+    settleOnScreen();
+    desktop_.defaults.standardUserDefaults().setObject("de", key::defaultInput);
+    for (int time = 0; time < 2; ++time) {
+        desktop_.workspace.activate(RunningApplication{.localizedName = "nameless"});
+        desktop_.runLoop.advance(1);
+        desktop_.inputSources.selectFromOutside("us");
+    }
+    EXPECT_THAT(selections(), ElementsAre("de", "de"));
+}
+
+TEST_F(Switching, NothingHappensWithoutATargetOrWhenItIsCurrent) {
+    settleOnScreen();
+    desktop_.workspace.activate("unknown.app");
+    desktop_.inputSources.selectFromOutside("ru");
+    desktop_.workspace.activate("ru.app");
+    desktop_.runLoop.advance(1);
+    EXPECT_THAT(selections(), IsEmpty());
+    EXPECT_EQ(openSharedDefaults(desktop_.defaults)->integerForKey(key::switchTimes), 0);
+}
+
+TEST_F(Switching, LaunchersAreSwitchedAtOnceAndWithoutReset) {
+    decision_->decide("com.apple.Spotlight");
+    decision_->decide("com.runningwithcrayons.Alfred-5");
+    EXPECT_THAT(selections(), ElementsAre("de", "ru"));
+    EXPECT_EQ(resets_, 0);
+}
+
+TEST_F(Switching, TheCompanionIsAskedAfreshEachTime) {
+    settleOnScreen();
+    const std::string companion(maker::companionBundleIdentifier);
+    desktop_.workspace.launch(companion);
+    desktop_.workspace.activate("ru.app");
+    desktop_.runLoop.advance(1);
+    EXPECT_THAT(selections(), IsEmpty());
+    ASSERT_EQ(desktop_.distributedNotifications.posted().size(), 1U);
+    EXPECT_EQ(openSharedDefaults(desktop_.defaults)->stringForKey(key::askTandrelSwitchInput), "ru");
+
+    desktop_.workspace.quit(companion);
+    desktop_.workspace.activate("de.app");
+    desktop_.runLoop.advance(1);
+    EXPECT_THAT(selections(), ElementsAre("de"));
+    EXPECT_EQ(desktop_.distributedNotifications.posted().size(), 1U);
+}
+
+TEST_F(Switching, ADesktopWithoutWaitsIsSwitchedBeforeAnythingElseHappens) {
+    start(0, 0);
+    desktop_.workspace.activate("ru.app");
+    EXPECT_THAT(selections(), ElementsAre("ru"));
+    desktop_.screens.main->number = 2;
+    desktop_.workspace.activate("de.app");
+    EXPECT_THAT(selections(), ElementsAre("ru", "de"));
+    EXPECT_EQ(desktop_.runLoop.pendingCount(), 2U) << "only the two change notifications are on their way";
+}
+
+TEST_F(Switching, ARefusedSelectionIsNotTriedAgain) {
+    settleOnScreen();
+    desktop_.inputSources.refusesSelections = true;
+    desktop_.workspace.activate("ru.app");
+    desktop_.runLoop.advance(10);
+    EXPECT_THAT(selections(), ElementsAre("ru"));
+    EXPECT_EQ(desktop_.inputSources.currentID(), "us");
+}
+
+} // namespace
+} // namespace quorvane
