@@ -23,6 +23,8 @@ class X11Workspace : public Workspace {
 public:
     /// `background` may be null.
     X11Workspace(XConnection& x, ApplicationIdentities& identities, BackgroundApplications* background);
+    X11Workspace(const X11Workspace&) = delete;
+    X11Workspace& operator=(const X11Workspace&) = delete;
 
     std::vector<RunningApplication> runningApplications() const override;
     std::vector<RunningApplication>

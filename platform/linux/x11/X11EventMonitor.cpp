@@ -1,0 +1,144 @@
+#include "platform/linux/x11/X11EventMonitor.h"
+
+#include <algorithm>
+#include <chrono>
+#include <vector>
+
+#include <xcb/xinput.h>
+
+#include "platform/linux/Log.h"
+#include "platform/linux/x11/XcbReply.h"
+#include "platform/linux/x11/XcbXkb.h"
+
+namespace quorvane {
+
+namespace {
+
+constexpr std::uint32_t keyEvents =
+    XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE;
+constexpr std::uint32_t buttonEvents = XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE;
+constexpr std::uint32_t leftButton = 1;
+
+/// The server's clock counts milliseconds since the computer was started, but in 32 bits, which last for 49
+/// days: the rest comes from the clock it is taken from.
+double secondsSinceStart(std::uint32_t serverTime) {
+    using namespace std::chrono;
+    const auto now = duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+    const auto difference = static_cast<std::int32_t>(serverTime - static_cast<std::uint32_t>(now));
+    return static_cast<double>(now + difference) / 1000;
+}
+
+/// The major code of XInput's requests; none without version 2.2, whose raw events come during grabs too.
+std::optional<std::uint8_t> inputOpcodeOf(xcb_connection_t* xcb) {
+    const auto* extension = xcb_get_extension_data(xcb, &xcb_input_id);
+    if (!extension || !extension->present) return std::nullopt;
+    const XcbReply<xcb_input_xi_query_version_reply_t> version(
+        xcb_input_xi_query_version_reply(xcb, xcb_input_xi_query_version(xcb, 2, 2), nullptr));
+    if (!version || version->major_version < 2) return std::nullopt;
+    if (version->major_version == 2 && version->minor_version < 2) return std::nullopt;
+    return extension->major_opcode;
+}
+
+} // namespace
+
+X11EventMonitor::X11EventMonitor(XConnection& x)
+    : x_(x)
+    , observers_{Observers{EventType::leftMouseUp, buttonEvents, 0, {}},
+                 Observers{EventType::flagsChanged, keyEvents, 0, {}}}
+    , events_(x.onEvent([this](const auto& event) { handle(event); })) {}
+
+Subscription X11EventMonitor::addGlobalMonitor(EventMask mask, std::function<void(const Event&)> handler) {
+    auto subscriptions = std::make_shared<std::vector<Subscription>>();
+    for (auto& observers : observers_) {
+        if (mask & eventMask(observers.type)) subscriptions->push_back(observe(observers, handler));
+    }
+    return Subscription([subscriptions] { subscriptions->clear(); });
+}
+
+Subscription X11EventMonitor::observe(Observers& observers, std::function<void(const Event&)> handler) {
+    auto connection = std::make_shared<Subscription>(observers.signal.connect(std::move(handler)));
+    if (observers.count++ == 0) {
+        selectEvents();
+        if (observers.type == EventType::flagsChanged) startWatchingKeys();
+    }
+    return Subscription([this, &observers, connection, alive = std::weak_ptr(alive_)] {
+        connection->end();
+        if (!alive.expired() && --observers.count == 0) selectEvents();
+    });
+}
+
+void X11EventMonitor::selectEvents() {
+    if (!inputOpcode_) inputOpcode_ = inputOpcodeOf(x_.xcb());
+    if (!inputOpcode_) {
+        logLine("the X server has no XInput 2.2: modifier keys and mouse clicks go unseen");
+        return;
+    }
+    struct {
+        xcb_input_event_mask_t header;
+        std::uint32_t mask;
+    } request{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, 0};
+    for (const auto& observers : observers_) {
+        if (observers.count > 0) request.mask |= observers.rawEvents;
+    }
+    xcb_input_xi_select_events(x_.xcb(), x_.root(), 1, &request.header);
+}
+
+void X11EventMonitor::startWatchingKeys() {
+    // Once anybody on this connection speaks XKB, the server tells of a new map by XKB's events only. They
+    // are rare and others may want them as well, so nobody ever deselects them.
+    constexpr std::uint16_t mapEvents =
+        XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY;
+    constexpr std::uint16_t allMapParts = 0xff;
+    xcb_discard_reply(x_.xcb(), xcb_xkb_use_extension(x_.xcb(), 1, 0).sequence);
+    xcb_xkb_select_events(x_.xcb(), XCB_XKB_ID_USE_CORE_KBD, mapEvents, 0, mapEvents, allMapParts,
+                          allMapParts, nullptr);
+    keys_.start(x_);
+    flags_ = keys_.flags(x_);
+}
+
+void X11EventMonitor::handle(const xcb_generic_event_t& event) {
+    const auto type = event.response_type & 0x7f;
+    if (type == XCB_GE_GENERIC) {
+        const auto& generic = reinterpret_cast<const xcb_ge_generic_event_t&>(event);
+        if (generic.extension == inputOpcode_) handleRaw(generic);
+        return;
+    }
+    const auto* xkb = xcb_get_extension_data(x_.xcb(), &xcb_xkb_id);
+    const bool isXkb = xkb && xkb->present && type == xkb->first_event;
+    const auto xkbType = reinterpret_cast<const xcb_xkb_map_notify_event_t&>(event).xkbType;
+    const bool isNewMap = isXkb && (xkbType == XCB_XKB_NEW_KEYBOARD_NOTIFY || xkbType == XCB_XKB_MAP_NOTIFY);
+    if (isNewMap || type == XCB_MAPPING_NOTIFY) keys_.mapChanged();
+}
+
+void X11EventMonitor::handleRaw(const xcb_ge_generic_event_t& event) {
+    // Raw events of keys and buttons have one layout.
+    const auto& raw = reinterpret_cast<const xcb_input_raw_key_press_event_t&>(event);
+    switch (event.event_type) {
+    case XCB_INPUT_RAW_KEY_PRESS:
+        handleKey(raw.detail, true, raw.time);
+        break;
+    case XCB_INPUT_RAW_KEY_RELEASE:
+        handleKey(raw.detail, false, raw.time);
+        break;
+    case XCB_INPUT_RAW_BUTTON_RELEASE:
+        if (raw.detail == leftButton) emit(EventType::leftMouseUp, raw.time);
+        break;
+    default:
+        break;
+    }
+}
+
+void X11EventMonitor::handleKey(std::uint32_t keycode, bool isDown, std::uint32_t time) {
+    if (!keys_.take(x_, keycode, isDown)) return;
+    const auto flags = keys_.flags(x_);
+    if (flags == flags_) return;
+    flags_ = flags;
+    emit(EventType::flagsChanged, time);
+}
+
+void X11EventMonitor::emit(EventType type, std::uint32_t time) {
+    const auto observers = std::ranges::find(observers_, type, &Observers::type);
+    observers->signal.emit({type, flags_, secondsSinceStart(time)});
+}
+
+} // namespace quorvane

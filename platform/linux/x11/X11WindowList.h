@@ -1,0 +1,35 @@
+#pragma once
+
+#include <vector>
+
+#include "platform/OnScreenWindowList.h"
+#include "platform/linux/x11/ApplicationIdentities.h"
+#include "platform/linux/x11/StackedWindow.h"
+#include "platform/linux/x11/XConnection.h"
+
+namespace quorvane {
+
+/// The windows as the server stacks them, menus and launchers that no window manager knows included;
+/// minimised windows and those of other desktops come last. Windows of this process are left out.
+///
+/// Bounds include the frame, but not the shadow that some programs draw around their windows themselves.
+/// Layers are the source platform's: 101 for windows outside the window manager's reach (menus), 25 for docks
+/// and panels, 3 for windows kept above others, 0 for normal ones, -1 for those kept below, -1000 for the
+/// desktop.
+///
+/// Reading costs six round trips at most, however many windows there are.
+class X11WindowList : public OnScreenWindowList {
+public:
+    X11WindowList(XConnection& x, ApplicationIdentities& identities);
+
+    std::vector<WindowDescription> windows() const override;
+
+private:
+    int layerOf(const StackedWindow& window, std::vector<std::uint32_t> states,
+                const std::vector<std::uint32_t>& types) const;
+
+    XConnection& x_;
+    ApplicationIdentities& identities_;
+};
+
+} // namespace quorvane
