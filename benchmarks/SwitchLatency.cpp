@@ -1,0 +1,132 @@
+// How long the layout takes to follow the focus, and what goes wrong meanwhile. Usage: [switches] [storms]
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+#include <QCoreApplication>
+
+#include "benchmarks/MeasuredDesktop.h"
+
+namespace {
+
+using namespace quorvane;
+using namespace std::chrono_literals;
+using What = MeasuredDesktop::Seen::What;
+
+double milliseconds(Clock::duration duration) {
+    return std::chrono::duration<double, std::milli>(duration).count();
+}
+
+void drain(MeasuredDesktop& desktop, std::chrono::microseconds pause) {
+    const auto end = Clock::now() + pause;
+    while (desktop.nextSeen(end)) {
+    }
+}
+
+/// Waits until nothing has happened for a while.
+void settle(MeasuredDesktop& desktop) {
+    while (desktop.nextSeen(Clock::now() + 250ms)) {
+    }
+}
+
+double percentile(const std::vector<double>& sorted, double share) {
+    return sorted[std::min(sorted.size() - 1, static_cast<std::size_t>(share * double(sorted.size())))];
+}
+
+void measureLatency(MeasuredDesktop& desktop, int switches) {
+    std::vector<double> latencies;
+    int missed = 0;
+    for (int i = 0; i < switches; ++i) {
+        drain(desktop, randomPause(20ms, 120ms));
+        const int application = i % 2;
+        desktop.activate(application);
+        std::optional<Clock::time_point> focused;
+        bool switched = false;
+        const auto deadline = Clock::now() + 2s;
+        while (!(focused && switched)) {
+            const auto seen = desktop.nextSeen(deadline);
+            if (!seen) break;
+            if (seen->what == What::focusIn && seen->application == application) focused = seen->time;
+            if (seen->what == What::layout && seen->group == application) {
+                switched = true;
+                // Before the program itself was told of its focus: no wait at all.
+                latencies.push_back(focused ? milliseconds(seen->time - *focused) : 0.0);
+            }
+        }
+        if (!switched) ++missed;
+    }
+    std::ranges::sort(latencies);
+    std::printf(
+        "FocusIn to layout, %d switches: p50 %.2f ms, p90 %.2f ms, p99 %.2f ms, longest %.2f ms, missed %d\n",
+        switches, percentile(latencies, 0.5), percentile(latencies, 0.9), percentile(latencies, 0.99),
+        latencies.back(), missed);
+}
+
+void measureKeys(MeasuredDesktop& desktop, std::chrono::milliseconds after, int keys) {
+    int wrong = 0;
+    int lost = 0;
+    for (int i = 0; i < keys; ++i) {
+        drain(desktop, randomPause(20ms, 120ms));
+        const int application = i % 2;
+        desktop.activate(application);
+        const auto deadline = Clock::now() + 2s;
+        for (;;) {
+            const auto seen = desktop.nextSeen(deadline);
+            if (!seen) break;
+            if (seen->what != What::focusIn || seen->application != application) continue;
+            const auto due = seen->time + after;
+            while (Clock::now() < due) {
+            } // sleeping would come back too late
+            desktop.typeKey();
+            break;
+        }
+        for (;;) {
+            const auto seen = desktop.nextSeen(deadline);
+            if (!seen) {
+                ++lost;
+                break;
+            }
+            if (seen->what != What::key) continue;
+            if (seen->group != application) ++wrong;
+            break;
+        }
+    }
+    std::printf("keys typed %2ld ms after FocusIn: %d of %d in the wrong layout, %d lost\n",
+                static_cast<long>(after.count()), wrong, keys, lost);
+}
+
+void measureStorms(MeasuredDesktop& desktop, std::chrono::milliseconds gap, int storms) {
+    constexpr int changes = 20;
+    int wrong = 0;
+    for (int storm = 0; storm < storms; ++storm) {
+        int application = 0;
+        // An odd storm ends where it began, an even one on the other side.
+        for (int change = 0; change < changes + storm % 2; ++change) {
+            application = 1 - application;
+            desktop.activate(application);
+            drain(desktop, gap);
+        }
+        settle(desktop);
+        if (desktop.currentGroup() != application) ++wrong;
+    }
+    std::printf("storms of %d focus changes %2ld ms apart: %d of %d ended in the wrong layout\n", changes,
+                static_cast<long>(gap.count()), wrong, storms);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QCoreApplication qt(argc, argv);
+    const int switches = argc > 1 ? std::atoi(argv[1]) : 1000;
+    const int storms = argc > 2 ? std::atoi(argv[2]) : 200;
+    MeasuredDesktop desktop(false);
+    desktop.startAgentAndWait();
+    settle(desktop);
+    measureLatency(desktop, switches);
+    for (const auto after : {1ms, 5ms, 20ms})
+        measureKeys(desktop, after, switches / 2);
+    for (const auto gap : {0ms, 1ms, 5ms, 20ms})
+        measureStorms(desktop, gap, storms / 4);
+}

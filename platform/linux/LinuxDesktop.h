@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/Desktop.h"
+#include "platform/linux/LinuxProcesses.h"
+#include "platform/linux/dbus/BusApplications.h"
+#include "platform/linux/dbus/DBusNotificationCenter.h"
+#include "platform/linux/defaults/LinuxUserDefaults.h"
+#include "platform/linux/qt/LinuxApplicationBundles.h"
+#include "platform/linux/qt/QtAlerts.h"
+#include "platform/linux/qt/QtApplicationPort.h"
+#include "platform/linux/qt/QtImages.h"
+#include "platform/linux/qt/QtInterfaceFiles.h"
+#include "platform/linux/qt/QtRunLoop.h"
+#include "platform/linux/qt/QtStatusBar.h"
+#include "platform/linux/x11/X11EventMonitor.h"
+#include "platform/linux/x11/X11Screens.h"
+#include "platform/linux/x11/X11WindowList.h"
+#include "platform/linux/x11/X11Workspace.h"
+#include "platform/linux/x11/XkbInputSources.h"
+
+namespace quorvane {
+
+/// The X11 desktop this process runs on: every port, in the order in which one needs the other.
+class LinuxDesktop {
+public:
+    /// Needs a QApplication. The connection must outlive it.
+    explicit LinuxDesktop(XConnection& x);
+    LinuxDesktop(const LinuxDesktop&) = delete;
+    LinuxDesktop& operator=(const LinuxDesktop&) = delete;
+
+    Desktop& desktop() { return desktop_; }
+    QtApplicationPort& application() { return application_; }
+
+private:
+    QtRunLoop runLoop_;
+    NotificationCenter notifications_;
+    LinuxUserDefaults defaults_;
+    DBusNotificationCenter distributedNotifications_;
+    BusApplications busApplications_;
+
+    DesktopEntries desktopEntries_;
+    ApplicationIdentities identities_;
+    X11Workspace workspace_;
+    X11WindowList windowList_;
+    X11Screens screens_;
+    X11EventMonitor globalEvents_;
+    XkbInputSources inputSources_;
+    Subscription selectionChanges_;
+
+    QtApplicationPort application_;
+    LinuxApplicationBundles applicationBundles_;
+    QtImages images_;
+    QtInterfaceFiles interfaceFiles_;
+    QtStatusBar statusBar_;
+    QtAlerts alerts_;
+    LinuxProcesses processes_;
+
+    Desktop desktop_;
+};
+
+} // namespace quorvane

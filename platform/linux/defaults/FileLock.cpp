@@ -1,0 +1,35 @@
+#include "platform/linux/defaults/FileLock.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+
+#include <thread>
+
+namespace quorvane {
+namespace {
+
+constexpr std::chrono::milliseconds pauseBetweenTries{1};
+
+std::error_code lastError() {
+    return {errno, std::generic_category()};
+}
+
+} // namespace
+
+FileLock::FileLock(const std::filesystem::path& lockFile, std::chrono::milliseconds patience)
+    : file_(::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600)) {
+    if (!file_.isOpen()) {
+        error_ = lastError();
+        return;
+    }
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    while (::flock(file_.number(), LOCK_EX | LOCK_NB) != 0) {
+        error_ = lastError();
+        const bool isHeldElsewhere = errno == EWOULDBLOCK || errno == EINTR;
+        if (!isHeldElsewhere || std::chrono::steady_clock::now() >= deadline) return;
+        std::this_thread::sleep_for(pauseBetweenTries);
+    }
+    error_.clear();
+}
+
+} // namespace quorvane

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <plist/plist.h>
+
+#include <memory>
+
+#include "platform/PropertyList.h"
+
+namespace quorvane {
+
+struct PropertyListNodeDeleter {
+    void operator()(void* node) const { plist_free(node); }
+};
+
+/// A property list in libplist's own form, which keeps more than the program's values do: unique ids,
+/// integers beyond 63 bits, dates far away. What other programs wrote goes back to a file in this form.
+using PropertyListNode = std::unique_ptr<void, PropertyListNodeDeleter>;
+
+/// A unique id becomes the dictionary { "CF$UID": number }, which is how an XML property list spells it. What
+/// has no counterpart becomes nothing. Dates are exact within 68 years around 2001.
+PropertyList propertyListOf(plist_t node);
+
+/// Strings and keys end at their first NUL. `value` must not be nothing; nothing inside a container is left
+/// out.
+PropertyListNode nodeOf(const PropertyList& value);
+
+} // namespace quorvane

@@ -1,0 +1,62 @@
+#include <algorithm>
+#include <string_view>
+
+#include <QApplication>
+
+#include "app/AppDelegate.h"
+#include "platform/linux/LinuxDesktop.h"
+#include "platform/linux/Log.h"
+#include "platform/linux/NewInstance.h"
+#include "platform/linux/UnixSignals.h"
+#include "platform/linux/x11/SingleInstance.h"
+
+namespace {
+
+/// Qt ends the process where it finds no display, so it is looked for first.
+bool hasDisplay() {
+    auto* connection = xcb_connect(nullptr, nullptr);
+    const bool works = xcb_connection_has_error(connection) == 0;
+    xcb_disconnect(connection);
+    return works;
+}
+
+int runProgram(quorvane::XConnection& x, bool replacesAnother) {
+    quorvane::SingleInstance instance(x);
+    if (replacesAnother) instance.waitForTheOtherToEnd();
+    if (!instance.becomeTheOne()) return 0;
+
+    quorvane::LinuxDesktop linuxDesktop(x);
+    auto& application = linuxDesktop.application();
+    const quorvane::UnixSignals signals([&application] { application.terminate(); });
+    const auto serverLoss = x.onLost([&application] { application.terminate(); });
+
+    quorvane::AppDelegate program(linuxDesktop.desktop());
+    program.applicationDidFinishLaunching();
+    if (application.isTerminated()) return 0; // told to end while the reminder was up
+    instance.onReopen([&program] { program.applicationShouldHandleReopen(false); });
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (!hasDisplay()) {
+        quorvane::logLine("no X server: DISPLAY names none that can be reached");
+        return 1;
+    }
+    // In a Wayland session Qt would choose Wayland, where this program has no windows to look after.
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    QApplication qt(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Quorvane"));
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    const auto x = quorvane::XConnection::open();
+    if (!x) {
+        quorvane::logLine("no X server: the connection was refused");
+        return 1;
+    }
+    const bool replacesAnother = std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
+        return argument == quorvane::newInstanceArgument;
+    });
+    return runProgram(*x, replacesAnother);
+}
