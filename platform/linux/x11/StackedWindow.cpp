@@ -83,7 +83,8 @@ bool reachesInto(const Rect& bounds, const xcb_screen_t& screen) {
 
 std::vector<StackedWindow> stackedWindows(XConnection& x) {
     const auto treeCookie = xcb_query_tree(x.xcb(), x.root());
-    const auto clients = XProperty(x, x.root(), "_NET_CLIENT_LIST_STACKING").values();
+    // Not _NET_CLIENT_LIST_STACKING, which xfwm4 does not always have: the order comes from the tree anyway.
+    const auto clients = XProperty(x, x.root(), "_NET_CLIENT_LIST").values();
     const auto tops = childrenOf(x, treeCookie);
     const auto clientOf = clientsByTop(x, clients);
 

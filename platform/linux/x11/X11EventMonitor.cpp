@@ -80,7 +80,10 @@ void X11EventMonitor::selectEvents() {
     for (const auto& observers : observers_) {
         if (observers.count > 0) request.mask |= observers.rawEvents;
     }
-    xcb_input_xi_select_events(x_.xcb(), x_.root(), 1, &request.header);
+    // Waits for the server, so that nothing goes unseen that happens after this.
+    const auto cookie = xcb_input_xi_select_events_checked(x_.xcb(), x_.root(), 1, &request.header);
+    const XcbReply<xcb_generic_error_t> error(xcb_request_check(x_.xcb(), cookie));
+    if (error) logLine("the X server does not let modifier keys and mouse clicks be watched");
 }
 
 void X11EventMonitor::startWatchingKeys() {

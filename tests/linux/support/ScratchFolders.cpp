@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include "linux/support/WaitUntil.h"
+
 namespace quorvane {
 
 ScratchFolders::ScratchFolders() {
@@ -19,6 +21,11 @@ ScratchFolders::ScratchFolders() {
     set("XDG_RUNTIME_DIR", "run");
     QFile::setPermissions(folder_.filePath("run"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+}
+
+// A program that was told to end may still write a file.
+ScratchFolders::~ScratchFolders() {
+    waitUntil([this] { return folder_.remove(); });
 }
 
 QString ScratchFolders::write(const QString& relativePath, const QByteArray& contents) const {

@@ -11,6 +11,7 @@ namespace quorvane {
 class ScratchFolders {
 public:
     ScratchFolders();
+    ~ScratchFolders();
 
     QString home() const { return folder_.path(); }
     QString dataHome() const { return folder_.filePath("data"); }

@@ -49,6 +49,15 @@ void XClient::setText(xcb_window_t window, std::string_view property, std::strin
     sync();
 }
 
+xcb_window_t XClient::show() {
+    const auto window = xcb_generate_id(x_->xcb());
+    xcb_create_window(x_->xcb(), XCB_COPY_FROM_PARENT, window, root(), 0, 0, 20, 20, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    xcb_map_window(x_->xcb(), window);
+    sync();
+    return window;
+}
+
 void XClient::destroy(xcb_window_t window) {
     xcb_destroy_window(x_->xcb(), window);
     sync();

@@ -30,6 +30,7 @@ public:
     void setValues(xcb_window_t window, std::string_view property, std::vector<std::uint32_t> values);
     void setText(xcb_window_t window, std::string_view property, std::string_view type,
                  std::string_view text);
+    xcb_window_t show(); ///< A little window of this client.
     void destroy(xcb_window_t window);
 
     xcb_window_t root() const { return x_->root(); }

@@ -1,6 +1,10 @@
 #include "linux/support/XServer.h"
 
+#include <algorithm>
 #include <stdexcept>
+#include <utility>
+
+#include <QElapsedTimer>
 
 #include "linux/support/WaitUntil.h"
 #include "linux/support/XClient.h"
@@ -10,21 +14,28 @@ namespace quorvane {
 namespace {
 
 void terminate(QProcess& process) {
+    if (process.state() == QProcess::NotRunning) return;
     process.terminate();
     if (!process.waitForFinished(10000)) process.kill();
     process.waitForFinished();
 }
 
+/// Starts the program and returns its first line.
+QByteArray firstLine(QProcess& process, const QString& program, const QStringList& arguments) {
+    process.setStandardErrorFile(QProcess::nullDevice());
+    process.start(program, arguments);
+    QByteArray line;
+    waitUntil([&] { return (line += process.readAllStandardOutput()).endsWith('\n'); });
+    if (!line.endsWith('\n')) throw std::runtime_error("does not start: " + program.toStdString());
+    return line.trimmed();
+}
+
 } // namespace
 
 XServer::XServer() {
-    process_.setStandardErrorFile(QProcess::nullDevice());
-    process_.start("Xvfb",
-                   {"-displayfd", "1", "-screen", "0", "1600x900x24", "-nolisten", "tcp", "-noreset"});
-    QByteArray display;
-    waitUntil([&] { return (display += process_.readAllStandardOutput()).endsWith('\n'); });
-    if (!display.endsWith('\n')) throw std::runtime_error("Xvfb does not start");
-    qputenv("DISPLAY", ":" + display.trimmed());
+    const QStringList arguments{"-displayfd",  "1",         "-screen", "0",
+                                "1600x900x24", "-nolisten", "tcp",     "-noreset"};
+    qputenv("DISPLAY", ":" + firstLine(process_, "Xvfb", arguments));
 }
 
 void XServer::end() {
@@ -32,24 +43,39 @@ void XServer::end() {
 }
 
 WindowManager::WindowManager(const QString& program) {
-    process_.setStandardErrorFile(QProcess::nullDevice());
-    process_.setStandardOutputFile(QProcess::nullDevice());
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert("XDG_DATA_DIRS", "/usr/share"); // Its themes, without which it ends at once.
+    QStringList arguments{"--sm-disable"};
+    if (program == "xfwm4") {
+        arguments = {"--compositor=off"};
+        bus_.setProcessEnvironment(environment);
+        environment.insert("DBUS_SESSION_BUS_ADDRESS",
+                           firstLine(bus_, "dbus-daemon", {"--session", "--nofork", "--print-address=1"}));
+    }
     process_.setProcessEnvironment(environment);
-    const bool isOpenbox = program == "openbox";
-    process_.start(program, isOpenbox ? QStringList{"--sm-disable"} : QStringList{"--compositor=off"});
+    process_.setStandardErrorFile(QProcess::nullDevice());
+    process_.setStandardOutputFile(QProcess::nullDevice());
+    process_.start(program, arguments);
+    // It announces itself before it takes care of windows, and windows shown in between stay unseen for ever.
     XClient client;
-    const auto isReady = [&] {
-        const auto check = client.values(client.root(), "_NET_SUPPORTING_WM_CHECK");
-        return !check.empty() && !client.values(client.root(), "_NET_CURRENT_DESKTOP").empty() &&
-               !client.values(check.front(), "_NET_SUPPORTING_WM_CHECK").empty();
-    };
-    if (!waitUntil(isReady)) throw std::runtime_error("no window manager: " + program.toStdString());
+    QElapsedTimer age;
+    xcb_window_t probe = client.show();
+    age.start();
+    const bool isReady = waitUntil([&] {
+        if (!client.values(probe, "WM_STATE").empty()) return true;
+        if (age.elapsed() < 100) return false;
+        client.destroy(std::exchange(probe, client.show()));
+        age.start();
+        return false;
+    });
+    if (!isReady) throw std::runtime_error("no window manager: " + program.toStdString());
+    client.destroy(probe);
+    waitUntil([&] { return !std::ranges::count(client.values(client.root(), "_NET_CLIENT_LIST"), probe); });
 }
 
 void WindowManager::end() {
     terminate(process_);
+    terminate(bus_);
 }
 
 } // namespace quorvane

@@ -26,6 +26,7 @@ public:
     void end();
 
 private:
+    QProcess bus_; ///< xfwm4 does not start without one.
     QProcess process_;
 };
 

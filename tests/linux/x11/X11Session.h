@@ -9,17 +9,17 @@
 #include "linux/support/WaitUntil.h"
 #include "linux/support/XClient.h"
 #include "linux/support/XServer.h"
-#include "platform/linux/x11/ApplicationIdentities.h"
 #include "platform/linux/x11/X11Workspace.h"
-#include "platform/linux/x11/XConnection.h"
 
 namespace quorvane {
 
 /// A user's session for one test: a server of its own, a window manager and what the program makes of it.
 struct X11Session {
+    explicit X11Session(const QString& windowManager = "openbox") : manager(windowManager) {}
+
     ScratchFolders folders;
     XServer server;
-    std::optional<WindowManager> manager{"openbox"};
+    std::optional<WindowManager> manager;
     XClient user;
     std::unique_ptr<XConnection> x = XConnection::open();
     DesktopEntries entries = DesktopEntries::ofEnvironment();

@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "linux/x11/X11Session.h"
@@ -7,16 +8,155 @@ namespace {
 
 class X11WorkspaceTest : public testing::Test {
 protected:
+    using Ids = std::vector<std::string>;
+
+    Subscription noteInto(Ids& ids, WorkspaceNotification notification) {
+        return session_.workspace.addObserver(
+            notification, [&ids](const auto& application) { ids.push_back(*application.bundleIdentifier); });
+    }
+    /// Waits until everything that has happened so far was told, by a window that becomes active after it.
+    void settle() {
+        const TestWindow last({"class=Last"});
+        ASSERT_TRUE(session_.waitForFront("Last"));
+    }
+
     X11Session session_;
+    Ids activated_;
+    Ids launched_;
+    Subscription activations_ = noteInto(activated_, WorkspaceNotification::didActivateApplication);
+    Subscription launches_ = noteInto(launched_, WorkspaceNotification::didLaunchApplication);
 };
 
-TEST_F(X11WorkspaceTest, TellsWhichApplicationIsInFront) {
-    TestWindow alpha({"class=Alpha", "instance=alpha"});
-    EXPECT_TRUE(session_.waitForFront("Alpha"));
-    TestWindow beta({"class=Beta", "instance=beta"});
-    EXPECT_TRUE(session_.waitForFront("Beta"));
+TEST_F(X11WorkspaceTest, KnowsTheApplicationOfAWindow) {
+    const auto entry = [&](const QString& id, const char* lines) {
+        session_.folders.write("data/applications/" + id + ".desktop",
+                               "[Desktop Entry]\nType=Application\nName=A name\n" + QByteArray(lines));
+    };
+    entry("org.maker.Gtk", "");
+    entry("org.maker.Kde", "");
+    entry("org.maker.Startup", "StartupWMClass=Odd Class\n");
+    entry("org.maker.Editor", "");
+    entry("plain", "");
+    entry("org.maker.Tool", "Exec=env LANG=C /opt/bin/special --flag %U\n");
+    entry("org.maker.Script", "Exec=python3 script.py\n");
+    const auto copyOf = [&](const char* name) {
+        const auto path = session_.folders.home() + "/" + name;
+        QFile::copy(QUORVANE_TEST_WINDOW, path);
+        return path;
+    };
+    const auto special = copyOf("special");
+    const auto python = copyOf("python3");
+    const QString standard = QUORVANE_TEST_WINDOW;
+    const struct {
+        QString program;
+        QStringList properties;
+        const char* id;
+    } windows[] = {
+        {special,
+         {"_GTK_APPLICATION_ID=org.maker.Gtk", "_KDE_NET_WM_DESKTOP_FILE=org.maker.Kde"},
+         "org.maker.Gtk"},
+        {standard, {"_GTK_APPLICATION_ID=not.installed", "class=plain"}, "plain"},
+        {standard, {"_GTK_APPLICATION_ID=not.installed", "class=Nothing"}, "not.installed"},
+        {standard, {"_KDE_NET_WM_DESKTOP_FILE=/x/org.maker.Kde.desktop", "class=plain"}, "org.maker.Kde"},
+        {standard, {"class=Odd Class", "instance=plain"}, "org.maker.Startup"},
+        {standard, {"class=Unknown", "instance=Odd Class"}, "org.maker.Startup"},
+        {standard, {"class=Plain", "instance=editor"}, "plain"},
+        {standard, {"class=editor"}, "org.maker.Editor"},
+        {special, {"class=Unknown"}, "org.maker.Tool"},
+        {python, {"class=Unknown", "instance=other"}, "Unknown"},
+        {standard, {"class=Unknown", "instance=other"}, "Unknown"},
+        {standard, {"instance=other"}, "other"},
+        {standard, {}, "quorvane_test_window"},
+    };
+    for (const auto& each : windows) {
+        const TestWindow window(each.properties, each.program);
+        const auto* owner = session_.identities.ownerOf(window.window());
+        ASSERT_TRUE(owner);
+        EXPECT_EQ(owner->id, each.id) << each.properties.join(' ').toStdString();
+        EXPECT_EQ(owner->pid, window.pid());
+    }
+}
+
+TEST_F(X11WorkspaceTest, IgnoresTransientRepeatedAndVanishedActiveWindows) {
+    const TestWindow alpha({"class=Alpha"});
+    const TestWindow beta({"class=Beta"});
+    ASSERT_TRUE(session_.waitForFront("Beta"));
+    TestWindow gone({"class=Gone"});
+    ASSERT_TRUE(session_.waitForFront("Gone"));
+    const auto destroyed = gone.window();
+    gone.end();
+    session_.user.activate(beta.window());
+    ASSERT_TRUE(session_.waitForFront("Beta"));
+    activated_.clear();
+    for (const auto& value : std::vector<std::vector<std::uint32_t>>{{0},
+                                                                     {beta.window()},
+                                                                     {destroyed},
+                                                                     {},
+                                                                     {beta.window(), 0},
+                                                                     {alpha.window(), 0},
+                                                                     {0},
+                                                                     {alpha.window()}})
+        session_.user.setValues(session_.user.root(), "_NET_ACTIVE_WINDOW", value);
+    settle();
+    EXPECT_THAT(activated_, testing::ElementsAre("Alpha", "Last"));
+}
+
+TEST_F(X11WorkspaceTest, LivesThroughARestartOfTheWindowManager) {
+    const TestWindow alpha({"class=Alpha"});
+    const TestWindow beta({"class=Beta"});
+    ASSERT_TRUE(session_.waitForFront("Beta"));
+    session_.manager->end();
+    session_.manager.reset();
+    session_.manager.emplace("openbox");
     session_.user.activate(alpha.window());
-    EXPECT_TRUE(session_.waitForFront("Alpha"));
+    ASSERT_TRUE(session_.waitForFront("Alpha"));
+    EXPECT_EQ(session_.workspace.runningApplications().size(), 2U);
+    EXPECT_THAT(launched_, testing::ElementsAre("Alpha", "Beta"));
+}
+
+TEST_F(X11WorkspaceTest, KnowsWhatWasThereBeforeAndWaitsForAWindowManager) {
+    const TestWindow alpha({"class=Alpha"});
+    ASSERT_TRUE(session_.waitForFront("Alpha"));
+    const X11Workspace later(*session_.x, session_.identities, nullptr);
+    EXPECT_EQ(later.frontmostApplication()->bundleIdentifier, "Alpha");
+    EXPECT_EQ(later.activeWindow(), alpha.window());
+
+    session_.manager.reset();
+    const X11Workspace unmanaged(*session_.x, session_.identities, nullptr);
+    EXPECT_FALSE(unmanaged.frontmostApplication());
+    session_.manager.emplace("openbox");
+    session_.user.activate(alpha.window());
+    EXPECT_TRUE(waitUntil([&] { return unmanaged.frontmostApplication().has_value(); }));
+}
+
+TEST_F(X11WorkspaceTest, FollowsAWindowThatGetsItsClassLate) {
+    const TestWindow window({"class=Early"});
+    ASSERT_TRUE(session_.waitForFront("Early"));
+    session_.user.setText(window.window(), "WM_CLASS", "STRING", std::string_view("late\0Late\0", 10));
+    EXPECT_TRUE(session_.waitForFront("Late"));
+    EXPECT_THAT(launched_, testing::ElementsAre("Early", "Late"));
+    EXPECT_TRUE(session_.workspace.runningApplicationsWithBundleIdentifier("Early").empty());
+}
+
+TEST_F(X11WorkspaceTest, TreatsWindowsOfThisProcessAsNobodys) {
+    const TestWindow alpha({"class=Alpha"});
+    ASSERT_TRUE(session_.waitForFront("Alpha"));
+    const auto own = session_.user.show();
+    ASSERT_TRUE(waitUntil(
+        [&] { return session_.user.values(session_.user.root(), "_NET_ACTIVE_WINDOW").front() == own; }));
+    settle();
+    EXPECT_THAT(activated_, testing::ElementsAre("Alpha", "Last"));
+    EXPECT_THAT(launched_, testing::ElementsAre("Alpha", "Last"));
+}
+
+TEST_F(X11WorkspaceTest, TellsOnceThatTheServerIsLost) {
+    int lost = 0;
+    const auto subscription = session_.x->onLost([&] { ++lost; });
+    session_.server.end();
+    ASSERT_TRUE(waitUntil([&] { return lost > 0; }));
+    EXPECT_FALSE(session_.identities.ownerOf(1));
+    EXPECT_TRUE(session_.workspace.runningApplications().empty());
+    EXPECT_EQ(lost, 1);
 }
 
 } // namespace

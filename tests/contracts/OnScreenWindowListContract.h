@@ -1,0 +1,86 @@
+#pragma once
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/OnScreenWindowList.h"
+
+namespace quorvane {
+
+class OnScreenWindowListBench {
+public:
+    virtual ~OnScreenWindowListBench() = default;
+
+    virtual OnScreenWindowList& windowList() = 0;
+    virtual bool waitUntil(const std::function<bool()>& condition) = 0;
+
+    // Windows are told apart by title. The desktop may put a frame around the bounds.
+    virtual void openWindow(const std::string& owner, const std::string& title,
+                            Rect bounds) = 0; ///< In front.
+    virtual void openMenu(const std::string& owner, const std::string& title,
+                          Rect bounds) = 0; ///< Above all.
+    virtual void bringToFront(const std::string& title) = 0;
+    virtual void minimise(const std::string& title) = 0;
+};
+
+class OnScreenWindowListContract
+    : public testing::TestWithParam<std::function<std::unique_ptr<OnScreenWindowListBench>()>> {
+protected:
+    /// The titles of the visible windows, front to back.
+    std::vector<std::string> visible() const {
+        std::vector<std::string> titles;
+        for (const auto& window : list_.windows()) {
+            if (window.isOnScreen) titles.push_back(window.name.value_or("none"));
+        }
+        return titles;
+    }
+    void waitForVisible(const std::vector<std::string>& titles) {
+        bench_->waitUntil([&] { return visible() == titles; });
+        ASSERT_EQ(visible(), titles);
+    }
+
+    std::unique_ptr<OnScreenWindowListBench> bench_ = GetParam()();
+    OnScreenWindowList& list_ = bench_->windowList();
+};
+
+TEST_P(OnScreenWindowListContract, ListsWindowsFrontToBack) {
+    bench_->openWindow("Alpha", "first", {100, 100, 300, 200});
+    bench_->openWindow("Beta", "second", {150, 150, 300, 200});
+    waitForVisible({"second", "first"});
+    bench_->bringToFront("first");
+    waitForVisible({"first", "second"});
+    bench_->minimise("first");
+    waitForVisible({"second"});
+}
+
+TEST_P(OnScreenWindowListContract, DescribesAWindow) {
+    bench_->openWindow("Alpha", "Übung", {100, 120, 300, 200});
+    waitForVisible({"Übung"});
+    const auto window = list_.windows().front();
+    EXPECT_EQ(window.ownerName, "Alpha");
+    EXPECT_EQ(window.layer, 0);
+    constexpr double widestFrame = 40;
+    EXPECT_NEAR(window.bounds.x, 100, widestFrame);
+    EXPECT_NEAR(window.bounds.y, 120, widestFrame);
+    EXPECT_GE(window.bounds.width, 300);
+    EXPECT_LE(window.bounds.width, 300 + 2 * widestFrame);
+    EXPECT_GE(window.bounds.height, 200);
+    EXPECT_LE(window.bounds.height, 200 + 2 * widestFrame);
+}
+
+TEST_P(OnScreenWindowListContract, PutsMenusAboveWindows) {
+    bench_->openWindow("Alpha", "window", {100, 100, 300, 200});
+    waitForVisible({"window"});
+    bench_->openMenu("Alpha", "menu", {120, 130, 80, 90});
+    waitForVisible({"menu", "window"});
+    const auto menu = list_.windows().front();
+    EXPECT_GT(menu.layer, 0);
+    EXPECT_EQ(menu.bounds, (Rect{120, 130, 80, 90}));
+}
+
+} // namespace quorvane

@@ -1,0 +1,131 @@
+// The contracts of the ports, on real servers and window managers.
+
+#include <list>
+#include <map>
+
+#include "contracts/GlobalEventMonitorContract.h"
+#include "contracts/OnScreenWindowListContract.h"
+#include "contracts/ScreensContract.h"
+#include "contracts/WorkspaceContract.h"
+#include "linux/x11/X11Session.h"
+#include "platform/linux/x11/X11EventMonitor.h"
+#include "platform/linux/x11/X11Screens.h"
+#include "platform/linux/x11/X11WindowList.h"
+
+namespace quorvane {
+namespace {
+
+template <class Bench>
+class X11Bench : public Bench {
+public:
+    explicit X11Bench(const QString& windowManager) : session_(windowManager) {}
+    bool waitUntil(const std::function<bool()>& condition) override { return quorvane::waitUntil(condition); }
+
+protected:
+    X11Session session_;
+};
+
+class X11WorkspaceBench : public X11Bench<WorkspaceBench> {
+public:
+    using X11Bench::X11Bench;
+    Workspace& workspace() override { return session_.workspace; }
+    void openWindow(const std::string& id) override {
+        windows_[id].emplace_back(QStringList{QString("class=%1").arg(id.c_str())});
+    }
+    void activate(const std::string& id) override { session_.user.activate(windows_[id].front().window()); }
+    void hide(const std::string& id) override {
+        for (const auto& each : windows_[id])
+            session_.user.minimise(each.window());
+    }
+    void quit(const std::string& id) override { windows_.erase(id); }
+
+private:
+    std::map<std::string, std::list<TestWindow>> windows_;
+};
+
+class X11WindowListBench : public X11Bench<OnScreenWindowListBench> {
+public:
+    using X11Bench::X11Bench;
+    OnScreenWindowList& windowList() override { return list_; }
+    void openWindow(const std::string& owner, const std::string& title, Rect bounds) override {
+        open(owner, title, bounds, {});
+    }
+    void openMenu(const std::string& owner, const std::string& title, Rect bounds) override {
+        open(owner, title, bounds, {"popup=1"});
+    }
+    void bringToFront(const std::string& title) override {
+        session_.user.activate(windows_.at(title).window());
+    }
+    void minimise(const std::string& title) override { session_.user.minimise(windows_.at(title).window()); }
+
+private:
+    void open(const std::string& owner, const std::string& title, Rect bounds, QStringList arguments) {
+        arguments
+            << QString("class=%1").arg(owner.c_str()) << QString("title=%1").arg(title.c_str())
+            << QString("at=%1,%2,%3,%4").arg(bounds.x).arg(bounds.y).arg(bounds.width).arg(bounds.height);
+        windows_.try_emplace(title, arguments);
+    }
+
+    std::map<std::string, TestWindow> windows_;
+    X11WindowList list_{*session_.x, session_.identities};
+};
+
+class X11ScreensBench : public X11Bench<ScreensBench> {
+public:
+    using X11Bench::X11Bench;
+    Screens& screens() override { return screens_; }
+    void connectSecondScreen() override {
+        xrandr({"--setmonitor", "LEFT", "800/211x900/238+0+0", "screen"});
+        xrandr({"--setmonitor", "RIGHT", "800/211x900/238+800+0", "none"});
+    }
+    void disconnectSecondScreen() override {
+        xrandr({"--delmonitor", "RIGHT"});
+        xrandr({"--delmonitor", "LEFT"});
+    }
+    void focusLeft() override { session_.user.activate(left_.window()); }
+    void focusRight() override { session_.user.activate(right_.window()); }
+
+private:
+    static void xrandr(const QStringList& arguments) { EXPECT_EQ(QProcess::execute("xrandr", arguments), 0); }
+
+    TestWindow left_{{"class=left", "at=600,100,300,200"}}; // Reaches into the right screen a little.
+    TestWindow right_{{"class=right", "at=1000,100,300,200"}};
+    X11Screens screens_{*session_.x, session_.workspace};
+};
+
+class X11EventMonitorBench : public X11Bench<GlobalEventMonitorBench> {
+public:
+    using X11Bench::X11Bench;
+    GlobalEventMonitor& monitor() override { return monitor_; }
+    void press(TestKey key) override { session_.user.press(keycodes_.at(key)); }
+    void release(TestKey key) override { session_.user.release(keycodes_.at(key)); }
+    void clickLeft() override { session_.user.click(1); }
+    void clickRight() override { session_.user.click(3); }
+
+private:
+    const std::map<TestKey, std::uint8_t> keycodes_ = {
+        {TestKey::leftShift, 50},     {TestKey::rightShift, 62},    {TestKey::leftControl, 37},
+        {TestKey::rightControl, 105}, {TestKey::leftOption, 64},    {TestKey::rightOption, 108},
+        {TestKey::leftCommand, 133},  {TestKey::rightCommand, 134}, {TestKey::capsLock, 66},
+        {TestKey::letter, 38}};
+    X11EventMonitor monitor_{*session_.x};
+};
+
+template <class Bench, class Port>
+auto with(const char* windowManager) {
+    return [windowManager]() -> std::unique_ptr<Port> { return std::make_unique<Bench>(windowManager); };
+}
+
+constexpr auto workspaceOn = with<X11WorkspaceBench, WorkspaceBench>;
+constexpr auto windowListOn = with<X11WindowListBench, OnScreenWindowListBench>;
+INSTANTIATE_TEST_SUITE_P(Openbox, WorkspaceContract, testing::Values(workspaceOn("openbox")));
+INSTANTIATE_TEST_SUITE_P(Xfwm4, WorkspaceContract, testing::Values(workspaceOn("xfwm4")));
+INSTANTIATE_TEST_SUITE_P(Openbox, OnScreenWindowListContract, testing::Values(windowListOn("openbox")));
+INSTANTIATE_TEST_SUITE_P(Xfwm4, OnScreenWindowListContract, testing::Values(windowListOn("xfwm4")));
+INSTANTIATE_TEST_SUITE_P(X11, ScreensContract,
+                         testing::Values(with<X11ScreensBench, ScreensBench>("openbox")));
+INSTANTIATE_TEST_SUITE_P(X11, GlobalEventMonitorContract,
+                         testing::Values(with<X11EventMonitorBench, GlobalEventMonitorBench>("openbox")));
+
+} // namespace
+} // namespace quorvane
