@@ -1,77 +1,120 @@
 #include "platform/linux/defaults/DefaultsDomain.h"
 
-#include <set>
+#include <algorithm>
 
 #include "platform/linux/Log.h"
 
 namespace quorvane {
+namespace {
 
-DefaultsDomain::DefaultsDomain(std::filesystem::path path) : file_(std::move(path)) {
-    refresh();
-    told_ = values_;
+using namespace std::chrono_literals;
+
+constexpr std::chrono::milliseconds lockPatience = 100ms;
+constexpr std::chrono::milliseconds firstRetry = 250ms;
+constexpr std::chrono::milliseconds longestRetry = 1h;
+
+/// Calls the handler with each key that one of two dictionaries lacks or has another value for.
+void forEachDifference(const PropertyList& before, const PropertyList& after,
+                       const DefaultsDomain::KeyHandler& handler) {
+    static const PropertyList::Dictionary none;
+    const auto& left = before.dictionary() ? *before.dictionary() : none;
+    const auto& right = after.dictionary() ? *after.dictionary() : none;
+    for (const auto& [key, value] : left)
+        if (!(after[key] == value)) handler(key);
+    for (const auto& [key, value] : right)
+        if (!left.contains(key)) handler(key);
 }
 
-void DefaultsDomain::refresh() {
-    const auto identity = file_.identity();
-    if (identity == identity_) return;
-    identity_ = identity;
-    // A file that cannot be parsed may just be in the hands of an editor that saves in place: what was good
-    // stays in force, and nothing is done to the file before something is to be written.
-    if (auto values = file_.read())
-        values_ = std::move(*values);
-    else
-        logLine(file_.path().string() + " is damaged; what it held before stays in force");
+} // namespace
+
+std::string memoryOnly(const std::filesystem::path& folder, std::error_code error) {
+    if (folder.empty()) return "settings are kept in memory only: HOME is not set";
+    return "settings are kept in memory only: " + folder.string() + " cannot be written: " + error.message();
+}
+
+DefaultsDomain::DefaultsDomain(std::filesystem::path file, KeyHandler changed)
+    : file_(std::move(file))
+    , changed_(std::move(changed))
+    , nextRetry_(firstRetry) {
+    retry_.setSingleShot(true);
+    QObject::connect(&retry_, &QTimer::timeout, &retry_, [this] { flush(Durability::visible); });
+}
+
+DefaultsDomain::~DefaultsDomain() {
+    flush(Durability::visible);
 }
 
 PropertyList DefaultsDomain::objectForKey(std::string_view key) {
-    if (const auto pending = pending_.find(key); pending != pending_.end()) return pending->second;
     refresh();
-    return values_[key];
+    const auto pending = pending_.find(key);
+    return pending == pending_.end() ? file_.contents()[key] : pending->second;
 }
 
-void DefaultsDomain::setObject(std::string_view key, PropertyList value) {
-    told_ = told_.with(key, value);
+void DefaultsDomain::setObject(PropertyList value, std::string_view key) {
     pending_.insert_or_assign(std::string(key), std::move(value));
-    written.emit(key);
+    flushLater();
+    changed_(key);
 }
 
-bool DefaultsDomain::flush() {
-    return pending_.empty() || write(DefaultsFile::Durability::visible);
-}
-
-bool DefaultsDomain::synchronize() {
-    if (!pending_.empty()) return write(DefaultsFile::Durability::onDisk);
-    if (!isOnDisk_) isOnDisk_ = file_.sync();
-    return isOnDisk_;
-}
-
-bool DefaultsDomain::write(DefaultsFile::Durability durability) {
-    refresh();
-    auto contents = file_.merge(pending_, values_, durability);
-    if (!contents) return false;
-    values_ = std::move(*contents);
-    identity_ = file_.identity();
+bool DefaultsDomain::flush(Durability durability) {
+    if (pending_.empty()) return true;
+    const bool hasFailed = nextRetry_ > firstRetry; // who holds the lock all the time is waited for once only
+    const auto patience = hasFailed ? 0ms : lockPatience;
+    const auto before = file_.contents();
+    const auto error = file_.apply(pending_, durability, patience);
+    noticeChangesSince(before);
+    if (error) {
+        retryLater(error);
+        return false;
+    }
     pending_.clear();
-    isOnDisk_ = durability == DefaultsFile::Durability::onDisk;
+    retry_.stop();
+    nextRetry_ = firstRetry;
     return true;
 }
 
-void DefaultsDomain::tellForeignChanges() {
-    refresh();
-    std::set<std::string> changed;
-    const auto& now = *values_.dictionary();
-    const auto* before = told_.dictionary();
-    for (const auto& [key, value] : now) {
-        if (!pending_.contains(key) && !(told_[key] == value)) changed.insert(key);
-    }
-    for (const auto& [key, value] : *before) {
-        if (!pending_.contains(key) && !now.contains(key)) changed.insert(key);
-    }
-    told_ = values_;
-    for (const auto& [key, value] : pending_)
-        told_ = told_.with(key, value);
-    for (const auto& key : changed)
-        written.emit(key);
+bool DefaultsDomain::synchronize() {
+    return flush(Durability::durable) && !file_.synchronize();
+}
+
+void DefaultsDomain::refresh() {
+    const auto before = file_.contents();
+    file_.refresh();
+    noticeChangesSince(before);
+}
+
+void DefaultsDomain::noticeChangesSince(const PropertyList& before) {
+    if (before.dictionary() == file_.contents().dictionary()) return; // the same object: nothing was read
+    const bool isAnnouncementQueued = !changedByOthers_.empty();
+    forEachDifference(before, file_.contents(), [this](std::string_view key) {
+        if (!pending_.contains(key)) changedByOthers_.emplace(key);
+    });
+    if (isAnnouncementQueued || changedByOthers_.empty()) return;
+    QMetaObject::invokeMethod(
+        &retry_, [this] { announceChanges(); }, Qt::QueuedConnection);
+}
+
+void DefaultsDomain::announceChanges() {
+    for (const auto& key : std::exchange(changedByOthers_, {}))
+        changed_(key);
+}
+
+void DefaultsDomain::flushLater() {
+    if (isFlushQueued_ || retry_.isActive()) return;
+    isFlushQueued_ = true;
+    const auto flushNow = [this] {
+        isFlushQueued_ = false;
+        flush(Durability::visible);
+    };
+    QMetaObject::invokeMethod(&retry_, flushNow, Qt::QueuedConnection);
+}
+
+void DefaultsDomain::retryLater(std::error_code error) {
+    const bool isLocked = error == std::errc::resource_unavailable_try_again;
+    logLine(isLocked ? "another process keeps " + file_.path().string() + " locked: settings are saved later"
+                     : memoryOnly(file_.path().parent_path(), error));
+    retry_.start(nextRetry_);
+    nextRetry_ = std::min(2 * nextRetry_, longestRetry);
 }
 
 } // namespace quorvane

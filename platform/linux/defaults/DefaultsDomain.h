@@ -1,48 +1,59 @@
 #pragma once
 
+#include <QTimer>
+#include <chrono>
+#include <functional>
+#include <set>
 #include <string>
-#include <string_view>
-#include <vector>
+#include <system_error>
 
-#include "platform/Signal.h"
 #include "platform/linux/defaults/DefaultsFile.h"
 
 namespace quorvane {
 
-/// One domain as this process sees it: what the file holds, and on top of it what this process has written
-/// and the file does not hold yet.
+/// One domain of the user's defaults in this process: what its file holds, overlaid with this process's
+/// writes that are not in it yet. Those go there together, once what now runs has returned to the event loop.
 class DefaultsDomain {
 public:
-    explicit DefaultsDomain(std::filesystem::path path);
+    using KeyHandler = std::function<void(std::string_view key)>;
 
-    /// Costs a look at the file's identity; the file is read again only when it is another one.
+    /// `changed` is called at once with the key of every write of this process, and from the event loop with
+    /// each key to which others gave another value.
+    DefaultsDomain(std::filesystem::path file, KeyHandler changed);
+    ~DefaultsDomain();
+    DefaultsDomain(const DefaultsDomain&) = delete;
+    DefaultsDomain& operator=(const DefaultsDomain&) = delete;
+
     PropertyList objectForKey(std::string_view key);
+    void setObject(PropertyList value, std::string_view key);
 
-    void setObject(std::string_view key, PropertyList value);
+    /// False when writes had to stay pending.
+    bool flush(Durability durability);
 
-    bool hasPendingWrites() const { return !pending_.empty(); }
-
-    /// Writes what is pending. False when it stays pending.
-    bool flush();
-
-    /// Writes what is pending, and waits until all is on the disk.
+    /// Flushes, and waits for the disk.
     bool synchronize();
 
-    /// Tells of the keys that others have changed since this was last called.
-    void tellForeignChanges();
-
-    Signal<std::string_view> written; ///< A key, after each write of it.
+    /// Looks for changes made by others.
+    void refresh();
 
 private:
-    void refresh();
-    bool write(DefaultsFile::Durability durability);
+    void noticeChangesSince(const PropertyList& before);
+    void announceChanges();
+    void flushLater();
+    void retryLater(std::error_code error);
 
     DefaultsFile file_;
-    DefaultsFile::Identity identity_;
-    PropertyList values_ = PropertyList::Dictionary{}; ///< As last read; stays when the file is damaged.
-    PropertyList told_;                                ///< As observers know it.
-    DefaultsFile::Changes pending_;
-    bool isOnDisk_ = true;
+    PendingWrites pending_;
+    std::set<std::string, std::less<>> changedByOthers_;
+    KeyHandler changed_;
+    bool isFlushQueued_ = false;
+
+    // While writing fails: the next try. It waits longer each time, for what may never get better.
+    QTimer retry_;
+    std::chrono::milliseconds nextRetry_;
 };
+
+/// What the user is told when that folder cannot be written.
+std::string memoryOnly(const std::filesystem::path& folder, std::error_code error);
 
 } // namespace quorvane

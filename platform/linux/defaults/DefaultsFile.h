@@ -1,63 +1,82 @@
 #pragma once
 
+#include <sys/stat.h>
+
+#include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
-#include <sys/stat.h>
+#include <system_error>
 
-#include "platform/PropertyList.h"
+#include "platform/linux/defaults/FileDescriptor.h"
+#include "platform/linux/defaults/PropertyListNode.h"
+#include "platform/linux/defaults/ReplaceFile.h"
 
 namespace quorvane {
 
-/// One domain's property-list file, which several programs read and write at the same time.
+/// Writes that are not in a file yet: key to value, nothing for a removal.
+using PendingWrites = std::map<std::string, PropertyList, std::less<>>;
+
+/// One property-list file that several processes and the user's editor read and write.
+///
+/// A file that cannot be understood is never written over: it is set aside, and what was read before stays.
+/// An editor may be half through saving, though, so only two occasions set a file aside: the first reading,
+/// which nothing good precedes, and a write. Both give the editor time to finish first.
 class DefaultsFile {
 public:
-    /// Tells whether a file is still the one that was read: it is replaced, not changed, by those who know
-    /// how.
-    struct Identity {
-        dev_t device = 0;
-        ino_t inode = 0;
-        off_t size = -1;           // no file
-        std::int64_t modified = 0; // nanoseconds
+    explicit DefaultsFile(std::filesystem::path path);
 
-        bool operator==(const Identity&) const = default;
-    };
-
-    /// What is to be changed: nothing removes the key.
-    using Changes = std::map<std::string, PropertyList, std::less<>>;
-
-    explicit DefaultsFile(std::filesystem::path path) : path_(std::move(path)) {}
+    /// A dictionary: the file's contents when they were last read, or the last good ones.
+    const PropertyList& contents() const { return contents_; }
 
     const std::filesystem::path& path() const { return path_; }
 
-    /// Costs one system call.
-    Identity identity() const;
+    /// Reads the file again if somebody changed it; costs one look at the file's attributes otherwise.
+    void refresh();
 
-    /// What the file holds: an empty dictionary when there is none, none when it is damaged.
-    std::optional<PropertyList> read() const;
+    /// Puts the writes on top of what the file holds by now, under a lock against other processes, and
+    /// replaces the file as a whole. Waits at most `patience` for the lock. After an error the good file is
+    /// as it was.
+    std::error_code apply(const PendingWrites& writes, Durability durability,
+                          std::chrono::milliseconds patience);
 
-    enum class Durability {
-        visible, ///< Every program sees it; it is on the disk when the system finds the time.
-        onDisk   ///< It would survive a power failure when the call returns.
-    };
-
-    /// Writes changes into the file: what others wrote there meanwhile is kept, but for the changed keys. The
-    /// file is replaced as a whole, so that nobody ever reads half of one. A damaged file is set aside under
-    /// another name first, and `lastGood` stands in for its contents. Returns the new contents; none when
-    /// they could not be written, for instance because another program holds the lock too long.
-    std::optional<PropertyList> merge(const Changes& changes, const PropertyList& lastGood,
-                                      Durability durability);
-
-    /// Waits until the file as it stands is on the disk.
-    bool sync() const;
+    /// Makes what the file holds durable, whoever wrote it.
+    std::error_code synchronize();
 
 private:
-    PropertyList contentsToChange(const PropertyList& lastGood) const;
-    void setAside() const;
-    bool replace(const std::string& contents, Durability durability) const;
+    struct Version {
+        dev_t device = 0;
+        ino_t inode = 0;
+        off_t size = 0;
+        std::int64_t modified = 0; // nanoseconds
+        bool operator==(const Version&) const = default;
+    };
+    enum class State { good, damaged, unreadable };
+
+    static Version versionOf(const struct stat& attributes);
+    std::filesystem::path beside(std::string_view suffix) const;
+    void look();
+    void load();
+    void setGone();
+    void setUnreadable(std::error_code error);
+    void parse(std::string_view bytes);
+    std::error_code makeRoom();
+    std::error_code setAside();
+    std::error_code write(const PendingWrites& writes, Durability durability);
 
     std::filesystem::path path_;
+    PropertyList contents_ = PropertyList::Dictionary{};
+    PropertyListNode node_; // the same contents; null: to be made of them
+    State state_ = State::good;
+    std::error_code readError_;
+    bool isDurable_ = true;
+
+    // The version looked at last; all zero: there was no file. Its file stays open, so that no newer version
+    // can get its inode number and be taken for it.
+    std::optional<Version> version_;
+    FileDescriptor file_;
 };
 
 } // namespace quorvane

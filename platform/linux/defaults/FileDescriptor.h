@@ -6,21 +6,25 @@
 
 namespace quorvane {
 
-/// Owns an open file.
+/// Owns an open file; closes it with itself.
 class FileDescriptor {
 public:
-    explicit FileDescriptor(int descriptor) : descriptor_(descriptor) {}
-    FileDescriptor(FileDescriptor&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
-    FileDescriptor& operator=(FileDescriptor&&) = delete;
+    FileDescriptor() = default;
+    explicit FileDescriptor(int number) : number_(number) {}
+    FileDescriptor(FileDescriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+        std::swap(number_, other.number_);
+        return *this;
+    }
     ~FileDescriptor() {
-        if (isOpen()) close(descriptor_);
+        if (isOpen()) ::close(number_);
     }
 
-    bool isOpen() const { return descriptor_ >= 0; }
-    int get() const { return descriptor_; }
+    bool isOpen() const { return number_ >= 0; }
+    int number() const { return number_; }
 
 private:
-    int descriptor_;
+    int number_ = -1;
 };
 
 } // namespace quorvane

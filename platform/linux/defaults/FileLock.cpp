@@ -5,26 +5,25 @@
 
 #include <thread>
 
+#include "platform/linux/defaults/ReplaceFile.h"
+
 namespace quorvane {
 namespace {
 
 constexpr std::chrono::milliseconds pauseBetweenTries{1};
 
-std::error_code lastError() {
-    return {errno, std::generic_category()};
-}
-
 } // namespace
 
 FileLock::FileLock(const std::filesystem::path& lockFile, std::chrono::milliseconds patience)
-    : file_(::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600)) {
+    // Opened for reading: closing a file that was open for writing would wake all who watch the folder.
+    : file_(::open(lockFile.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600)) {
     if (!file_.isOpen()) {
-        error_ = lastError();
+        error_ = lastSystemError();
         return;
     }
     const auto deadline = std::chrono::steady_clock::now() + patience;
     while (::flock(file_.number(), LOCK_EX | LOCK_NB) != 0) {
-        error_ = lastError();
+        error_ = lastSystemError();
         const bool isHeldElsewhere = errno == EWOULDBLOCK || errno == EINTR;
         if (!isHeldElsewhere || std::chrono::steady_clock::now() >= deadline) return;
         std::this_thread::sleep_for(pauseBetweenTries);

@@ -1,38 +1,72 @@
 #include "platform/linux/defaults/FolderWatch.h"
 
-#include <array>
-
 #include <sys/inotify.h>
+
+#include <cstring>
 
 #include "platform/linux/Log.h"
 
 namespace quorvane {
 namespace {
 
-constexpr std::uint32_t writtenOrReplaced = IN_CLOSE_WRITE | IN_MOVED_TO | IN_MOVED_FROM | IN_DELETE;
+// Not the creation of a file and not each piece written to it: an editor that saves in place is not done yet.
+// Nor a file moved away: some editors do that just before they write the new one.
+constexpr std::uint32_t folderEvents =
+    IN_CLOSE_WRITE | IN_MOVED_TO | IN_DELETE | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
+constexpr std::uint32_t parentEvents = IN_CREATE | IN_MOVED_TO | IN_ONLYDIR;
+
+std::string_view nameOf(const inotify_event& event, const char* name) {
+    return event.len > 0 ? std::string_view(name) : std::string_view(); // padded with NULs
+}
 
 } // namespace
 
-FolderWatch::FolderWatch(const std::filesystem::path& folder, std::function<void()> changed)
-    : inotify_(inotify_init1(IN_CLOEXEC | IN_NONBLOCK))
-    , changed_(std::move(changed)) {
-    std::error_code error;
-    if (std::filesystem::create_directories(folder, error))
-        std::filesystem::permissions(folder, std::filesystem::perms::owner_all, error);
-    if (!inotify_.isOpen() || inotify_add_watch(inotify_.get(), folder.c_str(), writtenOrReplaced) < 0) {
-        logLine("the settings in " + folder.string() +
-                " cannot be watched: changes by other programs are not seen");
+FolderWatch::FolderWatch(std::filesystem::path folder, std::function<void(std::string_view)> handler)
+    : folder_(std::move(folder))
+    , handler_(std::move(handler))
+    , inotify_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
+    if (!inotify_.isOpen()) {
+        logLine("no file watches left: settings changed by other programs are noticed late");
         return;
     }
-    events_ = std::make_unique<QSocketNotifier>(inotify_.get(), QSocketNotifier::Read);
-    QObject::connect(events_.get(), &QSocketNotifier::activated, events_.get(), [this] { readEvents(); });
+    notifier_ = std::make_unique<QSocketNotifier>(inotify_.number(), QSocketNotifier::Read);
+    QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this] { read(); });
+    watch();
 }
 
-void FolderWatch::readEvents() {
-    std::array<char, 4096> ignored{};
-    while (read(inotify_.get(), ignored.data(), ignored.size()) > 0) {
+void FolderWatch::watch() {
+    if (folderWatch_ >= 0) ::inotify_rm_watch(inotify_.number(), folderWatch_);
+    if (parentWatch_ >= 0) ::inotify_rm_watch(inotify_.number(), parentWatch_);
+    parentWatch_ = -1;
+    folderWatch_ = ::inotify_add_watch(inotify_.number(), folder_.c_str(), folderEvents);
+    if (folderWatch_ >= 0) return;
+    parentWatch_ = ::inotify_add_watch(inotify_.number(), folder_.parent_path().c_str(), parentEvents);
+    // Made in between, so that the parent told nobody.
+    folderWatch_ = ::inotify_add_watch(inotify_.number(), folder_.c_str(), folderEvents);
+}
+
+void FolderWatch::read() {
+    alignas(inotify_event) char buffer[4096];
+    bool mustWatchAnew = false;
+    ssize_t size = 0;
+    while ((size = ::read(inotify_.number(), buffer, sizeof buffer)) > 0) {
+        for (const char* at = buffer; at < buffer + size;) {
+            inotify_event event{};
+            std::memcpy(&event, at, sizeof event);
+            const auto name = nameOf(event, at + sizeof event);
+            at += sizeof event + event.len;
+            const bool isFolderGone =
+                event.wd == folderWatch_ && (event.mask & (IN_DELETE_SELF | IN_MOVE_SELF)) != 0;
+            const bool isFolderBack = event.wd == parentWatch_ && name == folder_.filename().native();
+            if (isFolderGone || isFolderBack)
+                mustWatchAnew = true;
+            else if (event.wd == folderWatch_ || (event.mask & IN_Q_OVERFLOW) != 0)
+                handler_(name);
+        }
     }
-    changed_();
+    if (!mustWatchAnew) return;
+    watch();
+    handler_({});
 }
 
 } // namespace quorvane

@@ -1,29 +1,32 @@
 #pragma once
 
+#include <QSocketNotifier>
 #include <filesystem>
 #include <functional>
 #include <memory>
-
-#include <QSocketNotifier>
+#include <string_view>
 
 #include "platform/linux/defaults/FileDescriptor.h"
 
 namespace quorvane {
 
-/// Tells when files in a folder have been written or replaced. Asks the kernel for nothing else, so that
-/// reading and locking them wakes nobody.
+/// Tells, from the event loop, which files of a folder somebody finished writing, moved in or removed. When
+/// the folder goes, the watch waits for a new one in its place.
 class FolderWatch {
 public:
-    /// Makes the folder when it is missing. Without it, or where the kernel refuses, it says so in one line
-    /// and tells of nothing.
-    FolderWatch(const std::filesystem::path& folder, std::function<void()> changed);
+    /// The handler gets the file's name, or an empty one when any file may have changed.
+    FolderWatch(std::filesystem::path folder, std::function<void(std::string_view fileName)> handler);
 
 private:
-    void readEvents();
+    void watch();
+    void read();
 
+    std::filesystem::path folder_;
+    std::function<void(std::string_view)> handler_;
     FileDescriptor inotify_;
-    std::function<void()> changed_;
-    std::unique_ptr<QSocketNotifier> events_;
+    std::unique_ptr<QSocketNotifier> notifier_;
+    int folderWatch_ = -1;
+    int parentWatch_ = -1;
 };
 
 } // namespace quorvane

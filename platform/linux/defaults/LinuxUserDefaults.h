@@ -1,38 +1,36 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
-#include <string_view>
-#include <vector>
 
-#include <QTimer>
-
+#include "platform/Signal.h"
 #include "platform/UserDefaults.h"
 #include "platform/linux/defaults/DefaultsDomain.h"
 #include "platform/linux/defaults/FolderWatch.h"
 
 namespace quorvane {
 
-/// The user's defaults as property-list files, one for each domain, all in one folder.
-///
-/// Writes are kept together for a moment and then written at once, so that a file with many rules is not
-/// written in the middle of a burst of switches; `synchronize` and `flushPendingWrites` do not wait.
+/// The user's defaults: one property-list file for each domain in one folder, shared with the other programs
+/// of the maker. The stores it hands out must not outlive it.
 class LinuxUserDefaults : public UserDefaultsStores {
 public:
-    LinuxUserDefaults(std::filesystem::path folder, std::string_view standardDomain);
+    /// Creates the folder. With an empty one, nothing outlives the program.
+    LinuxUserDefaults(const std::filesystem::path& folder, std::string_view standardDomain);
     ~LinuxUserDefaults() override;
-    LinuxUserDefaults(const LinuxUserDefaults&) = delete;
-    LinuxUserDefaults& operator=(const LinuxUserDefaults&) = delete;
 
-    /// Where the environment says that the user's settings are.
+    /// Where this user's settings belong; empty when the environment does not tell.
     static std::filesystem::path configFolder();
+
+    /// The name of a domain's file in that folder.
+    static std::string fileNameOf(std::string_view domain);
 
     StandardUserDefaults& standardUserDefaults() override;
     std::unique_ptr<UserDefaults> initWithSuiteName(std::string_view suiteName) override;
 
-    /// Makes every write visible to other programs now.
+    /// Makes every write visible to other processes now instead of at the end of this turn of the event loop.
     void flushPendingWrites();
 
 private:
@@ -40,13 +38,13 @@ private:
     class Suite;
 
     DefaultsDomain& domain(std::string_view name);
-    void flushSoon();
+    void fileChanged(std::string_view fileName);
 
     std::filesystem::path folder_;
-    std::map<std::string, DefaultsDomain, std::less<>> domains_;
+    std::map<std::string, std::unique_ptr<DefaultsDomain>, std::less<>> domains_;
+    Signal<std::string_view, std::string_view> changed_; // domain, key
     std::unique_ptr<Standard> standard_;
-    QTimer flush_;
-    FolderWatch watch_;
+    std::unique_ptr<FolderWatch> watch_;
 };
 
 } // namespace quorvane

@@ -1,11 +1,12 @@
 #include "platform/linux/defaults/PropertyListBytes.h"
 
+#include <plist/plist.h>
+
 #include "platform/linux/defaults/PropertyListShape.h"
 
 namespace quorvane {
 namespace {
 
-constexpr std::size_t maximumSize = std::size_t{16} << 20; // ten thousand rules take about one megabyte
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF"; // some editors write one, libplist knows none
 constexpr std::string_view binaryMark = "bplist";
 
@@ -13,21 +14,22 @@ constexpr std::string_view binaryMark = "bplist";
 
 PropertyListNode readPropertyList(std::string_view bytes, int nesting) {
     if (bytes.starts_with(byteOrderMark)) bytes.remove_prefix(byteOrderMark.size());
-    if (bytes.size() > maximumSize) return nullptr;
+    if (bytes.size() > maximumPropertyListSize) return nullptr;
     // libplist reads, writes and frees containers by recursion and copies what a binary list shares, so a
     // small hostile file could exhaust the stack or the memory.
-    const bool isHarmless = bytes.starts_with(binaryMark) ? isHarmlessBinary(bytes, nesting, maximumSize)
-                                                          : isHarmlessXml(bytes, nesting);
+    const bool isHarmless = bytes.starts_with(binaryMark)
+                                ? isHarmlessBinary(bytes, nesting, maximumPropertyListSize)
+                                : isHarmlessXml(bytes, nesting);
     if (!isHarmless) return nullptr;
     plist_t node = nullptr;
     plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &node);
     return PropertyListNode(node);
 }
 
-std::string xmlOf(plist_t node) {
+std::string xmlOf(const PropertyListNode& node) {
     char* xml = nullptr;
     std::uint32_t length = 0;
-    plist_to_xml(node, &xml, &length);
+    plist_to_xml(node.get(), &xml, &length);
     const std::unique_ptr<char, decltype(&plist_to_xml_free)> owner(xml, plist_to_xml_free);
     return xml ? std::string(xml, length) : std::string();
 }

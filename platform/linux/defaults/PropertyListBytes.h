@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -7,13 +8,15 @@
 
 namespace quorvane {
 
-inline constexpr int maximumNesting = 256;
+inline constexpr int maximumPropertyListNesting = 256;
+/// Ten thousand rules take one megabyte.
+inline constexpr std::size_t maximumPropertyListSize = std::size_t{16} << 20;
 
 /// Reads an XML or binary property list. Null for everything that is none, or that is no honest one: nested
 /// deeper than `nesting` containers, or blown up beyond any settings.
-PropertyListNode readPropertyList(std::string_view bytes, int nesting = maximumNesting);
+PropertyListNode readPropertyList(std::string_view bytes, int nesting = maximumPropertyListNesting);
 
 /// The property list as XML, for people and their editors.
-std::string xmlOf(plist_t node);
+std::string xmlOf(const PropertyListNode& node);
 
 } // namespace quorvane

@@ -1,5 +1,7 @@
 #include "platform/linux/defaults/PropertyListNode.h"
 
+#include <plist/plist.h>
+
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
@@ -71,7 +73,11 @@ PropertyListNode nodeOfDate(PropertyList::Date date) {
 
 } // namespace
 
-PropertyList propertyListOf(plist_t node) {
+void PropertyListNodeDeleter::operator()(void* node) const {
+    plist_free(node);
+}
+
+PropertyList propertyListOf(void* node) {
     switch (plist_get_node_type(node)) {
     case PLIST_BOOLEAN: {
         std::uint8_t value = 0;

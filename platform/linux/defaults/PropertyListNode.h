@@ -1,7 +1,5 @@
 #pragma once
 
-#include <plist/plist.h>
-
 #include <memory>
 
 #include "platform/PropertyList.h"
@@ -9,16 +7,17 @@
 namespace quorvane {
 
 struct PropertyListNodeDeleter {
-    void operator()(void* node) const { plist_free(node); }
+    void operator()(void* node) const;
 };
 
 /// A property list in libplist's own form, which keeps more than the program's values do: unique ids,
 /// integers beyond 63 bits, dates far away. What other programs wrote goes back to a file in this form.
 using PropertyListNode = std::unique_ptr<void, PropertyListNodeDeleter>;
 
-/// A unique id becomes the dictionary { "CF$UID": number }, which is how an XML property list spells it. What
-/// has no counterpart becomes nothing. Dates are exact within 68 years around 2001.
-PropertyList propertyListOf(plist_t node);
+/// A unique id of the node, libplist's `plist_t`, becomes the dictionary { "CF$UID": number }, which is how
+/// an XML property list spells it. What has no counterpart becomes nothing. Dates are exact within 68 years
+/// around 2001.
+PropertyList propertyListOf(void* node);
 
 /// Strings and keys end at their first NUL. `value` must not be nothing; nothing inside a container is left
 /// out.
