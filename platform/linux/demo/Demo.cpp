@@ -2,6 +2,7 @@
 // argument is CLASS=SOURCE: a program's window class and the input source its rule asks for. Exits 0 only if
 // every program got its source.
 
+#include <array>
 #include <cstdio>
 #include <string>
 #include <thread>
@@ -23,6 +24,14 @@ struct Subject {
     std::string wanted;
     xcb_window_t window;
 };
+
+std::string taken(const FocusedWindows::Times& times) {
+    if (!times.focused || !times.switched) return "-";
+    const std::chrono::duration<double, std::milli> difference(*times.switched - *times.focused);
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%.2f ms", difference.count());
+    return text.data();
+}
 
 /// True when the program got the source it wants.
 bool show(FocusedWindows& desktop, const Subject& subject) {
