@@ -13,16 +13,19 @@ constexpr std::chrono::milliseconds lockPatience = 100ms;
 constexpr std::chrono::milliseconds firstRetry = 250ms;
 constexpr std::chrono::milliseconds longestRetry = 1h;
 
+const PropertyList::Dictionary& entriesOf(const PropertyList& value) {
+    static const PropertyList::Dictionary none;
+    const auto* entries = value.dictionary();
+    return entries ? *entries : none;
+}
+
 /// Calls the handler with each key that one of two dictionaries lacks or has another value for.
 void forEachDifference(const PropertyList& before, const PropertyList& after,
                        const DefaultsDomain::KeyHandler& handler) {
-    static const PropertyList::Dictionary none;
-    const auto& left = before.dictionary() ? *before.dictionary() : none;
-    const auto& right = after.dictionary() ? *after.dictionary() : none;
-    for (const auto& [key, value] : left)
+    for (const auto& [key, value] : entriesOf(before))
         if (!(after[key] == value)) handler(key);
-    for (const auto& [key, value] : right)
-        if (!left.contains(key)) handler(key);
+    for (const auto& [key, value] : entriesOf(after))
+        if (before[key].isNothing()) handler(key);
 }
 
 } // namespace
@@ -90,8 +93,7 @@ void DefaultsDomain::noticeChangesSince(const PropertyList& before) {
         if (!pending_.contains(key)) changedByOthers_.emplace(key);
     });
     if (isAnnouncementQueued || changedByOthers_.empty()) return;
-    QMetaObject::invokeMethod(
-        &retry_, [this] { announceChanges(); }, Qt::QueuedConnection);
+    later([this] { announceChanges(); });
 }
 
 void DefaultsDomain::announceChanges() {
@@ -102,11 +104,14 @@ void DefaultsDomain::announceChanges() {
 void DefaultsDomain::flushLater() {
     if (isFlushQueued_ || retry_.isActive()) return;
     isFlushQueued_ = true;
-    const auto flushNow = [this] {
+    later([this] {
         isFlushQueued_ = false;
         flush(Durability::visible);
-    };
-    QMetaObject::invokeMethod(&retry_, flushNow, Qt::QueuedConnection);
+    });
+}
+
+void DefaultsDomain::later(std::function<void()> block) {
+    QMetaObject::invokeMethod(&retry_, std::move(block), Qt::QueuedConnection);
 }
 
 void DefaultsDomain::retryLater(std::error_code error) {

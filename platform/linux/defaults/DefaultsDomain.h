@@ -40,6 +40,7 @@ private:
     void noticeChangesSince(const PropertyList& before);
     void announceChanges();
     void flushLater();
+    void later(std::function<void()> block); // from the event loop, unless this object is gone by then
     void retryLater(std::error_code error);
 
     DefaultsFile file_;

@@ -1,0 +1,125 @@
+// Damage, editors in the middle of saving, held locks, full disks and folders that cannot be written.
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+
+#include <csignal>
+
+#include "linux/defaults/SettingsFolder.h"
+
+namespace quorvane {
+namespace {
+
+const QByteArray good = SettingsFolder::dictionary("<key>key</key><string>good</string>");
+const QByteArray newer = SettingsFolder::dictionary("<key>key</key><string>newer</string>");
+
+class SettingsFaultsTest : public testing::Test {
+protected:
+    SettingsFolder folder_;
+};
+
+TEST_F(SettingsFaultsTest, AFileDamagedAtTheStartIsSetAside) {
+    testing::internal::CaptureStderr();
+    const QByteArray damages[] = {"", "no property list", good.left(good.size() / 2),
+                                  "<plist><array/></plist>"};
+    for (const auto& damage : damages) {
+        folder_.save(damage);
+        LinuxUserDefaults stores(folder_.path(), "suite");
+        auto& standard = stores.standardUserDefaults();
+        EXPECT_TRUE(standard.objectForKey("key").isNothing());
+        standard.setObject("new", "key");
+        EXPECT_TRUE(standard.synchronize());
+    }
+    EXPECT_EQ(folder_.bytes("suite.plist.damaged"), damages[0]);
+    for (int i = 1; i < 4; ++i)
+        EXPECT_EQ(folder_.bytes(QString("suite.plist.damaged-%1").arg(i + 1)), damages[i]);
+    EXPECT_THAT(testing::internal::GetCapturedStderr(),
+                testing::HasSubstr("suite.plist is damaged: set aside as suite.plist.damaged-4"));
+}
+
+TEST_F(SettingsFaultsTest, AHalfSavedFileIsLeftToItsEditor) {
+    folder_.save(good);
+    LinuxUserDefaults stores(folder_.path(), "suite");
+    auto& standard = stores.standardUserDefaults();
+    std::vector<PropertyList> told;
+    const auto subscription = standard.addObserver(
+        "key", [&](std::string_view key) { told.push_back(standard.objectForKey(key)); });
+    folder_.save(newer.left(newer.size() / 2));
+    EXPECT_EQ(standard.objectForKey("key"), PropertyList("good"));
+    folder_.save(newer);
+    EXPECT_TRUE(waitUntil([&] { return !told.empty(); }));
+    EXPECT_THAT(told, testing::ElementsAre("newer"));
+    EXPECT_FALSE(QFile::exists(folder_.file("suite.plist.damaged")));
+}
+
+TEST_F(SettingsFaultsTest, AWriteSavesTheGoodContentsFromADamagedFile) {
+    folder_.save(good);
+    LinuxUserDefaults stores(folder_.path(), "suite");
+    folder_.save("damaged");
+    stores.standardUserDefaults().setObject(1, "own");
+    EXPECT_TRUE(stores.standardUserDefaults().synchronize());
+    EXPECT_EQ(folder_.bytes("suite.plist.damaged"), "damaged");
+    const auto contents = DefaultsFile(folder_.file().toStdString()).contents();
+    EXPECT_EQ(contents["key"], PropertyList("good"));
+    EXPECT_EQ(contents["own"], PropertyList(1));
+}
+
+TEST_F(SettingsFaultsTest, AHeldLockDelaysWritesAndNothingElse) {
+    folder_.save(good);
+    LinuxUserDefaults stores(folder_.path(), "suite");
+    auto& standard = stores.standardUserDefaults();
+    FileDescriptor holder(::open(folder_.file("suite.plist.lock").toUtf8(), O_RDONLY | O_CREAT, 0600));
+    ASSERT_EQ(::flock(holder.number(), LOCK_EX), 0);
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < 20; ++i) {
+        standard.setObject("waiting", "key");
+        EXPECT_FALSE(standard.synchronize());
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    EXPECT_EQ(standard.objectForKey("key"), PropertyList("waiting"));
+    EXPECT_EQ(folder_.bytes(), good);
+    holder = FileDescriptor();
+    EXPECT_TRUE(waitUntil([&] { return folder_.bytes().contains("waiting"); }));
+}
+
+TEST_F(SettingsFaultsTest, AFullDiskLeavesTheGoodFile) {
+    folder_.save(good);
+    LinuxUserDefaults stores(folder_.path(), "suite");
+    auto& standard = stores.standardUserDefaults();
+    rlimit usual{};
+    ::getrlimit(RLIMIT_FSIZE, &usual);
+    const rlimit full{.rlim_cur = 100, .rlim_max = usual.rlim_max};
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    ::setrlimit(RLIMIT_FSIZE, &full);
+    standard.setObject(std::string(1000, 'x'), "own");
+    const bool isWritten = standard.synchronize();
+    ::setrlimit(RLIMIT_FSIZE, &usual);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_FALSE(isWritten);
+    EXPECT_EQ(folder_.bytes(), good);
+    EXPECT_EQ(standard.stringForKey("own")->size(), 1000U);
+    EXPECT_EQ(standard.stringForKey("key"), "good");
+    EXPECT_TRUE(waitUntil([&] { return folder_.bytes().contains("<key>own</key>"); }));
+    EXPECT_TRUE(folder_.bytes().contains("<string>good</string>"));
+}
+
+TEST_F(SettingsFaultsTest, WithoutAFolderSettingsLastAsLongAsTheProgram) {
+    testing::internal::CaptureStderr();
+    for (const auto* folder : {"", "/dev/null/quorvane"}) {
+        LinuxUserDefaults stores(folder, "suite");
+        auto& standard = stores.standardUserDefaults();
+        standard.setObject("kept", "key");
+        EXPECT_FALSE(standard.synchronize());
+        stores.initWithSuiteName("other")->setObject("kept", "key");
+        EXPECT_EQ(stores.initWithSuiteName("other")->stringForKey("key"), "kept");
+        EXPECT_EQ(standard.stringForKey("key"), "kept");
+    }
+    const auto lines = QString::fromStdString(testing::internal::GetCapturedStderr()).trimmed().split('\n');
+    EXPECT_EQ(lines.size(), 2); // one for each folder
+}
+
+} // namespace
+} // namespace quorvane
