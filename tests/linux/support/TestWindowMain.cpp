@@ -28,6 +28,10 @@ public:
         }
     }
 
+    ~Program() { xcb_disconnect(xcb_); }
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
     void show() {
         const auto* screen = xcb_setup_roots_iterator(xcb_get_setup(xcb_)).data;
         int x = 50, y = 50, width = 200, height = 100;
