@@ -34,8 +34,15 @@ public:
     }
     void activate(const std::string& id) override { session_.user.activate(windows_[id].front().window()); }
     void hide(const std::string& id) override {
-        for (const auto& each : windows_[id])
+        constexpr std::uint32_t iconic = 3;
+        for (const auto& each : windows_[id]) {
             session_.user.minimise(each.window());
+            // The focus moves on before the window manager has done with this one.
+            waitUntil([&] {
+                const auto state = session_.user.values(each.window(), "WM_STATE");
+                return !state.empty() && state.front() == iconic;
+            });
+        }
     }
     void quit(const std::string& id) override { windows_.erase(id); }
 

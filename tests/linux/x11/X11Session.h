@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "linux/support/ScratchFolders.h"
 #include "linux/support/TestWindow.h"
@@ -10,6 +11,7 @@
 #include "linux/support/XClient.h"
 #include "linux/support/XServer.h"
 #include "platform/linux/x11/X11Workspace.h"
+#include "platform/linux/x11/XcbReply.h"
 
 namespace quorvane {
 
@@ -30,6 +32,12 @@ struct X11Session {
     std::string front() const {
         const auto application = workspace.frontmostApplication();
         return application ? *application->bundleIdentifier : std::string();
+    }
+    /// Lets the program handle everything that the server has sent it so far.
+    void catchUp() const {
+        const XcbReply<xcb_get_input_focus_reply_t> all(
+            xcb_get_input_focus_reply(x->xcb(), xcb_get_input_focus(x->xcb()), nullptr));
+        waitUntil([hasRun = false]() mutable { return std::exchange(hasRun, true); });
     }
     bool waitForFront(const std::string& id) const {
         return waitUntil([&] { return front() == id; });
