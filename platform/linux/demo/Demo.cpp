@@ -41,10 +41,8 @@ bool show(FocusedWindows& desktop, const Subject& subject) {
     std::this_thread::sleep_for(pauseBetween);
     const auto after = desktop.currentLayout();
     const bool isRight = times.focused && after == subject.wanted;
-    const std::chrono::duration<double, std::milli> taken(
-        times.focused && times.switched ? *times.switched - *times.focused : 0ns);
-    std::printf("%-18s %-8s %-8s %-8s %6.2f ms  %s\n", subject.name.c_str(), subject.wanted.c_str(),
-                before.c_str(), after.c_str(), taken.count(), isRight ? "" : "WRONG");
+    std::printf("%-18s %-8s %-8s %-8s %9s  %s\n", subject.name.c_str(), subject.wanted.c_str(),
+                before.c_str(), after.c_str(), taken(times).c_str(), isRight ? "" : "WRONG");
     std::fflush(stdout);
     return isRight;
 }

@@ -45,7 +45,7 @@ public:
     ApplicationIdentities& operator=(const ApplicationIdentities&) = delete;
 
     /// What `ownerOf` needs to know of all these windows, in one round trip. From now on, the connection gets
-    /// their PropertyNotify and DestroyNotify events.
+    /// their property, structure and focus events.
     void learn(std::span<const xcb_window_t> windows);
 
     /// Null for a window that has vanished. No round trip for a known window. The pointer is valid until

@@ -80,6 +80,10 @@ void X11Workspace::handle(const xcb_generic_event_t& event) {
     case XCB_PROPERTY_NOTIFY:
         handleProperty(reinterpret_cast<const xcb_property_notify_event_t&>(event));
         break;
+    case XCB_FOCUS_IN:
+    case XCB_FOCUS_OUT:
+        handleFocus(reinterpret_cast<const xcb_focus_in_event_t&>(event));
+        break;
     case XCB_DESTROY_NOTIFY:
         forget(reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window);
         break;
@@ -100,11 +104,26 @@ void X11Workspace::handleProperty(const xcb_property_notify_event_t& change) {
     }
 }
 
+// A grab borrows the keyboard and gives it back; a focus that only follows the pointer is none; and one that
+// moves into the window is still there.
+void X11Workspace::handleFocus(const xcb_focus_in_event_t& change) {
+    const bool isGrab = change.mode == XCB_NOTIFY_MODE_GRAB || change.mode == XCB_NOTIFY_MODE_UNGRAB;
+    if (isGrab || change.detail >= XCB_NOTIFY_DETAIL_POINTER || !applications_.contains(change.event)) return;
+    if ((change.response_type & 0x7f) == XCB_FOCUS_IN) {
+        focusedWindow_ = change.event;
+        if (focusedWindow_ != activeWindow_) activate(focusedWindow_);
+    } else if (change.event == focusedWindow_ && change.detail != XCB_NOTIFY_DETAIL_INFERIOR) {
+        focusedWindow_ = XCB_WINDOW_NONE;
+    }
+}
+
 // The property holds none for a moment at nearly every switch (openbox), a second value (xfwm4), or the same
 // window once more; and its window may be gone by now.
 void X11Workspace::readActiveWindow() {
     const auto windows = XProperty(x_, x_.root(), "_NET_ACTIVE_WINDOW").values();
     if (windows.empty() || windows.front() == XCB_WINDOW_NONE || windows.front() == activeWindow_) return;
+    // The property lags behind the focus: in a quick succession it tells of a window that has lost it again.
+    if (focusedWindow_ != XCB_WINDOW_NONE) return;
     activate(windows.front());
 }
 
@@ -161,7 +180,9 @@ void X11Workspace::identifyAgain(xcb_window_t window) {
 
 void X11Workspace::forget(xcb_window_t window) {
     applications_.remove(window);
-    if (window == activeWindow_) activeWindow_ = XCB_WINDOW_NONE; // The server reuses the number soon.
+    // The server reuses the number soon.
+    if (window == activeWindow_) activeWindow_ = XCB_WINDOW_NONE;
+    if (window == focusedWindow_) focusedWindow_ = XCB_WINDOW_NONE;
 }
 
 bool X11Workspace::isHidden(const std::vector<std::uint32_t>& states) const {

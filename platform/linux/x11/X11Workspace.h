@@ -15,8 +15,9 @@
 
 namespace quorvane {
 
-/// The applications on an X11 desktop, as its window manager tells of them (EWMH). Windows of this process
-/// belong to no application: while one of them is active, the application that was in front stays there.
+/// The applications on an X11 desktop, as its window manager tells of them (EWMH). Which one is in front is
+/// learnt from the X server's keyboard focus, a millisecond before the window manager tells of it. Windows of
+/// this process belong to no application: while one of them is active, the application that was in front stays there.
 ///
 /// Without a window manager nothing happens until one appears.
 class X11Workspace : public Workspace {
@@ -42,6 +43,7 @@ private:
     void readStart();
     void handle(const xcb_generic_event_t& event);
     void handleProperty(const xcb_property_notify_event_t& change);
+    void handleFocus(const xcb_focus_in_event_t& change);
     void readActiveWindow();
     void readState(xcb_window_t window);
     void identifyAgain(xcb_window_t window);
@@ -57,6 +59,7 @@ private:
     BackgroundApplications* background_;
     WindowedApplications applications_;
     xcb_window_t activeWindow_ = XCB_WINDOW_NONE;
+    xcb_window_t focusedWindow_ = XCB_WINDOW_NONE; ///< As far as the server has told; none: it has not.
     std::optional<RunningApplication> front_;
     std::string shownAgain_; ///< The application that was shown again while another one was in front.
     Posted activated_;

@@ -6,7 +6,9 @@
 namespace quorvane {
 namespace {
 
-InputSource sourceOf(const XkbLayout& layout) { return {.id = layout.id(), .hasIconReference = true}; }
+InputSource sourceOf(const XkbLayout& layout) {
+    return {.id = layout.id(), .hasIconReference = true};
+}
 
 /// The letters on a layout's icon: its language's, in capitals.
 std::string lettersOf(const std::string& brief) {
@@ -19,10 +21,12 @@ std::string lettersOf(const std::string& brief) {
 } // namespace
 
 XkbInputSources::XkbInputSources(XConnection& x, DrawIcon drawIcon)
-    : keyboard_(x), drawIcon_(std::move(drawIcon)), selectedID_(idOfGroup(keyboard_.effectiveGroup())),
-      toldID_(selectedID_),
-      groupChanges_(keyboard_.groupChanged.connect([this](unsigned group) { groupChanged(group); })),
-      mapChanges_(keyboard_.mapChanged.connect([this] { mapChanged(); })) {}
+    : keyboard_(x)
+    , drawIcon_(std::move(drawIcon))
+    , selectedID_(idOfGroup(keyboard_.effectiveGroup()))
+    , toldID_(selectedID_)
+    , groupChanges_(keyboard_.groupChanged.connect([this](unsigned group) { groupChanged(group); }))
+    , mapChanges_(keyboard_.mapChanged.connect([this] { mapChanged(); })) {}
 
 const XkbInputSources::Layouts& XkbInputSources::layouts() const {
     if (!layouts_) {
@@ -96,7 +100,8 @@ void XkbInputSources::mapChanged() {
     // One change of the map is told up to a dozen times; all of it has arrived when the loop comes round.
     if (!std::exchange(mapChangePending_, true)) {
         groupsBeforeChange_ = layouts().ofGroups;
-        QMetaObject::invokeMethod(&later_, [this] { keepSelectionAcrossMaps(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            &later_, [this] { keepSelectionAcrossMaps(); }, Qt::QueuedConnection);
     }
     layouts_.reset();
     names_.reset();
@@ -108,6 +113,7 @@ void XkbInputSources::keepSelectionAcrossMaps() {
     mapChangePending_ = false;
     const auto& groups = layouts().ofGroups;
     if (groups.empty()) return;
+    keyboard_.readGroup();
     const auto effective = keyboard_.effectiveGroup();
     auto wanted = effective % groups.size();
     if (groups != groupsBeforeChange_) {

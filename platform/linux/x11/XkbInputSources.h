@@ -57,7 +57,7 @@ private:
     std::string toldID_;     ///< What observers know as the selected source.
     bool mapChangePending_ = false;
     std::vector<XkbLayout> groupsBeforeChange_; // while a change is pending
-    QObject later_; // the context of queued calls: they end with it
+    QObject later_;                             // the context of queued calls: they end with it
     Subscription groupChanges_;
     Subscription mapChanges_;
 };

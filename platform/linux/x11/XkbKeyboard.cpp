@@ -8,7 +8,8 @@
 namespace quorvane {
 namespace {
 
-constexpr std::string_view rulesNamesProperty = "_XKB_RULES_NAMES"; // rules, model, layouts, variants, options
+constexpr std::string_view rulesNamesProperty =
+    "_XKB_RULES_NAMES"; // rules, model, layouts, variants, options
 constexpr std::size_t layoutsField = 2;
 constexpr std::size_t variantsField = 3;
 constexpr xcb_xkb_device_spec_t coreKeyboard = XCB_XKB_ID_USE_CORE_KBD;
@@ -22,11 +23,11 @@ void selectEvents(xcb_connection_t* xcb) {
     details.stateDetails = groupParts;
     details.affectNewKeyboard = newKeyboardParts;
     details.newKeyboardDetails = newKeyboardParts;
-    constexpr std::uint16_t affected =
-        XCB_XKB_EVENT_TYPE_STATE_NOTIFY | XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY;
+    constexpr std::uint16_t affected = XCB_XKB_EVENT_TYPE_STATE_NOTIFY |
+                                       XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY;
     constexpr std::uint16_t wholeMap = XCB_XKB_MAP_PART_KEY_TYPES | XCB_XKB_MAP_PART_KEY_SYMS;
-    xcb_xkb_select_events_aux(xcb, coreKeyboard, affected, 0, XCB_XKB_EVENT_TYPE_MAP_NOTIFY, wholeMap, wholeMap,
-                              &details);
+    xcb_xkb_select_events_aux(xcb, coreKeyboard, affected, 0, XCB_XKB_EVENT_TYPE_MAP_NOTIFY, wholeMap,
+                              wholeMap, &details);
 }
 
 std::string nameOfAtom(xcb_connection_t* xcb, xcb_get_atom_name_cookie_t cookie) {
@@ -67,6 +68,7 @@ XkbKeyboard::XkbKeyboard(XConnection& x) : x_(x) {
     x_.selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
     const XcbReply<xcb_xkb_use_extension_reply_t> reply(xcb_xkb_use_extension_reply(xcb, use, nullptr));
     events_ = x_.onEvent([this](const xcb_generic_event_t& event) { handleEvent(event); });
+    readGroup();
 }
 
 XkbMapDescription XkbKeyboard::readMap() const {
@@ -88,12 +90,12 @@ XkbMapDescription XkbKeyboard::readMap() const {
     return map;
 }
 
-unsigned XkbKeyboard::effectiveGroup() const {
-    if (!firstEvent_) return 0;
+void XkbKeyboard::readGroup() {
+    if (!firstEvent_) return;
     auto* xcb = x_.xcb();
     const XcbReply<xcb_xkb_get_state_reply_t> state(
         xcb_xkb_get_state_reply(xcb, xcb_xkb_get_state(xcb, coreKeyboard), nullptr));
-    return state ? state->group : 0;
+    if (state) group_ = state->group;
 }
 
 void XkbKeyboard::lockGroup(unsigned group) {
@@ -101,7 +103,10 @@ void XkbKeyboard::lockGroup(unsigned group) {
     // A latched group would be added to the locked one at the next key.
     constexpr std::uint8_t lock = 1;
     constexpr std::uint8_t unlatch = 1;
-    xcb_xkb_latch_lock_state(x_.xcb(), coreKeyboard, 0, 0, lock, static_cast<std::uint8_t>(group), 0, unlatch, 0);
+    lockRequest_ = xcb_xkb_latch_lock_state(x_.xcb(), coreKeyboard, 0, 0, lock,
+                                            static_cast<std::uint8_t>(group), 0, unlatch, 0)
+                       .sequence;
+    group_ = group;
     // Now, not before the loop next sleeps: the user may be typing already.
     xcb_flush(x_.xcb());
 }
@@ -114,10 +119,16 @@ void XkbKeyboard::handleEvent(const xcb_generic_event_t& event) {
     } else if (type == firstEvent_) {
         const auto& notify = reinterpret_cast<const xcb_xkb_state_notify_event_t&>(event);
         if (notify.xkbType == XCB_XKB_STATE_NOTIFY)
-            groupChanged.emit(notify.group);
+            handleGroup(event.full_sequence, notify.group);
         else if (notify.xkbType == XCB_XKB_NEW_KEYBOARD_NOTIFY || notify.xkbType == XCB_XKB_MAP_NOTIFY)
             mapChanged.emit();
     }
+}
+
+void XkbKeyboard::handleGroup(std::uint32_t sequence, unsigned group) {
+    const bool isOlderThanLock = static_cast<std::int32_t>(sequence - lockRequest_) < 0;
+    if (!isOlderThanLock) group_ = group;
+    groupChanged.emit(group_);
 }
 
 } // namespace quorvane

@@ -37,7 +37,8 @@ Component parseComponent(std::string_view text) {
     return component;
 }
 
-/// Every component by the group it stands for, in order. The first group holds what belongs to all groups too.
+/// Every component by the group it stands for, in order. The first group holds what belongs to all groups
+/// too.
 std::multimap<std::size_t, XkbLayout> componentsByGroup(std::string_view symbols) {
     std::multimap<std::size_t, XkbLayout> byGroup;
     for (const auto& part : split(symbols, "+|")) {
@@ -48,11 +49,15 @@ std::multimap<std::size_t, XkbLayout> componentsByGroup(std::string_view symbols
 }
 
 /// The keys that every layout of a PC keyboard shares; stands before the first layout.
-bool isBaseOfKeyboard(const XkbLayout& component) { return component.layout == "pc"; }
+bool isBaseOfKeyboard(const XkbLayout& component) {
+    return component.layout == "pc";
+}
 
 } // namespace
 
-std::string XkbLayout::id() const { return "xkb:" + layout + (variant.empty() ? "" : ":" + variant); }
+std::string XkbLayout::id() const {
+    return "xkb:" + layout + (variant.empty() ? "" : ":" + variant);
+}
 
 std::vector<XkbLayout> layoutsOfGroups(const XkbMapDescription& map) {
     const auto byGroup = componentsByGroup(map.symbols);

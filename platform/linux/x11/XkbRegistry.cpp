@@ -11,7 +11,9 @@ namespace {
 
 constexpr const char* translations = "xkeyboard-config"; // the database's own gettext domain
 
-std::string textOf(const char* text) { return text ? text : ""; }
+std::string textOf(const char* text) {
+    return text ? text : "";
+}
 
 std::string translated(const char* description) {
     if (!description) return {};
@@ -27,7 +29,8 @@ struct ContextDeleter {
 
 std::map<std::string, XkbLayoutNames> namesOfLayouts(const std::vector<XkbLayout>& layouts) {
     std::map<std::string, XkbLayoutNames> names;
-    const std::unique_ptr<rxkb_context, ContextDeleter> context(rxkb_context_new(RXKB_CONTEXT_LOAD_EXOTIC_RULES));
+    const std::unique_ptr<rxkb_context, ContextDeleter> context(
+        rxkb_context_new(RXKB_CONTEXT_LOAD_EXOTIC_RULES));
     if (!context || !rxkb_context_parse(context.get(), "evdev")) return names;
     for (auto* entry = rxkb_layout_first(context.get()); entry; entry = rxkb_layout_next(entry)) {
         const XkbLayout layout{textOf(rxkb_layout_get_name(entry)), textOf(rxkb_layout_get_variant(entry))};

@@ -34,15 +34,12 @@ public:
     }
     void activate(const std::string& id) override { session_.user.activate(windows_[id].front().window()); }
     void hide(const std::string& id) override {
-        constexpr std::uint32_t iconic = 3;
         for (const auto& each : windows_[id]) {
             session_.user.minimise(each.window());
             // The focus moves on before the window manager has done with this one.
-            waitUntil([&] {
-                const auto state = session_.user.values(each.window(), "WM_STATE");
-                return !state.empty() && state.front() == iconic;
-            });
+            waitUntil([&] { return !session_.user.values(each.window(), "_NET_WM_STATE").empty(); });
         }
+        session_.handleWhatHappened();
     }
     void quit(const std::string& id) override { windows_.erase(id); }
 

@@ -5,6 +5,8 @@
 #include <string>
 #include <utility>
 
+#include <QCoreApplication>
+
 #include "linux/support/ScratchFolders.h"
 #include "linux/support/TestWindow.h"
 #include "linux/support/WaitUntil.h"
@@ -27,6 +29,13 @@ struct X11Session {
     DesktopEntries entries = DesktopEntries::ofEnvironment();
     ApplicationIdentities identities{*x, entries};
     X11Workspace workspace{*x, identities, nullptr};
+
+    /// Has the program see everything that has happened on the server so far.
+    void handleWhatHappened() {
+        const XcbReply<xcb_get_input_focus_reply_t> roundTrip(
+            xcb_get_input_focus_reply(x->xcb(), xcb_get_input_focus(x->xcb()), nullptr));
+        QCoreApplication::processEvents();
+    }
 
     /// The id of the application in front; empty when there is none.
     std::string front() const {
