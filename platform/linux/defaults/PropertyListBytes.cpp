@@ -31,7 +31,9 @@ std::string xmlOf(const PropertyListNode& node) {
     std::uint32_t length = 0;
     plist_to_xml(node.get(), &xml, &length);
     const std::unique_ptr<char, decltype(&plist_to_xml_free)> owner(xml, plist_to_xml_free);
-    return xml ? std::string(xml, length) : std::string();
+    std::string text(xml ? std::string_view(xml, length) : std::string_view());
+    std::erase(text, '\0'); // strings of binary lists may hold them, XML cannot
+    return text;
 }
 
 } // namespace quorvane
