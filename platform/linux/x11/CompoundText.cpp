@@ -36,8 +36,8 @@ constexpr std::array characterSets = {
 
 std::string converted(std::string bytes, const char* encoding) {
     const auto converter = iconv_open("UTF-8", encoding);
-    if (converter == iconv_t(-1))
-        return {}; // NOLINT(performance-no-int-to-ptr): the interface's own error value
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the interface's own error value
+    if (converter == iconv_t(-1)) return {};
     std::string utf8(bytes.size() * 4, '\0');
     char* in = bytes.data();
     char* out = utf8.data();

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <map>
-#include <ranges>
 
 #include "platform/linux/x11/XProperties.h"
 #include "platform/linux/x11/XcbReply.h"
@@ -89,9 +88,9 @@ std::vector<StackedWindow> stackedWindows(XConnection& x) {
     const auto clientOf = clientsByTop(x, clients);
 
     std::vector<std::pair<xcb_window_t, bool>> candidates; // The window, and whether it is managed.
-    for (const auto top : std::views::reverse(tops)) {
-        const auto client = clientOf.find(top);
-        candidates.emplace_back(client == clientOf.end() ? top : client->second, client != clientOf.end());
+    for (auto top = tops.rbegin(); top != tops.rend(); ++top) {
+        const auto client = clientOf.find(*top);
+        candidates.emplace_back(client == clientOf.end() ? *top : client->second, client != clientOf.end());
     }
     std::vector<Question> questions;
     questions.reserve(candidates.size());
@@ -106,7 +105,7 @@ std::vector<StackedWindow> stackedWindows(XConnection& x) {
         const bool isShown = window.isVisible && reachesInto(window.bounds, x.screen());
         if (isManaged || isShown) stack.push_back(window);
     }
-    std::ranges::stable_partition(stack, &StackedWindow::isVisible);
+    std::stable_partition(stack.begin(), stack.end(), [](const auto& each) { return each.isVisible; });
     return stack;
 }
 

@@ -91,8 +91,7 @@ std::vector<X11Screens::Monitor> X11Screens::readMonitors() const {
         found.push_back({XCB_ATOM_PRIMARY, whole, true});
     }
     if (found.empty()) found.push_back({XCB_ATOM_PRIMARY, {}, true}); // The server has gone.
-    const auto isPrimary = [](const Monitor& each) { return each.isPrimary; };
-    std::ranges::stable_partition(found, isPrimary);
+    std::stable_partition(found.begin(), found.end(), [](const auto& each) { return each.isPrimary; });
     return found;
 }
 

@@ -37,7 +37,10 @@ public:
         for (const auto& each : windows_[id]) {
             session_.user.minimise(each.window());
             // The focus moves on before the window manager has done with this one.
-            waitUntil([&] { return !session_.user.values(each.window(), "_NET_WM_STATE").empty(); });
+            waitUntil([&] {
+                const auto states = session_.user.values(each.window(), "_NET_WM_STATE");
+                return std::ranges::count(states, session_.x->atom("_NET_WM_STATE_HIDDEN")) > 0;
+            });
         }
         session_.handleWhatHappened();
     }

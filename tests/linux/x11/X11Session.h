@@ -5,8 +5,6 @@
 #include <string>
 #include <utility>
 
-#include <QCoreApplication>
-
 #include "linux/support/ScratchFolders.h"
 #include "linux/support/TestWindow.h"
 #include "linux/support/WaitUntil.h"
@@ -34,19 +32,13 @@ struct X11Session {
     void handleWhatHappened() {
         const XcbReply<xcb_get_input_focus_reply_t> roundTrip(
             xcb_get_input_focus_reply(x->xcb(), xcb_get_input_focus(x->xcb()), nullptr));
-        QCoreApplication::processEvents();
+        waitUntil([hasRun = false]() mutable { return std::exchange(hasRun, true); }); // Until it sleeps.
     }
 
     /// The id of the application in front; empty when there is none.
     std::string front() const {
         const auto application = workspace.frontmostApplication();
         return application ? *application->bundleIdentifier : std::string();
-    }
-    /// Lets the program handle everything that the server has sent it so far.
-    void catchUp() const {
-        const XcbReply<xcb_get_input_focus_reply_t> all(
-            xcb_get_input_focus_reply(x->xcb(), xcb_get_input_focus(x->xcb()), nullptr));
-        waitUntil([hasRun = false]() mutable { return std::exchange(hasRun, true); });
     }
     bool waitForFront(const std::string& id) const {
         return waitUntil([&] { return front() == id; });

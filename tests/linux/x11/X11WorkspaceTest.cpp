@@ -82,14 +82,14 @@ TEST_F(X11WorkspaceTest, IgnoresTransientRepeatedVanishedAndOutdatedActiveWindow
     session_.user.activate(beta.window());
     ASSERT_TRUE(session_.waitForFront("Beta"));
     session_.manager.reset(); // From here on nobody else changes the property.
-    session_.catchUp();
+    session_.handleWhatHappened();
     activated_.clear();
     const std::vector<std::uint32_t> values[] = {{0}, {beta.window()},    {destroyed},
                                                  {},  {beta.window(), 0}, {alpha.window(), 0},
                                                  {0}, {alpha.window()}};
     for (const auto& value : values) {
         session_.user.setValues(session_.user.root(), "_NET_ACTIVE_WINDOW", value);
-        session_.catchUp();
+        session_.handleWhatHappened();
     }
     EXPECT_THAT(activated_, testing::ElementsAre("Alpha"));
 }
@@ -137,7 +137,7 @@ TEST_F(X11WorkspaceTest, TreatsWindowsOfThisProcessAsNobodys) {
     const auto own = session_.user.show();
     ASSERT_TRUE(waitUntil(
         [&] { return session_.user.values(session_.user.root(), "_NET_ACTIVE_WINDOW").front() == own; }));
-    session_.catchUp();
+    session_.handleWhatHappened();
     EXPECT_THAT(activated_, testing::ElementsAre("Alpha"));
     EXPECT_THAT(launched_, testing::ElementsAre("Alpha"));
 }
