@@ -31,9 +31,12 @@ int runProgram(quorvane::XConnection& x, bool replacesAnother) {
     const auto serverLoss = x.onLost([&application] { application.terminate(); });
 
     quorvane::AppDelegate program(linuxDesktop.desktop());
-    program.applicationDidFinishLaunching();
-    if (application.isTerminated()) return 0; // told to end while the reminder was up
-    instance.onReopen([&program] { program.applicationShouldHandleReopen(false); });
+    // From within the event loop, so that the program can be told to end while the reminder is up.
+    const auto start = [&program, &instance] {
+        program.applicationDidFinishLaunching();
+        instance.onReopen([&program] { program.applicationShouldHandleReopen(false); });
+    };
+    QMetaObject::invokeMethod(qApp, start, Qt::QueuedConnection);
     return QApplication::exec();
 }
 

@@ -17,9 +17,6 @@ void QtApplicationPort::activateIgnoringOtherApps() {
     }
 }
 
-void QtApplicationPort::terminate() {
-    isTerminated_ = true;
-    QCoreApplication::quit();
-}
+void QtApplicationPort::terminate() { QCoreApplication::quit(); }
 
 } // namespace quorvane

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include <QProcess>
+
+#include "linux/support/ScratchFolders.h"
+#include "linux/support/XClient.h"
+#include "linux/support/XServer.h"
+#include "platform/linux/defaults/LinuxUserDefaults.h"
+#include "platform/linux/x11/XkbKeyboard.h"
+#include "settings/Maker.h"
+
+namespace quorvane {
+
+/// A program started by a test; ends with this object. What it writes to standard error is kept.
+class TestProgram {
+public:
+    explicit TestProgram(const QString& program, const QStringList& arguments = {});
+    ~TestProgram();
+
+    /// Everything it has written so far.
+    QString output();
+    QString errors();
+
+    bool isRunning() const { return process_.state() == QProcess::Running; }
+    bool waitForEnd();
+    void terminate() { process_.terminate(); }
+    int exitCode() const { return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : -1; }
+
+private:
+    QProcess process_;
+    QString output_;
+    QString errors_;
+};
+
+/// A user's session with the layouts us, ru and de (`xkb:us` selected), a window manager and a session bus.
+/// The user does not want to be reminded of login items.
+class ProgramSession {
+public:
+    explicit ProgramSession(const QString& windowManager = "openbox");
+    ~ProgramSession();
+
+    /// Starts the program and waits until it has taken a rule: it is ready then.
+    void startProgram();
+
+    /// A rule as the user would make it while the program runs, waited for until the program has taken it.
+    void setRule(const std::string& application, const std::string& inputSource);
+
+    /// The group that typing uses, as the server tells it.
+    unsigned group();
+    bool waitForGroup(unsigned wanted);
+
+    /// Types the keys at these places of the keyboard, whatever layout they are in.
+    void type(std::initializer_list<std::uint8_t> keycodes);
+
+    std::int64_t switchTimes() { return shared()->integerForKey("SwitchTimes"); }
+    std::unique_ptr<UserDefaults> shared() { return stores.initWithSuiteName(maker::sharedSuiteName); }
+
+    ScratchFolders folders;
+    XServer server;
+    std::optional<WindowManager> manager;
+    QProcess bus;
+    LinuxUserDefaults stores;
+    XClient user;
+    std::optional<TestProgram> program;
+
+private:
+    std::unique_ptr<XConnection> x_;
+    std::optional<XkbKeyboard> keyboard_;
+};
+
+} // namespace quorvane

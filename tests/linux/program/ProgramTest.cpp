@@ -1,0 +1,141 @@
+// What users want the program for, on a real desktop.
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+#include "linux/program/ProgramSession.h"
+#include "linux/support/TestWindow.h"
+#include "linux/support/WaitUntil.h"
+#include "settings/DefaultInput.h"
+
+namespace quorvane {
+namespace {
+
+constexpr unsigned us = 0;
+constexpr unsigned ru = 1;
+constexpr unsigned de = 2;
+
+class OnWindowManager : public testing::TestWithParam<const char*> {
+protected:
+    ProgramSession session_{GetParam()};
+};
+INSTANTIATE_TEST_SUITE_P(Program, OnWindowManager, testing::Values("openbox", "xfwm4"),
+                         [](const auto& instance) { return std::string(instance.param); });
+
+/// A terminal whose shell writes what is typed into a file, line by line.
+class Terminal {
+public:
+    Terminal(ProgramSession& session, const QString& wmClass)
+        : file_(session.folders.home() + "/" + wmClass)
+        , xterm_("xterm", {"-u8", "-class", wmClass, "-e", "sh", "-c",
+                           "while read line; do echo $line >> " + file_ + "; done"}) {}
+
+    QString typed() const {
+        QFile file(file_);
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).trimmed() : QString();
+    }
+
+private:
+    QString file_;
+    TestProgram xterm_;
+};
+
+xcb_window_t activeWindow(ProgramSession& session) {
+    const auto windows = session.user.values(session.user.root(), "_NET_ACTIVE_WINDOW");
+    return windows.empty() ? xcb_window_t{XCB_WINDOW_NONE} : windows.front();
+}
+
+TEST_P(OnWindowManager, WhatIsTypedIsInTheLayoutOfTheProgramInFront) {
+    qputenv("LC_ALL", "C.UTF-8");
+    session_.startProgram();
+    session_.setRule("Cyrillic", "xkb:ru");
+    session_.setRule("German", "xkb:de");
+    const auto none = activeWindow(session_);
+    const Terminal cyrillic(session_, "Cyrillic");
+    ASSERT_TRUE(waitUntil([&] { return activeWindow(session_) != none; }));
+    const auto cyrillicWindow = activeWindow(session_);
+    const Terminal german(session_, "German");
+    ASSERT_TRUE(waitUntil([&] { return activeWindow(session_) != cyrillicWindow; }));
+    ASSERT_TRUE(session_.waitForGroup(de));
+
+    constexpr std::uint8_t enter = 36;
+    const std::initializer_list<std::uint8_t> keys = {38, 39, 52, 47,
+                                                      enter}; // A S Z ; on an American keyboard
+    session_.type(keys);
+    EXPECT_TRUE(waitUntil([&] { return german.typed() == "asyö"; })) << german.typed().toStdString();
+    session_.user.activate(cyrillicWindow);
+    ASSERT_TRUE(session_.waitForGroup(ru));
+    session_.type(keys);
+    EXPECT_TRUE(waitUntil([&] { return cyrillic.typed() == "фыяж"; })) << cyrillic.typed().toStdString();
+    EXPECT_EQ(german.typed(), "asyö");
+}
+
+TEST_P(OnWindowManager, EveryStormOfFocusChangesEndsInTheRightLayout) {
+    session_.startProgram();
+    const TestWindow first({"class=First"});
+    const TestWindow second({"class=Second"});
+    session_.setRule("First", "xkb:ru");
+    session_.setRule("Second", "xkb:de");
+    for (int change = 0; change < 41; ++change)
+        session_.user.activate(change % 2 ? first.window() : second.window());
+    ASSERT_TRUE(waitUntil([&] { return activeWindow(session_) == second.window(); }));
+    EXPECT_TRUE(session_.waitForGroup(de));
+    for (int change = 0; change < 42; ++change)
+        session_.user.activate(change % 2 ? first.window() : second.window());
+    ASSERT_TRUE(waitUntil([&] { return activeWindow(session_) == first.window(); }));
+    EXPECT_TRUE(session_.waitForGroup(ru));
+}
+
+class ProgramOnDesktop : public testing::Test {
+protected:
+    ProgramSession session_;
+};
+
+TEST_F(ProgramOnDesktop, AnApplicationWithoutARuleGetsTheDefaultInput) {
+    session_.startProgram();
+    session_.setRule("Ruled", "xkb:de");
+    setDefaultInput(session_.stores.standardUserDefaults(), "xkb:ru");
+    session_.stores.standardUserDefaults().synchronize();
+    const TestWindow ruled({"class=Ruled"});
+    ASSERT_TRUE(session_.waitForGroup(de));
+    const TestWindow other({"class=Other"});
+    EXPECT_TRUE(session_.waitForGroup(ru));
+    EXPECT_TRUE(waitUntil([&] { return session_.switchTimes() == 2; }));
+}
+
+TEST_F(ProgramOnDesktop, ARuleHoldsWhenTheListOfLayoutsIsReplaced) {
+    session_.startProgram();
+    session_.setRule("First", "xkb:ru");
+    session_.setRule("Second", "xkb:de");
+    const TestWindow first({"class=First"});
+    ASSERT_TRUE(session_.waitForGroup(ru));
+    QProcess::execute("setxkbmap", {"-rules", "evdev", "-model", "pc105", "-layout", "de,fr,us,ru"});
+    EXPECT_TRUE(session_.waitForGroup(3)) << "still the selected layout, at its new place";
+    const TestWindow second({"class=Second"});
+    EXPECT_TRUE(session_.waitForGroup(0));
+}
+
+TEST_F(ProgramOnDesktop, TheCompanionIsAskedWhileItRuns) {
+    session_.startProgram();
+    session_.setRule("First", "xkb:ru");
+    session_.setRule("Second", "xkb:de");
+    std::optional<TestProgram> companion(QUORVANE_TEST_COMPANION);
+    ASSERT_TRUE(waitUntil([&] { return companion->output() == "ready\n"; }));
+    const TestWindow first({"class=First"});
+    EXPECT_TRUE(waitUntil([&] { return companion->output() == "ready\nxkb:ru\n"; }));
+    const TestWindow second({"class=Second"});
+    EXPECT_TRUE(waitUntil([&] { return companion->output() == "ready\nxkb:ru\nxkb:de\n"; }));
+    EXPECT_EQ(session_.group(), us) << "switching is the companion's job now";
+    EXPECT_EQ(session_.switchTimes(), 0);
+
+    companion.reset();
+    // The bus tells of the companion's end in its own time; each activation asks afresh.
+    EXPECT_TRUE(waitUntil([&] {
+        session_.user.activate(activeWindow(session_) == first.window() ? second.window() : first.window());
+        return session_.group() != us;
+    }));
+}
+
+} // namespace
+} // namespace quorvane
