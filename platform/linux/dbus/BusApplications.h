@@ -25,11 +25,9 @@ public:
     std::vector<std::string> ids() const override;
     Subscription onStart(std::function<void(std::string_view id)> handler) override;
 
-private Q_SLOTS:
-    void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
-    void disconnected();
-
 private:
+    Q_SLOT void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
+    Q_SLOT void disconnected();
     bool isOwnedNow(const QString& name) const;
 
     mutable std::map<std::string, bool, std::less<>> owned_; // by name, for those asked about

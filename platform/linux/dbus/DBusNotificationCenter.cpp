@@ -26,10 +26,12 @@ DBusNotificationCenter::addObserver(std::string_view name,
     return entry->second.connect(std::move(handler));
 }
 
-/// The bus sends a program its own signals too, when they match: own posts come back this way.
+/// The bus sends a program its own signals too, when they match: own posts come back this way. Whatever
+/// follows the name is looked at on arrival: scripts may leave the user info out, or send another type of
+/// dictionary.
 void DBusNotificationCenter::subscribe(const std::string& name) {
     sessionBus().connect(QString(), objectPath, interface_, signalName, {QString::fromStdString(name)},
-                         QStringLiteral("sa{sv}"), this, SLOT(received(QDBusMessage)));
+                         QString(), this, SLOT(received(QDBusMessage)));
 }
 
 void DBusNotificationCenter::post(const DistributedNotification& notification) {
@@ -51,11 +53,12 @@ void DBusNotificationCenter::deliverLocally(DistributedNotification notification
 
 void DBusNotificationCenter::received(const QDBusMessage& message) {
     const auto arguments = message.arguments();
-    if (arguments.size() != 2) return;
-    const auto observers = observed_.find(arguments[0].toString().toStdString());
+    const auto observers = observed_.find(arguments.value(0).toString().toStdString());
     if (observers == observed_.end()) return;
-    auto userInfo = fromDBus(arguments[1]);
-    if (userInfo.dictionary() && userInfo.dictionary()->empty()) userInfo = {};
+    auto userInfo = fromDBus(arguments.value(1));
+    const auto* entries = userInfo.dictionary();
+    if (!entries && !userInfo.isNothing()) return;
+    if (entries && entries->empty()) userInfo = {};
     observers->second.emit({observers->first, std::move(userInfo)});
 }
 

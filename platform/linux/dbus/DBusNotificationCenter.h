@@ -33,10 +33,8 @@ public:
     /// bus.
     void deliverLocally(DistributedNotification notification);
 
-private Q_SLOTS:
-    void received(const QDBusMessage& message);
-
 private:
+    Q_SLOT void received(const QDBusMessage& message);
     void subscribe(const std::string& name);
 
     QString interface_;

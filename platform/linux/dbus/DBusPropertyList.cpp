@@ -36,13 +36,28 @@ PropertyList convertList(const QVariantList& list, int depth) {
     return array;
 }
 
-/// Containers inside a variant come unread.
+/// Containers inside a variant come unread, of whatever type their elements are.
 PropertyList convertArgument(const QDBusArgument& argument, int depth) {
-    if (argument.currentSignature() == QLatin1String("a{sv}"))
-        return convertMap(qdbus_cast<QVariantMap>(argument), depth);
-    if (argument.currentSignature() == QLatin1String("av"))
-        return convertList(qdbus_cast<QVariantList>(argument), depth);
-    return {};
+    if (argument.currentType() == QDBusArgument::ArrayType) {
+        QVariantList list;
+        argument.beginArray();
+        while (!argument.atEnd())
+            list.append(argument.asVariant());
+        argument.endArray();
+        return convertList(list, depth);
+    }
+    if (argument.currentType() != QDBusArgument::MapType) return {};
+    QVariantMap map;
+    argument.beginMap();
+    while (!argument.atEnd()) {
+        argument.beginMapEntry();
+        const auto key = argument.asVariant();
+        const auto value = argument.asVariant();
+        argument.endMapEntry();
+        map.insert(key.toString(), value);
+    }
+    argument.endMap();
+    return convertMap(map, depth);
 }
 
 PropertyList convertUnsigned(qulonglong value) {
@@ -80,7 +95,6 @@ PropertyList convert(const QVariant& value, int depth) {
     case QMetaType::QVariantMap:
         return convertMap(value.toMap(), depth + 1);
     case QMetaType::QVariantList:
-        return convertList(value.toList(), depth + 1);
     case QMetaType::QStringList:
         return convertList(value.toList(), depth + 1);
     default:

@@ -1,0 +1,161 @@
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusVariant>
+#include <QProcess>
+
+#include "contracts/DistributedNotificationCenterContract.h"
+#include "linux/support/WaitUntil.h"
+#include "platform/linux/dbus/BusApplications.h"
+#include "platform/linux/dbus/DBusNotificationCenter.h"
+#include "platform/linux/dbus/DBusPropertyList.h"
+
+namespace quorvane {
+namespace {
+
+constexpr auto interfaceName = "org.example.Notifications";
+
+/// A bus of the tests' own. Qt connects a process to its session bus once, so all tests share it.
+class Bus {
+public:
+    Bus() {
+        daemon_.start("dbus-daemon", {"--session", "--nofork", "--nopidfile", "--print-address=1"});
+        QByteArray address;
+        waitUntil([&] { return (address += daemon_.readAllStandardOutput()).endsWith('\n'); });
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address.trimmed());
+    }
+    ~Bus() { end(); }
+    void end() {
+        daemon_.kill();
+        daemon_.waitForFinished();
+    }
+    static Bus& ofTests() {
+        static Bus bus;
+        return bus;
+    }
+
+private:
+    QProcess daemon_;
+};
+
+/// A second program on the bus.
+class OtherProgram {
+public:
+    OtherProgram() : bus_(QDBusConnection::connectToBus(QDBusConnection::SessionBus, "other")) {}
+    ~OtherProgram() { QDBusConnection::disconnectFromBus("other"); }
+    void post(const QVariantList& arguments) {
+        auto signal = QDBusMessage::createSignal("/DistributedNotifications", interfaceName, "Posted");
+        signal.setArguments(arguments);
+        EXPECT_TRUE(bus_.send(signal));
+    }
+    bool own(const QString& name) { return bus_.registerService(name); }
+    bool disown(const QString& name) { return bus_.unregisterService(name); }
+
+private:
+    QDBusConnection bus_;
+};
+
+class DBusBench : public DistributedNotificationCenterBench {
+public:
+    DistributedNotificationCenter& center() override { return center_; }
+    bool waitUntil(const std::function<bool()>& condition) override { return quorvane::waitUntil(condition); }
+    void postFromOutside(const DistributedNotification& notification) override {
+        other_.post({QString::fromStdString(notification.name), toDBus(notification.userInfo).toMap()});
+    }
+
+private:
+    Bus& bus_ = Bus::ofTests();
+    OtherProgram other_;
+    DBusNotificationCenter center_{interfaceName, [] {}};
+};
+
+INSTANTIATE_TEST_SUITE_P(DBus, DistributedNotificationCenterContract,
+                         testing::Values([] { return std::make_unique<DBusBench>(); }));
+
+TEST(DBusNotificationCenterTest, ReadsWhatOtherToolsSendAndIgnoresTheRest) {
+    Bus::ofTests();
+    int written = 0;
+    DBusNotificationCenter center(interfaceName, [&] { ++written; });
+    std::vector<PropertyList> seen;
+    const auto subscription =
+        center.addObserver("name", [&](const auto& each) { seen.push_back(each.userInfo); });
+    OtherProgram other;
+    for (const QVariantList& malformed : {QVariantList{"name", 1}, QVariantList{1, QVariantMap()},
+                                          QVariantList{"name", "text"}, QVariantList()})
+        other.post(malformed);
+    other.post({"name", QVariantMap{{"numbers", QVariant::fromValue(QList<int>{1, 2})},
+                                    {"texts", QStringList{"a", "b"}},
+                                    {"variant", QVariant::fromValue(QDBusVariant(3))},
+                                    {"byte", QVariant::fromValue(uchar{255})},
+                                    {"short", QVariant::fromValue(short{-2})},
+                                    {"huge", std::numeric_limits<qulonglong>::max()},
+                                    {"path", QVariant::fromValue(QDBusObjectPath("/unknown"))}}});
+    EXPECT_TRUE(waitUntil([&] { return !seen.empty(); }));
+    center.post({"name", {}});
+    EXPECT_EQ(written, 1);
+    EXPECT_TRUE(waitUntil([&] { return seen.size() >= 2; }));
+    const QStringList script{"--session", "--type=signal", "/DistributedNotifications",
+                             QString(interfaceName) + ".Posted", "string:name"};
+    EXPECT_EQ(QProcess::execute("dbus-send", script), 0);
+    EXPECT_EQ(QProcess::execute("dbus-send", script + QStringList{"dict:string:int32:a,1"}), 0);
+    EXPECT_TRUE(waitUntil([&] { return seen.size() >= 4; }));
+    const PropertyList info = PropertyList::Dictionary{{"numbers", PropertyList::Array{1, 2}},
+                                                       {"texts", PropertyList::Array{"a", "b"}},
+                                                       {"variant", 3},
+                                                       {"byte", 255},
+                                                       {"short", -2},
+                                                       {"huge", 18446744073709551615.0}};
+    const PropertyList fromScript = PropertyList::Dictionary{{"a", 1}};
+    EXPECT_THAT(seen, testing::ElementsAre(info, PropertyList(), PropertyList(), fromScript));
+}
+
+TEST(BusApplicationsTest, FollowsTheNamesSomebodyAskedAbout) {
+    Bus::ofTests();
+    OtherProgram other;
+    BusApplications applications;
+    std::vector<std::string> started;
+    const auto subscription = applications.onStart([&](std::string_view id) { started.emplace_back(id); });
+    ASSERT_TRUE(other.own("org.example.Early"));
+    EXPECT_TRUE(applications.isRunning("org.example.Early"));
+    EXPECT_FALSE(applications.isRunning("org.example.Late"));
+    for (const auto* id : {"", "XTerm", "org..example", ":1.1", "org.example.\xFF", "org.example.a b"})
+        EXPECT_FALSE(applications.isRunning(id)) << id;
+    ASSERT_TRUE(other.own("org.example.Late"));
+    ASSERT_TRUE(other.disown("org.example.Early"));
+    EXPECT_TRUE(waitUntil([&] {
+        return applications.isRunning("org.example.Late") && !applications.isRunning("org.example.Early");
+    }));
+    EXPECT_THAT(started, testing::ElementsAre("org.example.Late"));
+    EXPECT_THAT(applications.ids(), testing::Contains("org.example.Late"));
+}
+
+/// Exits with 0 when everything that needs no bus still works.
+void liveWithoutBus(Bus* dying) {
+    DBusNotificationCenter center(interfaceName, [] {});
+    BusApplications applications;
+    int delivered = 0;
+    const auto subscription = center.addObserver("name", [&](const auto&) { ++delivered; });
+    bool works = applications.isRunning("org.freedesktop.DBus") == (dying != nullptr);
+    if (dying) dying->end();
+    works = works && waitUntil([&] { return !applications.isRunning("org.freedesktop.DBus"); });
+    center.post({"name", {}});
+    center.deliverLocally({"name", {}});
+    works = works && delivered == 0 && waitUntil([&] { return delivered == 1; });
+    std::exit(works && applications.ids().empty() ? 0 : 1);
+}
+
+TEST(SessionBusDeathTest, TheProgramLivesWithoutABus) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe"); // each starts a process of its own
+    const auto oneLine = testing::HasSubstr("no session bus");
+    EXPECT_EXIT(liveWithoutBus(&Bus::ofTests()), testing::ExitedWithCode(0), oneLine);
+    EXPECT_EXIT(
+        {
+            qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
+            liveWithoutBus(nullptr);
+        },
+        testing::ExitedWithCode(0), oneLine);
+}
+
+} // namespace
+} // namespace quorvane
