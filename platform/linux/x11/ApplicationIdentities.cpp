@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "platform/linux/x11/ProcessFacts.h"
+#include "platform/linux/x11/XcbReply.h"
 
 namespace quorvane {
 
@@ -54,12 +55,17 @@ void ApplicationIdentities::learn(std::span<const xcb_window_t> windows) {
         return window != XCB_WINDOW_NONE && !owners_.contains(window);
     });
     // First ask for changes, then for the present state: nothing can happen unseen in between.
+    std::vector<xcb_void_cookie_t> selections;
     for (const auto window : unknown) {
-        xcb_change_window_attributes(x_.xcb(), window, XCB_CW_EVENT_MASK, &windowEvents);
+        selections.push_back(
+            xcb_change_window_attributes_checked(x_.xcb(), window, XCB_CW_EVENT_MASK, &windowEvents));
     }
     const auto facts = factsOf(x_, unknown);
     for (std::size_t i = 0; i < unknown.size(); ++i) {
-        if (facts[i]) owners_[unknown[i]] = identify(*facts[i]);
+        // A window that vanished before the first request, and whose number was another's before the second,
+        // would be remembered for ever.
+        const XcbReply<xcb_generic_error_t> refusal(xcb_request_check(x_.xcb(), selections[i]));
+        if (facts[i] && !refusal) owners_[unknown[i]] = identify(*facts[i]);
     }
 }
 
