@@ -35,7 +35,22 @@ void SimulatedWorkspace::quit(std::string_view bundleIdentifier) {
     std::erase_if(running_, [&](const RunningApplication& application) {
         return application.bundleIdentifier == bundleIdentifier;
     });
-    if (frontmost_ && frontmost_->bundleIdentifier == bundleIdentifier) frontmost_.reset();
+    if (frontmost_ && frontmost_->bundleIdentifier == bundleIdentifier) activateNext();
+}
+
+void SimulatedWorkspace::hide(std::string_view bundleIdentifier) {
+    hidden_.emplace(bundleIdentifier);
+    if (frontmost_ && frontmost_->bundleIdentifier == bundleIdentifier) activateNext();
+}
+
+void SimulatedWorkspace::activateNext() {
+    frontmost_.reset();
+    const auto next =
+        std::find_if(running_.rbegin(), running_.rend(), [&](const RunningApplication& application) {
+            return application.activationPolicy == ActivationPolicy::regular &&
+                   !hidden_.contains(application.bundleIdentifier.value_or(""));
+        });
+    if (next != running_.rend()) activate(RunningApplication(*next));
 }
 
 void SimulatedWorkspace::activate(std::string bundleIdentifier) {
@@ -44,8 +59,12 @@ void SimulatedWorkspace::activate(std::string bundleIdentifier) {
 }
 
 void SimulatedWorkspace::activate(const RunningApplication& application) {
+    std::ranges::stable_partition(running_,
+                                  [&](const RunningApplication& other) { return other != application; });
+    const bool wasHidden = hidden_.erase(application.bundleIdentifier.value_or("")) > 0;
     frontmost_ = application;
     posted_.emit(WorkspaceNotification::didActivateApplication, application);
+    if (wasHidden) posted_.emit(WorkspaceNotification::didUnhideApplication, application);
 }
 
 void SimulatedWorkspace::unhide(std::string_view bundleIdentifier) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -24,15 +25,22 @@ public:
 
     void launch(RunningApplication application);
     void launch(std::string bundleIdentifier, ActivationPolicy policy = ActivationPolicy::regular);
+    /// The application that was in front before comes to the front when one quits or hides.
     void quit(std::string_view bundleIdentifier);
+    void hide(std::string_view bundleIdentifier);
 
-    /// Brings an application to the front; launches it if it does not run.
+    /// Brings an application to the front; launches it if it does not run, unhides it if it was hidden.
     void activate(std::string bundleIdentifier);
     void activate(const RunningApplication& application);
+
+    /// Tells that an application is shown again and in front, and nothing else.
     void unhide(std::string_view bundleIdentifier);
 
 private:
-    std::vector<RunningApplication> running_;
+    void activateNext();
+
+    std::vector<RunningApplication> running_; // the one that was in front last comes last
+    std::set<std::string, std::less<>> hidden_;
     std::optional<RunningApplication> frontmost_;
     Signal<WorkspaceNotification, const RunningApplication&> posted_;
 };
