@@ -24,18 +24,23 @@ DesktopFacts factsOfX11() {
 } // namespace
 
 LinuxDesktop::LinuxDesktop(XConnection& x)
-    : defaults_(LinuxUserDefaults::configFolder(), maker::bundleIdentifier),
-      distributedNotifications_(maker::distributedNotificationInterface,
-                                [this] { defaults_.flushPendingWrites(); }),
-      desktopEntries_(DesktopEntries::ofEnvironment()), identities_(x, desktopEntries_),
-      workspace_(x, identities_, &busApplications_), windowList_(x, identities_), screens_(x, workspace_),
-      globalEvents_(x), inputSources_(x, drawLettersIcon),
-      selectionChanges_(inputSources_.selectionChanged.connect([this] {
-          distributedNotifications_.deliverLocally(
-              {std::string(selectedKeyboardInputSourceChangedNotification), {}});
-      })),
-      applicationBundles_(desktopEntries_), processes_([this] { defaults_.flushPendingWrites(); }),
-      desktop_{.facts = factsOfX11(),
+    : defaults_(LinuxUserDefaults::configFolder(), maker::bundleIdentifier)
+    , distributedNotifications_(maker::distributedNotificationInterface,
+                                [this] { defaults_.flushPendingWrites(); })
+    , desktopEntries_(DesktopEntries::ofEnvironment())
+    , identities_(x, desktopEntries_)
+    , workspace_(x, identities_, &busApplications_)
+    , windowList_(x, identities_)
+    , screens_(x, workspace_)
+    , globalEvents_(x)
+    , inputSources_(x, drawLettersIcon)
+    , selectionChanges_(inputSources_.selectionChanged.connect([this] {
+        distributedNotifications_.deliverLocally(
+            {std::string(selectedKeyboardInputSourceChangedNotification), {}});
+    }))
+    , applicationBundles_(desktopEntries_)
+    , processes_([this] { defaults_.flushPendingWrites(); })
+    , desktop_{.facts = factsOfX11(),
                .alerts = alerts_,
                .application = application_,
                .applicationBundles = applicationBundles_,

@@ -38,7 +38,8 @@ UnixSignals::UnixSignals(std::function<void()> onTermination) : onTermination_(s
     arrivals_ = std::make_unique<QSocketNotifier>(readEnd, QSocketNotifier::Read);
     QObject::connect(arrivals_.get(), &QSocketNotifier::activated, arrivals_.get(), [this] {
         std::array<char, 16> ignored{};
-        while (read(readEnd, ignored.data(), ignored.size()) > 0) {}
+        while (read(readEnd, ignored.data(), ignored.size()) > 0) {
+        }
         onTermination_();
     });
     install(passOn);

@@ -9,7 +9,8 @@
 namespace quorvane {
 
 AlertAnswer QtAlerts::runModal(const Alert& alert) {
-    QMessageBox box(QMessageBox::Information, QStringLiteral("Quorvane"), QString::fromStdString(alert.messageText));
+    QMessageBox box(QMessageBox::Information, QStringLiteral("Quorvane"),
+                    QString::fromStdString(alert.messageText));
     box.setInformativeText(QString::fromStdString(alert.informativeText));
     // The agent has no other window that would bring the alert to the user's eyes.
     box.setWindowFlag(Qt::WindowStaysOnTopHint);

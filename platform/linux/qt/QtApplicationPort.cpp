@@ -17,6 +17,8 @@ void QtApplicationPort::activateIgnoringOtherApps() {
     }
 }
 
-void QtApplicationPort::terminate() { QCoreApplication::quit(); }
+void QtApplicationPort::terminate() {
+    QCoreApplication::quit();
+}
 
 } // namespace quorvane

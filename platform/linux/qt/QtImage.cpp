@@ -32,7 +32,8 @@ std::vector<std::uint8_t> QtImage::pixelData() const {
 
 ImageRef QtImage::redrawn(Size size) const {
     const auto ratio = image_.devicePixelRatio();
-    QImage target(QSizeF(size.width * ratio, size.height * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    QImage target(QSizeF(size.width * ratio, size.height * ratio).toSize(),
+                  QImage::Format_ARGB32_Premultiplied);
     if (target.isNull()) return nullptr;
     target.setDevicePixelRatio(ratio);
     target.fill(Qt::transparent);

@@ -13,7 +13,9 @@ constexpr int iconSize = 18;        // points
 constexpr int fontSize = 12;        // points high, for two letters side by side
 constexpr double resourceScale = 2; // the resources are drawn for two pixels a point
 
-QString textOf(std::string_view text) { return QString::fromUtf8(text.data(), qsizetype(text.size())); }
+QString textOf(std::string_view text) {
+    return QString::fromUtf8(text.data(), qsizetype(text.size()));
+}
 
 } // namespace
 

@@ -16,7 +16,8 @@ constexpr int windowSize = 24; // points: an icon of 18 on its box
 QtIndicatorWindow::QtIndicatorWindow() : box_(new QFrame(&widget_)), icon_(new QLabel(&widget_)) {
     widget_.setFixedSize(windowSize, windowSize);
     box_->setGeometry(widget_.rect());
-    box_->setStyleSheet(QStringLiteral("background: #f4f4f6; border: 1px solid #8a8f99; border-radius: 4px;"));
+    box_->setStyleSheet(
+        QStringLiteral("background: #f4f4f6; border: 1px solid #8a8f99; border-radius: 4px;"));
     icon_->setGeometry(widget_.rect());
     icon_->setAlignment(Qt::AlignCenter);
     box_->hide();
@@ -37,7 +38,9 @@ void QtIndicatorWindow::setFrameOrigin(Point origin) {
     widget_.move(static_cast<int>(origin.x), height - static_cast<int>(origin.y) - widget_.height());
 }
 
-void QtIndicatorWindow::showIfSeen() { widget_.setVisible(!icon_->isHidden() || !box_->isHidden()); }
+void QtIndicatorWindow::showIfSeen() {
+    widget_.setVisible(!icon_->isHidden() || !box_->isHidden());
+}
 
 void QtIndicatorWindow::IconView::setHidden(bool hidden) {
     window_.icon_->setHidden(hidden);

@@ -8,8 +8,8 @@
 
 namespace quorvane {
 
-/// The floating indicator: a small window with the icon of the current input source, and a box behind the icon.
-/// No native window exists until something is to be seen in it.
+/// The floating indicator: a small window with the icon of the current input source, and a box behind the
+/// icon. No native window exists until something is to be seen in it.
 class QtIndicatorWindow : public Window {
 public:
     QtIndicatorWindow();

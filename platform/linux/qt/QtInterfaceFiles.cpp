@@ -33,8 +33,12 @@ MainInterface QtInterfaceFiles::mainInterface() {
             windows_->inputIconWindow.iconBox()};
 }
 
-std::unique_ptr<Window> QtInterfaceFiles::loadWindow(std::string_view /*nibName*/) { return nullptr; }
+std::unique_ptr<Window> QtInterfaceFiles::loadWindow(std::string_view /*nibName*/) {
+    return nullptr;
+}
 
-bool QtInterfaceFiles::hasWindow(std::string_view /*nibName*/) const { return false; }
+bool QtInterfaceFiles::hasWindow(std::string_view /*nibName*/) const {
+    return false;
+}
 
 } // namespace quorvane

@@ -46,6 +46,8 @@ void QtRunLoop::dispatchAfter(double seconds, Block block) {
         QTimer::singleShot(milliseconds(seconds), Qt::PreciseTimer, &context_, std::move(block));
 }
 
-void QtRunLoop::sleep(double seconds) { std::this_thread::sleep_for(milliseconds(seconds)); }
+void QtRunLoop::sleep(double seconds) {
+    std::this_thread::sleep_for(milliseconds(seconds));
+}
 
 } // namespace quorvane

@@ -58,10 +58,9 @@ Rect grown(const Rect& rect, const std::vector<std::uint32_t>& edges, double dir
 X11WindowList::X11WindowList(XConnection& x, ApplicationIdentities& identities)
     : x_(x)
     , identities_(identities) {
-    x_.internAtoms({"_NET_CLIENT_LIST", "_NET_WM_NAME", "_NET_WM_VISIBLE_NAME", "WM_NAME",
-                    "_NET_WM_STATE", "_NET_WM_WINDOW_TYPE", "_NET_FRAME_EXTENTS", "_GTK_FRAME_EXTENTS",
-                    "_NET_WM_STATE_ABOVE", "_NET_WM_STATE_BELOW", "_NET_WM_WINDOW_TYPE_DOCK",
-                    "_NET_WM_WINDOW_TYPE_DESKTOP"});
+    x_.internAtoms({"_NET_CLIENT_LIST", "_NET_WM_NAME", "_NET_WM_VISIBLE_NAME", "WM_NAME", "_NET_WM_STATE",
+                    "_NET_WM_WINDOW_TYPE", "_NET_FRAME_EXTENTS", "_GTK_FRAME_EXTENTS", "_NET_WM_STATE_ABOVE",
+                    "_NET_WM_STATE_BELOW", "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_DESKTOP"});
 }
 
 std::vector<WindowDescription> X11WindowList::windows() const {

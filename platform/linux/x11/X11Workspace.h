@@ -17,7 +17,8 @@ namespace quorvane {
 
 /// The applications on an X11 desktop, as its window manager tells of them (EWMH). Which one is in front is
 /// learnt from the X server's keyboard focus, a millisecond before the window manager tells of it. Windows of
-/// this process belong to no application: while one of them is active, the application that was in front stays there.
+/// this process belong to no application: while one of them is active, the application that was in front
+/// stays there.
 ///
 /// Without a window manager nothing happens until one appears.
 class X11Workspace : public Workspace {

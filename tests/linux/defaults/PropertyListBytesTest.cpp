@@ -52,7 +52,7 @@ TEST(PropertyListBytesTest, TurnsAwayWhatWouldExhaustTheParser) {
         "<?xml \"?> <!-- \"?>" + closed + "-->",
         "<array a=\"<!--\">" + closed + "-->",
         repeated("<array><![CDATA[</array>]]>", deep),
-        std::string("<dict\0>", 7) + closed,
+        std::string("<plist><string>\0</string></plist>", 33),
     };
     for (const auto& bytes : hostile)
         EXPECT_FALSE(readPropertyList(bytes)) << bytes.substr(0, 40);

@@ -1,5 +1,6 @@
 // Damage, editors in the middle of saving, held locks, full disks and folders that cannot be written.
 
+#include <QCoreApplication>
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -81,6 +82,7 @@ TEST_F(SettingsFaultsTest, AHeldLockDelaysWritesAndNothingElse) {
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
     EXPECT_EQ(standard.objectForKey("key"), PropertyList("waiting"));
     EXPECT_EQ(folder_.bytes(), good);
+    QCoreApplication::processEvents(); // the flush at the end of the turn is over, too
     holder = FileDescriptor();
     EXPECT_TRUE(waitUntil([&] { return folder_.bytes().contains("waiting"); }));
 }

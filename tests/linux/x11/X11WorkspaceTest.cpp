@@ -65,6 +65,7 @@ TEST_F(X11WorkspaceTest, KnowsTheApplicationOfAWindow) {
     for (const auto& each : windows) {
         const TestWindow window(each.properties, each.program);
         session_.handleWhatHappened(); // The number of the last window, which has ended, is this one's, too.
+        session_.handleWhatHappened(); // The server gives the number of the last window to this one.
         const auto* owner = session_.identities.ownerOf(window.window());
         ASSERT_TRUE(owner);
         EXPECT_EQ(owner->id, each.id) << each.properties.join(' ').toStdString();
