@@ -118,6 +118,7 @@ void DefaultsDomain::retryLater(std::error_code error) {
     const bool isLocked = error == std::errc::resource_unavailable_try_again;
     logLine(isLocked ? "another process keeps " + file_.path().string() + " locked: settings are saved later"
                      : memoryOnly(file_.path().parent_path(), error));
+    if (retry_.isActive()) return; // a try in between neither delays the next one nor counts
     retry_.start(nextRetry_);
     nextRetry_ = std::min(2 * nextRetry_, longestRetry);
 }
