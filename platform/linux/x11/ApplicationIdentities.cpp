@@ -56,6 +56,7 @@ void ApplicationIdentities::learn(std::span<const xcb_window_t> windows) {
     });
     // First ask for changes, then for the present state: nothing can happen unseen in between.
     std::vector<xcb_void_cookie_t> selections;
+    selections.reserve(unknown.size());
     for (const auto window : unknown) {
         selections.push_back(
             xcb_change_window_attributes_checked(x_.xcb(), window, XCB_CW_EVENT_MASK, &windowEvents));

@@ -22,11 +22,13 @@ std::vector<xcb_window_t> childrenOf(XConnection& x, xcb_query_tree_cookie_t coo
 std::map<xcb_window_t, xcb_window_t> clientsByTop(XConnection& x, const std::vector<xcb_window_t>& clients) {
     std::map<xcb_window_t, xcb_window_t> clientOf;
     std::vector<std::pair<xcb_window_t, xcb_window_t>> open; // The client, and how far up we are.
+    open.reserve(clients.size());
     for (const auto client : clients)
         open.emplace_back(client, client);
     constexpr int deepestFrame = 3; // Window managers put two windows around a client at most.
     for (int level = 0; level < deepestFrame && !open.empty(); ++level) {
         std::vector<xcb_query_tree_cookie_t> cookies;
+        cookies.reserve(open.size());
         for (const auto& each : open)
             cookies.push_back(xcb_query_tree(x.xcb(), each.second));
         decltype(open) next;

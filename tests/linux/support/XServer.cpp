@@ -48,6 +48,8 @@ WindowManager::WindowManager(const QString& program) {
     QStringList arguments{"--sm-disable"};
     if (program == "xfwm4") {
         arguments = {"--compositor=off"};
+        // Its settings daemon would write them after everything has ended and the home is gone.
+        environment.insert("XDG_CONFIG_HOME", "/dev/null");
         bus_.setProcessEnvironment(environment);
         environment.insert("DBUS_SESSION_BUS_ADDRESS",
                            firstLine(bus_, "dbus-daemon", {"--session", "--nofork", "--print-address=1"}));
