@@ -8,6 +8,7 @@
 #include "platform/linux/Log.h"
 #include "platform/linux/NewInstance.h"
 #include "platform/linux/UnixSignals.h"
+#include "platform/linux/qt/TemplateIcon.h"
 #include "platform/linux/x11/SingleInstance.h"
 
 namespace {
@@ -51,6 +52,7 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "xcb");
     QApplication qt(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Quorvane"));
+    QApplication::setWindowIcon(quorvane::iconOfTemplate(quorvane::QtImages().imageNamed("menuBarIcon")));
     QApplication::setQuitOnLastWindowClosed(false);
 
     const auto x = quorvane::XConnection::open();

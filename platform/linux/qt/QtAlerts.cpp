@@ -2,15 +2,28 @@
 
 #include <algorithm>
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QMessageBox>
 #include <QPushButton>
 
 namespace quorvane {
+namespace {
+
+constexpr int iconSize = 48;
+
+// The message stands out, and the text below it is wide enough to be read at a glance.
+constexpr const char* lookOfTexts = "QLabel#qt_msgbox_label { font-weight: bold; }"
+                                    "QLabel#qt_msgbox_informativelabel { min-width: 26em; }";
+
+} // namespace
 
 AlertAnswer QtAlerts::runModal(const Alert& alert) {
-    QMessageBox box(QMessageBox::Information, QStringLiteral("Quorvane"),
-                    QString::fromStdString(alert.messageText));
+    QMessageBox box;
+    box.setWindowTitle(QApplication::applicationName());
+    box.setIconPixmap(QApplication::windowIcon().pixmap(iconSize));
+    box.setText(QString::fromStdString(alert.messageText));
+    box.setStyleSheet(QString::fromLatin1(lookOfTexts));
     box.setInformativeText(QString::fromStdString(alert.informativeText));
     // The agent has no other window that would bring the alert to the user's eyes.
     box.setWindowFlag(Qt::WindowStaysOnTopHint);

@@ -1,47 +1,18 @@
 #include "platform/linux/qt/QtStatusBar.h"
 
 #include <QAction>
-#include <QIcon>
 #include <QMenu>
-#include <QPainter>
 #include <QSystemTrayIcon>
 
 #include "platform/linux/Log.h"
-#include "platform/linux/qt/QtImage.h"
+#include "platform/linux/qt/TemplateIcon.h"
 
 namespace quorvane {
 namespace {
 
-constexpr int tileSize = 64; // pixels: trays scale it to theirs
-
-/// A tray does not tell the colour of its ground, so a template brings its own: the shape in white on a dark
-/// tile, to be seen on light and on dark panels.
-QIcon iconOfTemplate(const QImage& shape) {
-    QImage glyph = shape.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    glyph.setDevicePixelRatio(1);
-    QPainter glyphPainter(&glyph);
-    glyphPainter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    glyphPainter.fillRect(glyph.rect(), Qt::white);
-    glyphPainter.end();
-
-    QImage tile(tileSize, tileSize, QImage::Format_ARGB32_Premultiplied);
-    tile.fill(Qt::transparent);
-    QPainter painter(&tile);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(52, 58, 70));
-    painter.drawRoundedRect(tile.rect(), tileSize / 5.0, tileSize / 5.0);
-    painter.drawImage(tile.rect().marginsRemoved(QMargins(5, 5, 5, 5)), glyph);
-    painter.end();
-    return QIcon(QPixmap::fromImage(tile));
-}
-
 class QtStatusItem : public StatusItem {
 public:
-    void setTemplateImage(ImageRef image) override {
-        const auto shape = QtImage::unwrapped(image);
-        if (!shape.isNull()) tray_.setIcon(iconOfTemplate(shape));
-    }
+    void setTemplateImage(ImageRef image) override { tray_.setIcon(iconOfTemplate(image)); }
 
     void setMenu(Menu menu) override {
         menu_.clear();

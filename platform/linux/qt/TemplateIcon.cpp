@@ -1,0 +1,41 @@
+#include "platform/linux/qt/TemplateIcon.h"
+
+#include <QPainter>
+#include <QPixmap>
+
+#include "platform/linux/qt/QtImage.h"
+
+namespace quorvane {
+namespace {
+
+constexpr int tileSize = 64; // pixels: whoever shows the icon scales it
+constexpr int margin = 5;
+constexpr double cornerRadius = 13;
+
+QImage inWhite(QImage shape) {
+    shape = shape.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    shape.setDevicePixelRatio(1);
+    QPainter painter(&shape);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(shape.rect(), Qt::white);
+    return shape;
+}
+
+} // namespace
+
+QIcon iconOfTemplate(const ImageRef& shape) {
+    const auto glyph = QtImage::unwrapped(shape);
+    if (glyph.isNull()) return {};
+    QImage tile(tileSize, tileSize, QImage::Format_ARGB32_Premultiplied);
+    tile.fill(Qt::transparent);
+    QPainter painter(&tile);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(52, 58, 70));
+    painter.drawRoundedRect(tile.rect(), cornerRadius, cornerRadius);
+    painter.drawImage(tile.rect().marginsRemoved({margin, margin, margin, margin}), inWhite(glyph));
+    painter.end();
+    return QIcon(QPixmap::fromImage(tile));
+}
+
+} // namespace quorvane
