@@ -1,6 +1,7 @@
 #include "platform/linux/qt/QtImages.h"
 
 #include <QGuiApplication>
+#include <QImageReader>
 #include <QPainter>
 #include <QUrl>
 
@@ -26,7 +27,9 @@ ImageRef QtImages::imageWithContentsOfURL(std::string_view url) const {
 }
 
 ImageRef QtImages::imageNamed(std::string_view name) const {
-    QImage image(QStringLiteral(":/%1@2x.png").arg(textOf(name)));
+    QImageReader reader(QStringLiteral(":/%1@2x.png").arg(textOf(name)), "png");
+    reader.setAutoDetectImageFormat(false); // or every image format plugin there is would be loaded
+    auto image = reader.read();
     image.setDevicePixelRatio(resourceScale);
     return QtImage::make(std::move(image));
 }
