@@ -59,8 +59,8 @@ void SimulatedWorkspace::activate(std::string bundleIdentifier) {
 }
 
 void SimulatedWorkspace::activate(const RunningApplication& application) {
-    std::ranges::stable_partition(running_,
-                                  [&](const RunningApplication& other) { return other != application; });
+    std::stable_partition(running_.begin(), running_.end(),
+                          [&](const RunningApplication& other) { return other != application; });
     const bool wasHidden = hidden_.erase(application.bundleIdentifier.value_or("")) > 0;
     frontmost_ = application;
     posted_.emit(WorkspaceNotification::didActivateApplication, application);
