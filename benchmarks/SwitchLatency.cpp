@@ -77,7 +77,8 @@ void measureKeys(MeasuredDesktop& desktop, std::chrono::milliseconds after, int 
             if (!seen) break;
             if (seen->what != What::focusIn || seen->application != application) continue;
             // Waiting without using a processor: a user's finger does not, either.
-            while (desktop.nextSeen(seen->time + after)) {}
+            while (desktop.nextSeen(seen->time + after)) {
+            }
             desktop.typeKey();
             break;
         }
