@@ -36,7 +36,9 @@ private:
     struct Due {
         Ticks time;
         std::uint64_t order;
-        auto operator<=>(const Due&) const = default;
+        bool operator<(const Due& other) const {
+            return time != other.time ? time < other.time : order < other.order;
+        }
     };
     struct Entry {
         Block block;

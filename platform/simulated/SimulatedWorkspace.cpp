@@ -21,14 +21,13 @@ Subscription SimulatedWorkspace::addObserver(WorkspaceNotification notification,
     });
 }
 
-void SimulatedWorkspace::launch(RunningApplication application) {
+void SimulatedWorkspace::launch(const RunningApplication& application) {
     running_.push_back(application);
     posted_.emit(WorkspaceNotification::didLaunchApplication, application);
 }
 
-void SimulatedWorkspace::launch(std::string bundleIdentifier, ActivationPolicy policy) {
-    const auto name = bundleIdentifier;
-    launch({std::move(bundleIdentifier), name, policy, static_cast<int>(running_.size()) + 100});
+void SimulatedWorkspace::launch(const std::string& bundleIdentifier, ActivationPolicy policy) {
+    launch({bundleIdentifier, bundleIdentifier, policy, static_cast<int>(running_.size()) + 100});
 }
 
 void SimulatedWorkspace::quit(std::string_view bundleIdentifier) {
@@ -53,7 +52,7 @@ void SimulatedWorkspace::activateNext() {
     if (next != running_.rend()) activate(RunningApplication(*next));
 }
 
-void SimulatedWorkspace::activate(std::string bundleIdentifier) {
+void SimulatedWorkspace::activate(const std::string& bundleIdentifier) {
     if (runningApplicationsWithBundleIdentifier(bundleIdentifier).empty()) launch(bundleIdentifier);
     activate(runningApplicationsWithBundleIdentifier(bundleIdentifier).front());
 }

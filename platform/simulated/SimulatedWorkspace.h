@@ -23,14 +23,14 @@ public:
     Subscription addObserver(WorkspaceNotification notification,
                              std::function<void(const RunningApplication&)> handler) override;
 
-    void launch(RunningApplication application);
-    void launch(std::string bundleIdentifier, ActivationPolicy policy = ActivationPolicy::regular);
+    void launch(const RunningApplication& application);
+    void launch(const std::string& bundleIdentifier, ActivationPolicy policy = ActivationPolicy::regular);
     /// The application that was in front before comes to the front when one quits or hides.
     void quit(std::string_view bundleIdentifier);
     void hide(std::string_view bundleIdentifier);
 
     /// Brings an application to the front; launches it if it does not run, unhides it if it was hidden.
-    void activate(std::string bundleIdentifier);
+    void activate(const std::string& bundleIdentifier);
     void activate(const RunningApplication& application);
 
     /// Tells that an application is shown again and in front, and nothing else.

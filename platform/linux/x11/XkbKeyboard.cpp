@@ -46,6 +46,7 @@ void readNames(xcb_connection_t* xcb, const xcb_xkb_get_names_reply_t& reply, Xk
     const auto symbols = xcb_get_atom_name(xcb, names.symbolsName);
     std::vector<xcb_get_atom_name_cookie_t> groups;
     const auto groupCount = xcb_xkb_get_names_value_list_groups_length(&reply, &names);
+    groups.reserve(static_cast<std::size_t>(groupCount));
     for (int group = 0; group < groupCount; ++group)
         groups.push_back(xcb_get_atom_name(xcb, names.groups[group]));
     map.symbols = nameOfAtom(xcb, symbols);
