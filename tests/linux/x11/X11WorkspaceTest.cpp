@@ -96,6 +96,16 @@ TEST_F(X11WorkspaceTest, IgnoresTransientRepeatedVanishedAndOutdatedActiveWindow
     EXPECT_THAT(activated_, testing::ElementsAre("Alpha"));
 }
 
+TEST_F(X11WorkspaceTest, FollowsTheFocusThatNoWindowManagerTellsOf) {
+    const TestWindow alpha({"class=Alpha"});
+    const TestWindow beta({"class=Beta"});
+    ASSERT_TRUE(session_.waitForFront("Beta"));
+    session_.manager->end();
+    session_.manager.reset();
+    ASSERT_EQ(QProcess::execute("xdotool", {"windowfocus", QString::number(alpha.window())}), 0);
+    EXPECT_TRUE(session_.waitForFront("Alpha"));
+}
+
 TEST_F(X11WorkspaceTest, LivesThroughARestartOfTheWindowManager) {
     const TestWindow alpha({"class=Alpha"});
     const TestWindow beta({"class=Beta"});
