@@ -71,20 +71,24 @@ TEST_P(OnWindowManager, WhatIsTypedIsInTheLayoutOfTheProgramInFront) {
     EXPECT_EQ(german.typed(), "asyö");
 }
 
-TEST_P(OnWindowManager, EveryStormOfFocusChangesEndsInTheRightLayout) {
+TEST_P(OnWindowManager, AStormOfFocusChangesEndsInTheLayoutOfTheProgramInFront) {
     session_.startProgram();
+    const TestWindow marker({"class=Marker"});
     const TestWindow first({"class=First"});
     const TestWindow second({"class=Second"});
     session_.setRule("First", "xkb:ru");
     session_.setRule("Second", "xkb:de");
     for (int change = 0; change < 41; ++change)
         session_.user.activate(change % 2 ? first.window() : second.window());
-    ASSERT_TRUE(waitUntil([&] { return activeWindow(session_) == second.window(); }));
-    EXPECT_TRUE(session_.waitForGroup(de));
-    for (int change = 0; change < 42; ++change)
-        session_.user.activate(change % 2 ? first.window() : second.window());
-    ASSERT_TRUE(waitUntil([&] { return activeWindow(session_) == first.window(); }));
-    EXPECT_TRUE(session_.waitForGroup(ru));
+    // A window manager answers in order: with this done, the storm is over. Not every one ends it with the
+    // window that was asked for last.
+    session_.user.minimise(marker.window());
+    ASSERT_TRUE(waitUntil([&] { return !session_.user.values(marker.window(), "_NET_WM_STATE").empty(); }));
+    EXPECT_TRUE(waitUntil([&] {
+        const auto active = activeWindow(session_);
+        const auto group = session_.group();
+        return (active == first.window() && group == ru) || (active == second.window() && group == de);
+    }));
 }
 
 class ProgramOnDesktop : public testing::Test {
