@@ -11,7 +11,7 @@ namespace quorvane {
 namespace {
 
 constexpr int iconSize = 18;        // points
-constexpr int fontSize = 12;        // points high, for two letters side by side
+constexpr int fontSize = 11;        // points high, for two letters side by side
 constexpr double resourceScale = 2; // the resources are drawn for two pixels a point
 
 QString textOf(std::string_view text) {

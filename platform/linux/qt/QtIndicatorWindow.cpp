@@ -9,15 +9,14 @@
 namespace quorvane {
 namespace {
 
-constexpr int windowSize = 24; // points: an icon of 18 on its box
+constexpr int windowSize = 20; // points: an icon of 18 on its box, and it fits into the corner it starts in
 
 } // namespace
 
 QtIndicatorWindow::QtIndicatorWindow() : box_(new QFrame(&widget_)), icon_(new QLabel(&widget_)) {
     widget_.setFixedSize(windowSize, windowSize);
     box_->setGeometry(widget_.rect());
-    box_->setStyleSheet(
-        QStringLiteral("background: #f4f4f6; border: 1px solid #8a8f99; border-radius: 4px;"));
+    box_->setStyleSheet(QStringLiteral("background: #f4f4f6; border: 1px solid #8a8f99;"));
     icon_->setGeometry(widget_.rect());
     icon_->setAlignment(Qt::AlignCenter);
     box_->hide();
