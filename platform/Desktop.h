@@ -6,16 +6,20 @@
 #include "platform/Alerts.h"
 #include "platform/Application.h"
 #include "platform/ApplicationBundles.h"
+#include "platform/Cursor.h"
 #include "platform/DistributedNotificationCenter.h"
 #include "platform/GlobalEventMonitor.h"
+#include "platform/HotKeys.h"
 #include "platform/Image.h"
 #include "platform/InterfaceFiles.h"
+#include "platform/LoginItems.h"
 #include "platform/NotificationCenter.h"
 #include "platform/OnScreenWindowList.h"
 #include "platform/Processes.h"
 #include "platform/RunLoop.h"
 #include "platform/Screens.h"
 #include "platform/StatusBar.h"
+#include "platform/SystemLog.h"
 #include "platform/TextInputSources.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
@@ -45,10 +49,14 @@ struct Desktop {
     Alerts& alerts;
     Application& application;
     ApplicationBundles& applicationBundles;
+    Cursor& cursor;
     DistributedNotificationCenter& distributedNotifications;
     GlobalEventMonitor& globalEvents;
+    HotKeys& hotKeys;
     Images& images;
     InterfaceFiles& interfaceFiles;
+    SystemLog& log;
+    LoginItems& loginItems;
     NotificationCenter& notifications;
     OnScreenWindowList& windowList;
     Processes& processes;

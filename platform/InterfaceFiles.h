@@ -11,7 +11,7 @@ namespace quorvane {
 struct MainInterface {
     Window& window; ///< Only ordered in and out, so that a new input source reaches the front program.
     Window& inputIconWindow; ///< The floating indicator.
-    ImageView& iconView;     ///< The icon on it.
+    IconView& iconView;      ///< The icon on it.
     View& iconBox;           ///< The box behind the icon.
 };
 

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/Geometry.h"
+#include "platform/Subscription.h"
 
 namespace quorvane {
 
@@ -26,6 +28,10 @@ public:
     /// Front to back, read afresh at each call. Windows that cannot be seen may be left out or told by their
     /// flag.
     virtual std::vector<WindowDescription> windows() const = 0;
+
+    /// Calls the handler when a launcher's window has come or gone, on desktops that tell. On others nothing
+    /// ever calls it.
+    virtual Subscription addLauncherObserver(std::function<void()> handler) = 0;
 };
 
 } // namespace quorvane

@@ -39,6 +39,15 @@ public:
 class ImageView : public View {
 public:
     virtual void setImage(ImageRef image) = 0; ///< Null shows nothing.
+
+    /// Whether a drag on the view moves its window.
+    virtual bool mouseDownCanMoveWindow() const { return false; }
+};
+
+/// The picture on the floating indicator: a drag on it moves the indicator.
+class IconView : public ImageView {
+public:
+    bool mouseDownCanMoveWindow() const override { return true; }
 };
 
 } // namespace quorvane

@@ -1,8 +1,9 @@
 #include "platform/linux/LinuxDesktop.h"
 
 #include <QCoreApplication>
+#include <QStandardPaths>
 
-#include "platform/linux/NewInstance.h"
+#include "platform/linux/LaunchArguments.h"
 #include "settings/Maker.h"
 
 namespace quorvane {
@@ -17,8 +18,13 @@ DesktopFacts factsOfX11() {
         // Desktops have no common program for it, but all of them read this folder.
         .loginItemsCommand = "xdg-open \"${XDG_CONFIG_HOME:-$HOME/.config}/autostart\" >/dev/null 2>&1 &",
         .relaunchPath = QCoreApplication::applicationFilePath().toStdString(),
-        .relaunchArguments = {newInstanceArgument},
+        .relaunchArguments = {launch_argument::newInstance},
     };
+}
+
+/// Where the session looks for what the user wants started at login.
+std::string autostartFolder() {
+    return QStandardPaths::writableLocation(QStandardPaths::ConfigLocation).toStdString() + "/autostart";
 }
 
 } // namespace
@@ -33,6 +39,8 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     , windowList_(x, identities_)
     , screens_(x, workspace_)
     , globalEvents_(x)
+    , hotKeys_(x)
+    , cursor_(x)
     , inputSources_(x, drawLettersIcon)
     , selectionChanges_(inputSources_.selectionChanged.connect([this] {
         distributedNotifications_.deliverLocally(
@@ -40,14 +48,19 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     }))
     , applicationBundles_(desktopEntries_)
     , processes_([this] { defaults_.flushPendingWrites(); })
+    , loginItems_(autostartFolder(), QCoreApplication::applicationFilePath().toStdString())
     , desktop_{.facts = factsOfX11(),
                .alerts = alerts_,
                .application = application_,
                .applicationBundles = applicationBundles_,
+               .cursor = cursor_,
                .distributedNotifications = distributedNotifications_,
                .globalEvents = globalEvents_,
+               .hotKeys = hotKeys_,
                .images = images_,
                .interfaceFiles = interfaceFiles_,
+               .log = log_,
+               .loginItems = loginItems_,
                .notifications = notifications_,
                .windowList = windowList_,
                .processes = processes_,

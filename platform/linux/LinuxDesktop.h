@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/Desktop.h"
+#include "platform/linux/AutostartLoginItems.h"
+#include "platform/linux/LinuxLog.h"
 #include "platform/linux/LinuxProcesses.h"
 #include "platform/linux/dbus/BusApplications.h"
 #include "platform/linux/dbus/DBusNotificationCenter.h"
@@ -12,7 +14,9 @@
 #include "platform/linux/qt/QtInterfaceFiles.h"
 #include "platform/linux/qt/QtRunLoop.h"
 #include "platform/linux/qt/QtStatusBar.h"
+#include "platform/linux/x11/X11Cursor.h"
 #include "platform/linux/x11/X11EventMonitor.h"
+#include "platform/linux/x11/X11HotKeys.h"
 #include "platform/linux/x11/X11Screens.h"
 #include "platform/linux/x11/X11WindowList.h"
 #include "platform/linux/x11/X11Workspace.h"
@@ -44,6 +48,8 @@ private:
     X11WindowList windowList_;
     X11Screens screens_;
     X11EventMonitor globalEvents_;
+    X11HotKeys hotKeys_;
+    X11Cursor cursor_;
     XkbInputSources inputSources_;
     Subscription selectionChanges_;
 
@@ -54,6 +60,8 @@ private:
     QtStatusBar statusBar_;
     QtAlerts alerts_;
     LinuxProcesses processes_;
+    AutostartLoginItems loginItems_;
+    LinuxLog log_;
 
     Desktop desktop_;
 };

@@ -8,4 +8,7 @@ namespace quorvane {
 /// written prints nothing: a fault is told once.
 void logLine(std::string_view line);
 
+/// The same for what happened, which is told each time.
+void logEvent(std::string_view line);
+
 } // namespace quorvane

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <functional>
 #include <string_view>
 
 #include <QApplication>
@@ -6,7 +7,7 @@
 #include "app/AppDelegate.h"
 #include "platform/linux/LinuxDesktop.h"
 #include "platform/linux/Log.h"
-#include "platform/linux/NewInstance.h"
+#include "platform/linux/LaunchArguments.h"
 #include "platform/linux/UnixSignals.h"
 #include "platform/linux/qt/TemplateIcon.h"
 #include "platform/linux/x11/SingleInstance.h"
@@ -21,10 +22,13 @@ bool hasDisplay() {
     return works;
 }
 
-int runProgram(quorvane::XConnection& x, bool replacesAnother) {
+int runProgram(quorvane::XConnection& x, const std::function<bool(const char*)>& isTold) {
     quorvane::SingleInstance instance(x);
-    if (replacesAnother) instance.waitForTheOtherToEnd();
-    if (!instance.becomeTheOne()) return 0;
+    if (isTold(quorvane::launch_argument::newInstance)) instance.waitForTheOtherToEnd();
+    if (!instance.becomeTheOne()) {
+        if (!isTold(quorvane::launch_argument::atLogin)) instance.askTheOtherToReopen();
+        return 0;
+    }
 
     quorvane::LinuxDesktop linuxDesktop(x);
     auto& application = linuxDesktop.application();
@@ -60,8 +64,7 @@ int main(int argc, char** argv) {
         quorvane::logLine("no X server: the connection was refused");
         return 1;
     }
-    const bool replacesAnother = std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
-        return argument == quorvane::newInstanceArgument;
+    return runProgram(*x, [argc, argv](std::string_view wanted) {
+        return std::find(argv + 1, argv + argc, wanted) != argv + argc;
     });
-    return runProgram(*x, replacesAnother);
 }

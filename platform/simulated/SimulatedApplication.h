@@ -7,10 +7,13 @@
 
 #include "platform/Alerts.h"
 #include "platform/Application.h"
+#include "platform/Cursor.h"
 #include "platform/GlobalEventMonitor.h"
+#include "platform/LoginItems.h"
 #include "platform/Processes.h"
 #include "platform/Signal.h"
 #include "platform/StatusBar.h"
+#include "platform/SystemLog.h"
 
 namespace quorvane {
 
@@ -59,6 +62,31 @@ public:
     std::unique_ptr<StatusItem> statusItemWithLength(double length) override;
 
     std::vector<std::shared_ptr<SimulatedStatusItemState>> items;
+};
+
+class SimulatedLog : public SystemLog {
+public:
+    void log(std::string_view line) override { lines.emplace_back(line); }
+
+    std::vector<std::string> lines;
+};
+
+class SimulatedLoginItems : public LoginItems {
+public:
+    bool setEnabled(std::string_view identifier, bool enabled) override {
+        calls.emplace_back(identifier, enabled);
+        return !refuses;
+    }
+
+    bool refuses = false;
+    std::vector<std::pair<std::string, bool>> calls;
+};
+
+class SimulatedCursor : public Cursor {
+public:
+    std::optional<Point> hotSpot() const override { return current; }
+
+    std::optional<Point> current = Point{4, 4};
 };
 
 class SimulatedGlobalEventMonitor : public GlobalEventMonitor {

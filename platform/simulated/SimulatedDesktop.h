@@ -3,6 +3,7 @@
 #include "platform/Desktop.h"
 #include "platform/simulated/SimulatedApplication.h"
 #include "platform/simulated/SimulatedDistributedNotificationCenter.h"
+#include "platform/simulated/SimulatedHotKeys.h"
 #include "platform/simulated/SimulatedImage.h"
 #include "platform/simulated/SimulatedInputSources.h"
 #include "platform/simulated/SimulatedInterfaceFiles.h"
@@ -30,10 +31,14 @@ public:
     SimulatedWindowList windowList;
     SimulatedScreens screens;
     SimulatedGlobalEventMonitor globalEvents;
+    SimulatedHotKeys hotKeys;
+    SimulatedCursor cursor;
     SimulatedInterfaceFiles interfaceFiles{notifications};
     SimulatedStatusBar statusBar;
     SimulatedAlerts alerts;
     SimulatedProcesses processes;
+    SimulatedLoginItems loginItems;
+    SimulatedLog log;
     SimulatedApplication application;
 
     /// What the program is given.

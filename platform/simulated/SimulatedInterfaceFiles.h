@@ -40,7 +40,7 @@ public:
     bool isHidden = false;
 };
 
-class SimulatedImageView : public ImageView {
+class SimulatedIconView : public IconView {
 public:
     void setHidden(bool hidden) override { isHidden = hidden; }
     void setImage(ImageRef newImage) override { image = std::move(newImage); }
@@ -62,7 +62,7 @@ public:
 
     SimulatedWindow window;
     SimulatedWindow inputIconWindow;
-    SimulatedImageView iconView;
+    SimulatedIconView iconView;
     SimulatedView iconBox;
     std::string preferencesTitle = "Quorvane"; ///< Another text where it is translated.
 

@@ -69,8 +69,17 @@ public:
 class SimulatedWindowList : public OnScreenWindowList {
 public:
     std::vector<WindowDescription> windows() const override { return frontToBack; }
+    Subscription addLauncherObserver(std::function<void()> handler) override {
+        return launchersChanged_.connect(std::move(handler));
+    }
+
+    /// What a desktop does that notices launchers' windows itself.
+    void tellLaunchersChanged() { launchersChanged_.emit(); }
 
     std::vector<WindowDescription> frontToBack;
+
+private:
+    Signal<> launchersChanged_;
 };
 
 class SimulatedScreens : public Screens {

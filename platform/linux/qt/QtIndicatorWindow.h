@@ -20,11 +20,11 @@ public:
     void makeKeyAndOrderFront() override { widget_.show(); }
     void orderOut() override { widget_.hide(); }
 
-    ImageView& iconView() { return iconView_; }
+    quorvane::IconView& iconView() { return iconView_; }
     View& iconBox() { return iconBox_; }
 
 private:
-    class IconView : public ImageView {
+    class IconView : public quorvane::IconView {
     public:
         explicit IconView(QtIndicatorWindow& window) : window_(window) {}
         void setHidden(bool hidden) override;

@@ -34,17 +34,19 @@ bool SingleInstance::becomeTheOne() {
     if (other == XCB_NONE)
         xcb_set_selection_owner(x_.xcb(), window_, x_.atom(selectionName), XCB_CURRENT_TIME);
     xcb_ungrab_server(x_.xcb());
-    if (other != XCB_NONE) {
-        xcb_client_message_event_t message{};
-        message.response_type = XCB_CLIENT_MESSAGE;
-        message.format = 32;
-        message.window = other;
-        message.type = x_.atom(reopenMessage);
-        xcb_send_event(x_.xcb(), false, other, XCB_EVENT_MASK_NO_EVENT,
-                       reinterpret_cast<const char*>(&message));
-    }
     xcb_flush(x_.xcb());
     return other == XCB_NONE;
+}
+
+void SingleInstance::askTheOtherToReopen() {
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = owner();
+    message.type = x_.atom(reopenMessage);
+    xcb_send_event(x_.xcb(), false, message.window, XCB_EVENT_MASK_NO_EVENT,
+                   reinterpret_cast<const char*>(&message));
+    xcb_flush(x_.xcb());
 }
 
 void SingleInstance::waitForTheOtherToEnd() {

@@ -12,9 +12,11 @@ class SingleInstance {
 public:
     explicit SingleInstance(XConnection& x);
 
-    /// True when this process is the one instance from now on. False when another one is: it has then been
-    /// asked to reopen.
+    /// True when this process is the one instance from now on, false when another one is.
     bool becomeTheOne();
+
+    /// Tells the instance that runs that the user has launched the program again.
+    void askTheOtherToReopen();
 
     /// Waits, a few seconds at most, until the instance that runs has ended. For a relaunch, where the old
     /// instance is on its way out.

@@ -23,6 +23,7 @@ public:
     X11WindowList(XConnection& x, ApplicationIdentities& identities);
 
     std::vector<WindowDescription> windows() const override;
+    Subscription addLauncherObserver(std::function<void()> /*handler*/) override { return {}; }
 
 private:
     int layerOf(const StackedWindow& window, std::vector<std::uint32_t> states,

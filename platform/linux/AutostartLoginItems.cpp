@@ -1,0 +1,89 @@
+#include "platform/linux/AutostartLoginItems.h"
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <sstream>
+
+#include "platform/linux/LaunchArguments.h"
+#include "platform/linux/defaults/ReplaceFile.h"
+
+namespace quorvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view group = "[Desktop Entry]";
+
+/// The keys by which a desktop, or the user with an editor, switches the entry off.
+constexpr std::array<std::string_view, 2> usersOwnKeys = {"Hidden", "X-GNOME-Autostart-enabled"};
+
+std::string textOf(const fs::path& file) {
+    std::ostringstream text;
+    text << std::ifstream(file, std::ios::binary).rdbuf();
+    return std::move(text).str();
+}
+
+/// The lines of the entry that are the user's own, as they stand there.
+std::string usersOwnLines(const std::string& entry) {
+    std::string kept;
+    std::istringstream lines(entry);
+    bool isInGroup = false;
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with('[')) isInGroup = line.starts_with(group);
+        const auto key = line.substr(0, line.find_first_of(" ="));
+        const bool isUsersOwn = std::ranges::find(usersOwnKeys, key) != usersOwnKeys.end();
+        if (isInGroup && isUsersOwn && line.find('=') != std::string::npos) kept += line + '\n';
+    }
+    return kept;
+}
+
+std::string withBackslashBefore(std::string_view characters, std::string_view text) {
+    std::string escaped;
+    for (const char character : text) {
+        if (characters.find(character) != std::string_view::npos) escaped += '\\';
+        escaped += character;
+    }
+    return escaped;
+}
+
+/// The path as one argument of an Exec line: quoted like in a shell, then a percent sign doubled because it
+/// would begin a field code, then escaped once more as every text of a desktop entry is.
+std::string execArgument(std::string_view path) {
+    std::string argument;
+    for (const char character : '"' + withBackslashBefore("\"`$\\", path) + '"') {
+        if (character == '%') argument += '%';
+        argument += character;
+    }
+    return withBackslashBefore("\\", argument);
+}
+
+} // namespace
+
+AutostartLoginItems::AutostartLoginItems(fs::path folder, std::string program)
+    : folder_(std::move(folder))
+    , program_(std::move(program)) {}
+
+bool AutostartLoginItems::setEnabled(std::string_view identifier, bool enabled) {
+    const auto file = folder_ / (std::string(identifier) + ".desktop");
+    if (enabled) return write(file);
+    std::error_code error;
+    fs::remove(file, error);
+    return !error;
+}
+
+bool AutostartLoginItems::write(const fs::path& file) const {
+    const auto present = textOf(file);
+    std::string entry(group);
+    entry += "\nType=Application\nName=Quorvane\n"
+             "Comment=Gives every program the keyboard input source it needs\n"
+             "TryExec=" +
+             withBackslashBefore("\\", program_) + "\nExec=" + execArgument(program_) + ' ' +
+             launch_argument::atLogin + "\nTerminal=false\n" + usersOwnLines(present);
+    if (entry == present) return true; // a launch like the one before writes nothing
+    if (makePrivateFolder(folder_)) return false;
+    FileDescriptor replacement;
+    return !replaceFile(file, entry, Durability::durable, replacement);
+}
+
+} // namespace quorvane
