@@ -1,6 +1,8 @@
 #include "app/AppDelegate.h"
 
 #include "settings/Keys.h"
+#include "settings/Maker.h"
+#include "shortcuts/InputHotKeys.h"
 
 namespace quorvane {
 namespace {
@@ -24,12 +26,18 @@ AppDelegate::AppDelegate(Desktop& desktop)
     , stateTip_(desktop.inputSources, desktop.images, desktop.defaults, interface_.iconView,
                 interface_.iconBox)
     , inputChangeWatch_(desktop.runLoop, [this] { stateTip_.inputChnagedNotification(); })
+    , indicator_(interface_, desktop.screens, desktop.windowList, desktop.workspace, desktop.cursor,
+                 standardDefaults_, openLaunchers_, stateTip_)
     , inputDecision_(desktop.defaults, inputSwitch_, companion_, desktop.runLoop, desktop.facts.switchDelay,
                      [this] { reset(); })
-    , appChangeHandler_(desktop.screens, desktop.runLoop, inputDecision_, desktop.facts.screenChangeDelay)
-    , indicator_(interface_, desktop.screens, stateTip_)
+    , appChangeHandler_(desktop.screens, desktop.runLoop, companion_, openLaunchers_, inputDecision_,
+                        indicator_, desktop.facts.screenChangeDelay)
+    , launcherWatch_(desktop.workspace, desktop.windowList, desktop.runLoop, companion_, openLaunchers_,
+                     inputDecision_, appChangeHandler_, indicator_)
+    , hotKeyCenter_(desktop.hotKeys)
     , loginItemsReminder_(desktop.alerts, desktop.application, desktop.processes, standardDefaults_,
                           desktop.facts.loginItemsCommand)
+    , launchAtLogin_(desktop.loginItems, standardDefaults_, desktop.log)
     , settingsMirror_(desktop.defaults)
     , statusBarIcon_(desktop.statusBar, desktop.images, statusMenu()) {
     theDelegate = this;
@@ -45,16 +53,29 @@ AppDelegate* AppDelegate::appDelegate() {
 
 void AppDelegate::applicationDidFinishLaunching() {
     loginItemsReminder_.showIfNeeded();
+    launchAtLogin_.initWithIdentifier(maker::loginItemIdentifier);
 
     indicator_.setUpWindow();
     indicator_.showInitialState();
     updateStatusBarItem();
 
+    observeDefaults();
+    observeWorkspace();
+    observeDistributedNotifications();
+    registerAllHotKey(standardDefaults_, hotKeyCenter_,
+                      [this](const PTHotKey& hotKey) { inputHotKeyAction(hotKey); });
+    observeLaunchers();
+}
+
+void AppDelegate::observeDefaults() {
     for (const auto observedKey : {key::hiddenIconInStatusBar, key::enableTipOfState, key::autoInput,
                                    key::enableForceEnglishBrowserAddress}) {
         subscriptions_.push_back(standardDefaults_.addObserver(
             observedKey, [this](std::string_view keyPath) { observeValueForKeyPath(keyPath); }));
     }
+}
+
+void AppDelegate::observeWorkspace() {
     for (const auto notification :
          {WorkspaceNotification::didActivateApplication, WorkspaceNotification::didUnhideApplication}) {
         subscriptions_.push_back(
@@ -62,10 +83,25 @@ void AppDelegate::applicationDidFinishLaunching() {
                 appChangeHandler_.appChanged(application);
             }));
     }
+}
+
+void AppDelegate::observeDistributedNotifications() {
     subscriptions_.push_back(desktop_.distributedNotifications.addObserver(
         selectedKeyboardInputSourceChangedNotification, [this](const DistributedNotification& notification) {
             inputChangeWatch_.inputSourceChanged(notification);
         }));
+    subscriptions_.push_back(desktop_.distributedNotifications.addObserver(
+        windowAdjustedNotification, [this](const DistributedNotification& notification) {
+            indicator_.windowAdjusted(notification);
+        }));
+}
+
+void AppDelegate::observeLaunchers() {
+    subscriptions_.push_back(desktop_.globalEvents.addGlobalMonitor(
+        eventMask(EventType::leftMouseUp) | eventMask(EventType::flagsChanged),
+        [this](const Event& event) { launcherWatch_.handleEvent(event); }));
+    subscriptions_.push_back(
+        desktop_.windowList.addLauncherObserver([this] { launcherWatch_.launcherWindowsChanged(); }));
 }
 
 bool AppDelegate::applicationShouldHandleReopen(bool /*hasVisibleWindows*/) {
@@ -87,7 +123,8 @@ void AppDelegate::openPreferences() {
 void AppDelegate::showPreferences() {
     if (!preferences_) {
         preferences_ =
-            std::make_unique<AppPrefsWindowController>(desktop_.interfaceFiles, preferencesNibName);
+            std::make_unique<AppPrefsWindowController>(desktop_.interfaceFiles, preferencesNibName,
+                                                       [this](std::string_view id) { changeInputTo(id); });
     }
     auto* window = preferences_->window();
     if (!window) return; // activating with nothing to show would only take the focus away from the user

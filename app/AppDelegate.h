@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "app/LaunchAtLoginController.h"
 #include "app/LoginItemsReminder.h"
 #include "app/SettingsMirror.h"
 #include "app/StatusBarIcon.h"
@@ -11,11 +12,14 @@
 #include "input/CompanionLink.h"
 #include "input/InputChangeWatch.h"
 #include "input/InputSwitch.h"
+#include "input/OpenLaunchers.h"
 #include "input/StateTip.h"
 #include "platform/Desktop.h"
 #include "preferences/AppPrefsWindowController.h"
+#include "shortcuts/PTHotKeyCenter.h"
 #include "switching/AppChangeHandler.h"
 #include "switching/InputDecision.h"
+#include "switching/LauncherWatch.h"
 
 namespace quorvane {
 
@@ -50,11 +54,18 @@ public:
     /// Starts a new instance of the program and ends this one at once.
     void restart();
 
+    /// A hot key was pressed.
+    void inputHotKeyAction(const PTHotKey& hotKey) { changeInputTo(hotKey.identifier()); }
+
     /// A hot key's request for an input source.
     void changeInputTo(std::string_view id) { inputSwitch_.changeInputTo(id); }
 
 private:
     Menu statusMenu();
+    void observeDefaults();
+    void observeWorkspace();
+    void observeDistributedNotifications();
+    void observeLaunchers();
     void showPreferences();
 
     Desktop& desktop_;
@@ -65,10 +76,14 @@ private:
     InputSwitch inputSwitch_;
     StateTip stateTip_;
     InputChangeWatch inputChangeWatch_;
+    OpenLaunchers openLaunchers_;
+    InputIndicator indicator_;
     InputDecision inputDecision_;
     AppChangeHandler appChangeHandler_;
-    InputIndicator indicator_;
+    LauncherWatch launcherWatch_;
+    PTHotKeyCenter hotKeyCenter_;
     LoginItemsReminder loginItemsReminder_;
+    LaunchAtLoginController launchAtLogin_;
     SettingsMirror settingsMirror_;
     StatusBarIcon statusBarIcon_;
     std::unique_ptr<AppPrefsWindowController> preferences_;

@@ -3,7 +3,9 @@
 namespace quorvane {
 
 AppPrefsWindowController::AppPrefsWindowController(InterfaceFiles& interfaceFiles,
-                                                   std::string_view windowNibName)
-    : window_(interfaceFiles.loadWindow(windowNibName)) {}
+                                                   std::string_view windowNibName,
+                                                   std::function<void(std::string_view id)> changeInputTo)
+    : changeInputTo_(std::move(changeInputTo))
+    , window_(interfaceFiles.loadWindow(windowNibName)) {}
 
 } // namespace quorvane

@@ -5,6 +5,9 @@
 namespace quorvane {
 
 void AppChangeHandler::appChanged(const RunningApplication& application) {
+    if (!companion_.isRunning()) indicator_.checkFollowWindow();
+    openLaunchers_ = {};
+
     const auto& bundleID = application.bundleIdentifier;
     if (bundleID && bundleID == lastBundleID_) return;
     lastBundleID_ = bundleID;

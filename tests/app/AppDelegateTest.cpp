@@ -1,12 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <optional>
-
-#include "app/AppDelegate.h"
-#include "platform/simulated/SimulatedDesktop.h"
-#include "settings/Keys.h"
-#include "settings/SharedDefaults.h"
+#include "support/ProgramTest.h"
 
 namespace quorvane {
 namespace {
@@ -15,24 +10,14 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Dictionary = PropertyList::Dictionary;
 
-class Program : public testing::Test {
+class Program : public ProgramTest {
 protected:
     Program() {
-        desktop_.inputSources.enable({.id = "us", .hasIconReference = true});
-        desktop_.inputSources.enable({.id = "ru", .hasIconReference = true});
-        for (const auto* id : {"us", "ru"})
+        for (const auto* id : {"us", "ru"}) {
+            desktop_.inputSources.enable({.id = id, .hasIconReference = true});
             desktop_.inputSources.icons[id] = SimulatedImage::ofColor({32, 32}, 0, 0, 0);
-        standard_.setBool(true, key::notNeedRemindForAutoStartAtLogin);
+        }
     }
-
-    void launch() {
-        program_.emplace(desktop_.desktop);
-        program_->applicationDidFinishLaunching();
-    }
-
-    SimulatedDesktop desktop_;
-    StandardUserDefaults& standard_ = desktop_.defaults.standardUserDefaults();
-    std::optional<AppDelegate> program_;
 };
 
 TEST_F(Program, OnlyOkOnTheReminderCounts) {
@@ -148,6 +133,28 @@ TEST_F(Program, AnActivationAndAnUnhideSwitchTheInputSource) {
     desktop_.workspace.unhide("other.app");
     desktop_.runLoop.advance(0.1);
     EXPECT_EQ(desktop_.inputSources.currentID(), "us");
+}
+
+TEST_F(Program, TheLoginItemIsSetAtLaunchAndAtEachWriteOfTheSetting) {
+    launch();
+    standard_.setBool(true, key::autoStartAtLogin);
+    desktop_.loginItems.refuses = true;
+    standard_.setBool(true, key::autoStartAtLogin);
+    standard_.setBool(false, key::autoStartAtLogin);
+    const std::string item(maker::loginItemIdentifier);
+    EXPECT_THAT(desktop_.loginItems.calls, ElementsAre(std::pair(item, false), std::pair(item, true),
+                                                       std::pair(item, true), std::pair(item, false)));
+    EXPECT_THAT(desktop_.log.lines, ElementsAre("Call LoginItemSetEnabled with [0] success",
+                                                "Call LoginItemSetEnabled with [1] success",
+                                                "Call LoginItemSetEnabled with [1] failed",
+                                                "Call LoginItemSetEnabled with [0] failed"));
+    EXPECT_TRUE(standard_.objectForKey(key::autoStartAtLogin) == PropertyList(false)) << "left as it is";
+
+    LaunchAtLoginController controller(desktop_.loginItems, standard_, desktop_.log);
+    controller.initWithIdentifier("first");
+    controller.initWithIdentifier("second");
+    controller.setLaunchAtLogin(true);
+    EXPECT_EQ(desktop_.loginItems.calls.back(), std::pair(std::string("first"), true));
 }
 
 TEST_F(Program, ThePreferencesOpenAMomentAfterTheyWereAskedFor) {

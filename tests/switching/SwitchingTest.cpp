@@ -1,11 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "input/CompanionLink.h"
-#include "platform/simulated/SimulatedDesktop.h"
-#include "settings/Keys.h"
-#include "settings/SharedDefaults.h"
-#include "switching/AppChangeHandler.h"
+#include "support/ProgramTest.h"
+#include "switching/InputDecision.h"
 
 namespace quorvane {
 namespace {
@@ -48,28 +45,14 @@ TEST(WantedInputSource, IsThatOfTheRuleElseTheDefaultOne) {
     }
 }
 
-class Switching : public testing::Test {
+class Switching : public ProgramTest {
 protected:
     Switching() {
         for (const auto* id : {"us", "ru", "de"})
             desktop_.inputSources.enable({.id = id});
-        openSharedDefaults(desktop_.defaults)
-            ->setObject(Dictionary{{"ru.app", rule("ru")},
-                                   {"de.app", rule("de")},
-                                   {"com.apple.Spotlight", rule("de")},
-                                   {"com.runningwithcrayons.Alfred-5", rule("ru")}},
-                        key::autoInput);
-        start(0.1, 0.2);
-    }
-
-    /// Starts to watch the desktop, whose waits are these.
-    void start(double switchDelay, double screenChangeDelay) {
-        decision_.emplace(desktop_.defaults, inputSwitch_, companion_, desktop_.runLoop, switchDelay,
-                          [this] { ++resets_; });
-        handler_.emplace(desktop_.screens, desktop_.runLoop, *decision_, screenChangeDelay);
-        activations_ = desktop_.workspace.addObserver(
-            WorkspaceNotification::didActivateApplication,
-            [this](const RunningApplication& application) { handler_->appChanged(application); });
+        setRule("ru.app", "ru");
+        setRule("de.app", "de");
+        launch();
     }
 
     /// Past the wait that the first activation always makes.
@@ -77,16 +60,6 @@ protected:
         desktop_.workspace.activate("first.app");
         desktop_.runLoop.advance(1);
     }
-
-    const std::vector<std::string>& selections() { return desktop_.inputSources.selections(); }
-
-    SimulatedDesktop desktop_;
-    int resets_ = 0;
-    CompanionLink companion_{desktop_.workspace, desktop_.defaults, desktop_.distributedNotifications};
-    InputSwitch inputSwitch_{desktop_.inputSources, desktop_.defaults, desktop_.workspace, companion_, [] {}};
-    std::optional<InputDecision> decision_;
-    std::optional<AppChangeHandler> handler_;
-    Subscription activations_;
 };
 
 TEST_F(Switching, AnApplicationIsSwitchedATenthOfASecondAfterItCameToTheFront) {
@@ -96,7 +69,7 @@ TEST_F(Switching, AnApplicationIsSwitchedATenthOfASecondAfterItCameToTheFront) {
     EXPECT_THAT(selections(), IsEmpty());
     desktop_.runLoop.advance(0.001);
     EXPECT_THAT(selections(), ElementsAre("ru"));
-    EXPECT_EQ(resets_, 1);
+    EXPECT_THAT(desktop_.interfaceFiles.window.orders, ElementsAre("front", "out"));
     EXPECT_EQ(openSharedDefaults(desktop_.defaults)->integerForKey(key::switchTimes), 1);
 }
 
@@ -143,24 +116,16 @@ TEST_F(Switching, NothingHappensWithoutATargetOrWhenItIsCurrent) {
     EXPECT_EQ(openSharedDefaults(desktop_.defaults)->integerForKey(key::switchTimes), 0);
 }
 
-TEST_F(Switching, LaunchersAreSwitchedAtOnceAndWithoutReset) {
-    decision_->decide("com.apple.Spotlight");
-    decision_->decide("com.runningwithcrayons.Alfred-5");
-    EXPECT_THAT(selections(), ElementsAre("de", "ru"));
-    EXPECT_EQ(resets_, 0);
-}
-
 TEST_F(Switching, TheCompanionIsAskedAfreshEachTime) {
     settleOnScreen();
-    const std::string companion(maker::companionBundleIdentifier);
-    desktop_.workspace.launch(companion);
+    launchCompanion();
     desktop_.workspace.activate("ru.app");
     desktop_.runLoop.advance(1);
     EXPECT_THAT(selections(), IsEmpty());
     ASSERT_EQ(desktop_.distributedNotifications.posted().size(), 1U);
     EXPECT_EQ(openSharedDefaults(desktop_.defaults)->stringForKey(key::askTandrelSwitchInput), "ru");
 
-    desktop_.workspace.quit(companion);
+    desktop_.workspace.quit(maker::companionBundleIdentifier);
     desktop_.workspace.activate("de.app");
     desktop_.runLoop.advance(1);
     EXPECT_THAT(selections(), ElementsAre("de"));
@@ -168,7 +133,8 @@ TEST_F(Switching, TheCompanionIsAskedAfreshEachTime) {
 }
 
 TEST_F(Switching, ADesktopWithoutWaitsIsSwitchedBeforeAnythingElseHappens) {
-    start(0, 0);
+    desktop_.desktop.facts.switchDelay = desktop_.desktop.facts.screenChangeDelay = 0;
+    launch();
     desktop_.workspace.activate("ru.app");
     EXPECT_THAT(selections(), ElementsAre("ru"));
     desktop_.screens.main->number = 2;

@@ -1,0 +1,13 @@
+#pragma once
+
+namespace quorvane {
+
+/// The launchers whose window has been seen and whose input source has been selected for it.
+struct OpenLaunchers {
+    bool alfred = false;
+    bool spotlight = false;
+
+    bool any() const { return alfred || spotlight; }
+};
+
+} // namespace quorvane

@@ -1,0 +1,92 @@
+#include <gmock/gmock.h>
+
+#include "support/ProgramTest.h"
+
+namespace quorvane {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Dictionary = PropertyList::Dictionary;
+
+constexpr std::int64_t command = 0x100000;
+
+PropertyList record(PropertyList keyCode, PropertyList modifierFlags = command) {
+    return Dictionary{{"keyCode", std::move(keyCode)}, {"modifierFlags", std::move(modifierFlags)}};
+}
+
+class InputHotKeys : public ProgramTest {
+protected:
+    InputHotKeys() {
+        for (const auto* id : {"us", "ru", "de"})
+            desktop_.inputSources.enable({.id = id});
+    }
+    bool press(std::int64_t keyCode) { return desktop_.hotKeys.press({keyCode, command}); }
+};
+
+TEST_F(InputHotKeys, EachSelectsItsOwnSource) {
+    standard_.setObject(Dictionary{{"ru", record(1)}, {"de", record(2)}, {"gone", record(3)}},
+                        key::shortcutOfInput);
+    launch();
+    EXPECT_TRUE(press(1));
+    EXPECT_TRUE(press(2));
+    EXPECT_TRUE(press(2)) << "it is the current one already";
+    EXPECT_EQ(desktop_.inputSources.currentID(), "de");
+    EXPECT_TRUE(press(3)) << "its source may come back";
+    EXPECT_THAT(selections(), ElementsAre("ru", "de"));
+    EXPECT_EQ(openSharedDefaults(desktop_.defaults)->integerForKey(key::switchTimes), 3);
+}
+
+TEST_F(InputHotKeys, WhatIsNoRecordOrIsRefusedIsPassedOver) {
+    desktop_.hotKeys.takeFromOutside({1, command});
+    const PropertyList shortcuts[] = {{},
+                                      Dictionary{},
+                                      "no dictionary",
+                                      Dictionary{{"a", record(1)}, // another program's
+                                                 {"b", "no record"},
+                                                 {"c", record({})},
+                                                 {"d", record("5")},
+                                                 {"e", record(4711)},
+                                                 {"f", record(-1)},
+                                                 {"g", record(9.0, double(command))}}};
+    for (const auto& stored : shortcuts) {
+        standard_.setObject(stored, key::shortcutOfInput);
+        launch();
+        EXPECT_EQ(desktop_.hotKeys.count(), 1U + (stored["g"].isNothing() ? 0 : 1));
+    }
+    EXPECT_FALSE(press(1));
+    EXPECT_TRUE(press(9));
+}
+
+TEST_F(InputHotKeys, AnotherCombinationTakesThePlaceOfTheOldOneAtOnce) {
+    PTHotKeyCenter center(desktop_.hotKeys);
+    AppPrefsWindowController preferences(desktop_.interfaceFiles, preferencesNibName,
+                                         [this](auto id) { desktop_.inputSources.selectFromOutside(id); });
+    const auto recorded = [&](const char* id, std::int64_t keyCode) {
+        return PTHotKey::hotKeyWithIdentifier(id, record(keyCode), [&](const PTHotKey& hotKey) {
+            preferences.inputHotKeyAction(hotKey);
+            center.unregisterHotKey(hotKey); // while it fires
+        });
+    };
+    EXPECT_TRUE(center.registerHotKey(recorded("ru", 1)));
+    EXPECT_FALSE(center.registerHotKey(recorded("de", 1))) << "taken, by ourselves";
+    EXPECT_EQ(center.hotKeyWithIdentifier("de"), nullptr);
+    EXPECT_TRUE(center.registerHotKey(recorded("ru", 2)));
+    EXPECT_EQ(center.hotKeyWithIdentifier("ru")->keyCombo(), record(2));
+    EXPECT_FALSE(press(1));
+    EXPECT_TRUE(press(2));
+    EXPECT_EQ(desktop_.inputSources.currentID(), "ru");
+    EXPECT_FALSE(press(2));
+    EXPECT_EQ(desktop_.hotKeys.count(), 0U);
+}
+
+TEST_F(InputHotKeys, DoNothingWhileALauncherIsInFront) {
+    standard_.setObject(Dictionary{{"ru", record(1)}}, key::shortcutOfInput);
+    launch();
+    desktop_.workspace.activate("com.runningwithcrayons.Alfred-5");
+    EXPECT_TRUE(press(1));
+    EXPECT_THAT(selections(), IsEmpty());
+}
+
+} // namespace
+} // namespace quorvane
