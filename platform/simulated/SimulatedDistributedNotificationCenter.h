@@ -21,6 +21,7 @@ public:
 
     /// What this program posted, oldest first.
     const std::vector<DistributedNotification>& posted() const { return posted_; }
+    void forgetPosted() { posted_.clear(); }
 
     /// From now on, nothing arrives anywhere, as when the session bus is gone.
     void lose() { lost_ = true; }

@@ -33,6 +33,7 @@ public:
 
     /// The ids this program selected, oldest first, refused ones included.
     const std::vector<std::string>& selections() const { return selections_; }
+    void forgetSelections() { selections_.clear(); }
 
     std::map<std::string, std::string> names; ///< By source id; the id itself where none is given.
     std::map<std::string, ImageRef> icons;    ///< By source id, for sources with an icon reference.

@@ -42,6 +42,8 @@ protected:
                 launchCompanion();
             } else if (word == "running") {
                 desktop_.workspace.launch(alfredId, ActivationPolicy::accessory);
+            } else if (word.starts_with('=')) {
+                desktop_.inputSources.selectFromOutside(word.substr(1));
             } else if (word.ends_with(".app")) {
                 desktop_.workspace.activate(word);
             } else if (word.starts_with("0x")) {
@@ -79,6 +81,10 @@ struct Episode {
     std::size_t armedTimers = 0;
 };
 
+std::ostream& operator<<(std::ostream& stream, const Episode& episode) {
+    return stream << episode.what;
+}
+
 class Episodes : public LauncherWatchTest, public testing::WithParamInterface<Episode> {};
 
 TEST_P(Episodes, SelectTheLaunchersSourceAndTheOneBefore) {
@@ -110,6 +116,13 @@ const Episode episodes[] = {
     {"two different keys", "running 0x100108 0x100 0.2 alfred 0x40101 0x100 closes", {}},
     {"double press without Alfred", "0x100108 0x100 0.2 alfred 0x100108 0x100", {}},
     {"an activation ends it", "0x100108 spotlight 0.1 0x100 other.app 0.3 closes", {"de", "us"}},
+    {"and the next press begins another",
+     "0x100108 spotlight 0.1 other.app 0.3 0x100108",
+     {"de", "us", "de"}},
+    {"what the user selects in the launcher stays",
+     "running 0x100108 alfred 0.1 =us 0x40101 0.3 0x100",
+     {"ru"},
+     1},
     {"the companion switches", "companion 0x100108 spotlight 0.1 0x100 closes", {}},
     {"a desktop that tells", "running alfred told closes told", {"ru", "us"}},
     {"a desktop that tells of the beginning only", "spotlight told 1.0 closes", {"de", "us"}},
