@@ -1,6 +1,7 @@
 // The contracts of the ports, on the simulated desktop.
 
 #include "contracts/DistributedNotificationCenterContract.h"
+#include "contracts/HotKeysContract.h"
 #include "contracts/TextInputSourcesContract.h"
 #include "contracts/UserDefaultsContract.h"
 #include "contracts/WorkspaceContract.h"
@@ -66,6 +67,15 @@ public:
     void quit(const std::string& id) override { desktop_.workspace.quit(id); }
 };
 
+class SimulatedHotKeysBench : public SimulatedBench<HotKeysBench> {
+public:
+    HotKeys& hotKeys() override { return desktop_.hotKeys; }
+    void press(const KeyCombination& combination) override { desktop_.hotKeys.press(combination); }
+    void takeFromOutside(const KeyCombination& combination) override {
+        desktop_.hotKeys.takeFromOutside(combination);
+    }
+};
+
 template <class Bench>
 auto simulated() {
     return testing::Values([] { return std::make_unique<Bench>(); });
@@ -74,6 +84,7 @@ auto simulated() {
 INSTANTIATE_TEST_SUITE_P(Simulated, UserDefaultsContract, simulated<SimulatedUserDefaultsBench>());
 INSTANTIATE_TEST_SUITE_P(Simulated, DistributedNotificationCenterContract,
                          simulated<SimulatedNotificationsBench>());
+INSTANTIATE_TEST_SUITE_P(Simulated, HotKeysContract, simulated<SimulatedHotKeysBench>());
 INSTANTIATE_TEST_SUITE_P(Simulated, TextInputSourcesContract, simulated<SimulatedInputSourcesBench>());
 INSTANTIATE_TEST_SUITE_P(Simulated, WorkspaceContract, simulated<SimulatedWorkspaceBench>());
 
