@@ -15,6 +15,8 @@ namespace quorvane {
 namespace {
 
 constexpr std::uint8_t aKey = 38;
+constexpr std::uint8_t hotKeyModifiers[] = {37, 64}; // control and option
+constexpr std::uint8_t hotKeys[] = {30, 27};         // U and R
 
 QByteArray propertyList(const QByteArray& entries) {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\"><dict>" + entries +
@@ -23,6 +25,11 @@ QByteArray propertyList(const QByteArray& entries) {
 
 QByteArray rule(const QByteArray& application, const QByteArray& layout) {
     return "<key>" + application + "</key><dict><key>id</key><string>xkb:" + layout + "</string></dict>";
+}
+
+QByteArray shortcut(const QByteArray& layout, const QByteArray& keyCode) {
+    return "<key>xkb:" + layout + "</key><dict><key>keyCode</key><integer>" + keyCode +
+           "</integer><key>modifierFlags</key><integer>786432</integer></dict>";
 }
 
 QString fileOf(std::string_view domain) {
@@ -37,11 +44,13 @@ void run(const QString& program, const QStringList& arguments) {
 } // namespace
 
 MeasuredDesktop::MeasuredDesktop(bool withTray) {
-    folders_.write(fileOf(maker::bundleIdentifier),
-                   propertyList("<key>NotNeedRemindForAutoStartAtLogin</key><true/>"));
     folders_.write(
-        fileOf(maker::sharedSuiteName),
-        propertyList("<key>autoInput</key><dict>" + rule("first", "us") + rule("second", "ru") + "</dict>"));
+        fileOf(maker::bundleIdentifier),
+        propertyList("<key>NotNeedRemindForAutoStartAtLogin</key><true/><key>shortcutOfInput</key><dict>" +
+                     shortcut("us", "32") + shortcut("ru", "15") + "</dict>"));
+    folders_.write(fileOf(maker::sharedSuiteName),
+                   propertyList("<key>autoInput</key><dict>" + rule("first", "us") + rule("second", "ru") +
+                                rule("com.runningwithcrayons.Alfred.rofi", "ru") + "</dict>"));
     run("setxkbmap", {"-rules", "evdev", "-model", "pc105", "-layout", "us,ru"});
     windowManager_ = std::make_unique<WindowManager>("openbox");
 
@@ -80,22 +89,25 @@ void MeasuredDesktop::connect() {
     xcb_xkb_select_events_aux(xcb_, XCB_XKB_ID_USE_CORE_KBD, XCB_XKB_EVENT_TYPE_STATE_NOTIFY, 0, 0, 0, 0,
                               &details);
 
-    windows_[0] = makeWindow("first", 100);
-    windows_[1] = makeWindow("second", 500);
+    windows_[0] = makeWindow("first", 100, false);
+    windows_[1] = makeWindow("second", 500, false);
+    launcher_ = makeWindow("Rofi", 300, true);
+    for (const auto window : windows_)
+        xcb_map_window(xcb_, window);
+    xcb_flush(xcb_);
     bool hasFocus = false;
     while (const auto seen = nextSeen(Clock::now() + std::chrono::seconds(hasFocus ? 1 : 10)))
         hasFocus = hasFocus || seen->what == Seen::What::focusIn;
 }
 
-xcb_window_t MeasuredDesktop::makeWindow(const char* wmClass, int x) {
+xcb_window_t MeasuredDesktop::makeWindow(const char* wmClass, int x, bool isPopUp) {
     const auto window = xcb_generate_id(xcb_);
-    const std::uint32_t events = XCB_EVENT_MASK_FOCUS_CHANGE | XCB_EVENT_MASK_KEY_PRESS;
+    const std::uint32_t values[] = {isPopUp, XCB_EVENT_MASK_FOCUS_CHANGE | XCB_EVENT_MASK_KEY_PRESS};
     xcb_create_window(xcb_, XCB_COPY_FROM_PARENT, window, root_, static_cast<std::int16_t>(x), 100, 300, 200,
-                      0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &events);
+                      0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+                      XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values);
     const auto value = std::string(wmClass) + '\0' + wmClass + '\0';
     xcb_icccm_set_wm_class(xcb_, window, static_cast<std::uint32_t>(value.size()), value.data());
-    xcb_map_window(xcb_, window);
-    xcb_flush(xcb_);
     return window;
 }
 
@@ -131,8 +143,28 @@ void MeasuredDesktop::activate(int application) {
 }
 
 void MeasuredDesktop::typeKey() {
-    xcb_test_fake_input(xcb_, XCB_KEY_PRESS, aKey, 0, XCB_NONE, 0, 0, 0);
-    xcb_test_fake_input(xcb_, XCB_KEY_RELEASE, aKey, 0, XCB_NONE, 0, 0, 0);
+    fake(XCB_KEY_PRESS, aKey);
+    fake(XCB_KEY_RELEASE, aKey);
+}
+
+void MeasuredDesktop::pressHotKey(int group) {
+    for (const auto type : {XCB_KEY_PRESS, XCB_KEY_RELEASE}) {
+        for (const auto modifier : hotKeyModifiers)
+            fake(std::uint8_t(type), modifier);
+        fake(std::uint8_t(type), hotKeys[group]);
+    }
+}
+
+void MeasuredDesktop::fake(std::uint8_t type, std::uint8_t keycode) {
+    xcb_test_fake_input(xcb_, type, keycode, 0, XCB_NONE, 0, 0, 0);
+    xcb_flush(xcb_);
+}
+
+void MeasuredDesktop::showLauncher(bool shown) {
+    if (shown)
+        xcb_map_window(xcb_, launcher_);
+    else
+        xcb_unmap_window(xcb_, launcher_);
     xcb_flush(xcb_);
 }
 

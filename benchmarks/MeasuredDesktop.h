@@ -17,7 +17,7 @@ using Clock = std::chrono::steady_clock;
 
 /// A virtual desktop with two applications and the agent, seen and used by a plain X client: what it measures
 /// is what a user's programs get. The first application wants the layout of group 0, the second that of
-/// group 1.
+/// group 1, and so does a launcher. Each group has a hot key.
 class MeasuredDesktop {
 public:
     /// Starts everything but the agent. `withTray` adds a tray for its status item.
@@ -36,6 +36,12 @@ public:
     /// Presses and releases a key, as the hardware would.
     void typeKey();
 
+    /// Presses and releases the hot key of a group.
+    void pressHotKey(int group);
+
+    /// Shows a pop-up window like that of a launcher, or takes it away.
+    void showLauncher(bool shown);
+
     struct Seen {
         enum class What { focusIn, layout, key } what;
         int application; ///< The one that got the focus or the key.
@@ -51,7 +57,8 @@ public:
 
 private:
     void connect();
-    xcb_window_t makeWindow(const char* wmClass, int x);
+    void fake(std::uint8_t type, std::uint8_t keycode);
+    xcb_window_t makeWindow(const char* wmClass, int x, bool isPopUp);
     std::optional<Seen> interpret(const xcb_generic_event_t& event);
     int applicationOf(xcb_window_t window) const { return window == windows_[0] ? 0 : 1; }
 
@@ -65,6 +72,7 @@ private:
     xcb_connection_t* xcb_ = nullptr;
     xcb_window_t root_ = XCB_NONE;
     xcb_window_t windows_[2] = {};
+    xcb_window_t launcher_ = XCB_NONE;
     xcb_atom_t activeWindow_ = XCB_NONE;
     std::uint8_t xkbEvent_ = 0;
 };

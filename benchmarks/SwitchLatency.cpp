@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <vector>
 
 #include <QCoreApplication>
@@ -62,6 +63,32 @@ void measureLatency(MeasuredDesktop& desktop, int switches) {
         "FocusIn to layout, %d switches: p50 %.2f ms, p90 %.2f ms, p99 %.2f ms, longest %.2f ms, missed %d\n",
         switches, percentile(latencies, 0.5), percentile(latencies, 0.9), percentile(latencies, 0.99),
         latencies.back(), missed);
+}
+
+/// `act` does something after which the layout of the group it is given has to be the current one.
+void measureReaction(MeasuredDesktop& desktop, const char* what, int times,
+                     const std::function<void(int group)>& act) {
+    std::vector<double> latencies;
+    desktop.activate(0);
+    settle(desktop);
+    for (int i = 0; i < times; ++i) {
+        drain(desktop, randomPause(20ms, 120ms));
+        const int group = 1 - i % 2;
+        const auto start = Clock::now();
+        act(group);
+        while (const auto seen = desktop.nextSeen(start + 2s)) {
+            if (seen->what != What::layout || seen->group != group) continue;
+            latencies.push_back(milliseconds(seen->time - start));
+            break;
+        }
+    }
+    desktop.activate(1); // so that the next change is one
+    settle(desktop);
+    const auto missed = times - static_cast<int>(latencies.size());
+    std::ranges::sort(latencies);
+    if (latencies.empty()) latencies.push_back(0);
+    std::printf("%s to layout, %d times: p50 %.2f ms, p99 %.2f ms, longest %.2f ms, missed %d\n", what, times,
+                percentile(latencies, 0.5), percentile(latencies, 0.99), latencies.back(), missed);
 }
 
 void measureKeys(MeasuredDesktop& desktop, std::chrono::milliseconds after, int keys) {
@@ -125,6 +152,9 @@ int main(int argc, char** argv) {
     desktop.startAgentAndWait();
     settle(desktop);
     measureLatency(desktop, switches);
+    measureReaction(desktop, "a pop-up launcher shown or closed", switches / 2,
+                    [&](int group) { desktop.showLauncher(group == 1); });
+    measureReaction(desktop, "hot key", switches / 2, [&](int group) { desktop.pressHotKey(group); });
     for (const auto after : {1ms, 5ms, 20ms})
         measureKeys(desktop, after, switches / 2);
     for (const auto gap : {0ms, 1ms, 5ms, 20ms})

@@ -1,6 +1,6 @@
 #include "platform/linux/LinuxDesktop.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QStandardPaths>
 
 #include "platform/linux/LaunchArguments.h"
@@ -8,6 +8,12 @@
 
 namespace quorvane {
 namespace {
+
+/// What the companion of other desktops posts when the front window has changed. Here nobody has to.
+constexpr const char* frontWindowNotification = "AXWindowAdjusted";
+
+/// A window of which no side is longer is no window to work in, and where it is, is not told.
+constexpr double smallestSide = 200; // points
 
 DesktopFacts factsOfX11() {
     return {
@@ -35,18 +41,28 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
                                 [this] { defaults_.flushPendingWrites(); })
     , desktopEntries_(DesktopEntries::ofEnvironment())
     , identities_(x, desktopEntries_)
-    , workspace_(x, identities_, &busApplications_)
-    , windowList_(x, identities_)
-    , screens_(x, workspace_)
+    , launchers_(x)
+    , workspace_(x, identities_, launchers_, &busApplications_)
+    , screens_(x, workspace_, qGuiApp->devicePixelRatio())
+    , frontWindow_(x, workspace_, screens_)
+    , windowList_(x, identities_, screens_, launchers_)
     , globalEvents_(x)
     , hotKeys_(x)
-    , cursor_(x)
+    , cursor_(x, qGuiApp->devicePixelRatio())
     , inputSources_(x, drawLettersIcon)
     , selectionChanges_(inputSources_.selectionChanged.connect([this] {
         distributedNotifications_.deliverLocally(
             {std::string(selectedKeyboardInputSourceChangedNotification), {}});
     }))
     , applicationBundles_(desktopEntries_)
+    , interfaceFiles_(x, screens_)
+    , activations_(workspace_.addObserver(WorkspaceNotification::didActivateApplication,
+                                          [this](const auto&) { interfaceFiles_.raiseIndicator(); }))
+    , frontWindowChanges_(frontWindow_.changed.connect([this](const auto& bounds) {
+        interfaceFiles_.raiseIndicator(); // A window that now fills the screen covers it.
+        tellFrontWindow(bounds);
+    }))
+    , launcherChanges_(launchers_.onChange([this] { interfaceFiles_.raiseIndicator(); }))
     , processes_([this] { defaults_.flushPendingWrites(); })
     , loginItems_(autostartFolder(), QCoreApplication::applicationFilePath().toStdString())
     , desktop_{.facts = factsOfX11(),
@@ -70,5 +86,15 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
                .inputSources = inputSources_,
                .defaults = defaults_,
                .workspace = workspace_} {}
+
+void LinuxDesktop::tellFrontWindow(const std::optional<Rect>& bounds) {
+    if (bounds && bounds->width <= smallestSide && bounds->height <= smallestSide) return;
+    PropertyList::Dictionary described;
+    if (bounds) {
+        described = {
+            {"X", bounds->x}, {"Y", bounds->y}, {"Width", bounds->width}, {"Height", bounds->height}};
+    }
+    distributedNotifications_.deliverLocally({frontWindowNotification, std::move(described)});
+}
 
 } // namespace quorvane

@@ -16,6 +16,7 @@
 #include "platform/linux/qt/QtStatusBar.h"
 #include "platform/linux/x11/X11Cursor.h"
 #include "platform/linux/x11/X11EventMonitor.h"
+#include "platform/linux/x11/X11FrontWindow.h"
 #include "platform/linux/x11/X11HotKeys.h"
 #include "platform/linux/x11/X11Screens.h"
 #include "platform/linux/x11/X11WindowList.h"
@@ -36,6 +37,9 @@ public:
     QtApplicationPort& application() { return application_; }
 
 private:
+    /// Where the front window has gone: none when it is no longer to be seen.
+    void tellFrontWindow(const std::optional<Rect>& bounds);
+
     QtRunLoop runLoop_;
     NotificationCenter notifications_;
     LinuxUserDefaults defaults_;
@@ -44,9 +48,11 @@ private:
 
     DesktopEntries desktopEntries_;
     ApplicationIdentities identities_;
+    X11Launchers launchers_;
     X11Workspace workspace_;
-    X11WindowList windowList_;
     X11Screens screens_;
+    X11FrontWindow frontWindow_;
+    X11WindowList windowList_;
     X11EventMonitor globalEvents_;
     X11HotKeys hotKeys_;
     X11Cursor cursor_;
@@ -57,6 +63,9 @@ private:
     LinuxApplicationBundles applicationBundles_;
     QtImages images_;
     QtInterfaceFiles interfaceFiles_;
+    Subscription activations_;
+    Subscription frontWindowChanges_;
+    Subscription launcherChanges_;
     QtStatusBar statusBar_;
     QtAlerts alerts_;
     LinuxProcesses processes_;

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include <QApplication>
+#include <QPixmapCache>
 
 #include "app/AppDelegate.h"
 #include "platform/linux/LinuxDesktop.h"
@@ -58,6 +59,8 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Quorvane"));
     QApplication::setWindowIcon(quorvane::iconOfTemplate(quorvane::QtImages().imageNamed("menuBarIcon")));
     QApplication::setQuitOnLastWindowClosed(false);
+    // Its timer would wake an idle program half a minute after a picture was drawn, to throw a few pixels away.
+    QPixmapCache::setCacheLimit(0);
 
     const auto x = quorvane::XConnection::open();
     if (!x) {

@@ -3,6 +3,8 @@
 #include <poll.h>
 #include <thread>
 
+#include <xcb/xtest.h>
+
 #include "platform/linux/x11/XcbReply.h"
 #include "platform/linux/x11/XcbXkb.h"
 
@@ -80,9 +82,23 @@ void FocusedWindows::activate(xcb_window_t window) {
     xcb_flush(xcb_);
 }
 
-FocusedWindows::Times FocusedWindows::watch(xcb_window_t window, Clock::time_point deadline) {
-    Times times;
-    while (!(times.focused && times.switched) && Clock::now() < deadline) {
+FocusedWindows::Times FocusedWindows::activateAndWatch(xcb_window_t window, Clock::time_point deadline) {
+    activate(window);
+    return watch({}, window, deadline);
+}
+
+FocusedWindows::Times FocusedWindows::pressAndWatch(const std::vector<std::uint8_t>& keycodes,
+                                                    Clock::time_point deadline) {
+    for (const auto type : {XCB_KEY_PRESS, XCB_KEY_RELEASE}) {
+        for (const auto keycode : keycodes)
+            xcb_test_fake_input(xcb_, std::uint8_t(type), keycode, XCB_CURRENT_TIME, root_, 0, 0, 0);
+    }
+    xcb_flush(xcb_);
+    return watch({.began = Clock::now()}, XCB_NONE, deadline);
+}
+
+FocusedWindows::Times FocusedWindows::watch(Times times, xcb_window_t window, Clock::time_point deadline) {
+    while (!(times.began && times.switched) && Clock::now() < deadline) {
         const XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(xcb_)};
         if (!event) {
             pollfd descriptor{xcb_get_file_descriptor(xcb_), POLLIN, 0};
@@ -93,7 +109,7 @@ FocusedWindows::Times FocusedWindows::watch(xcb_window_t window, Clock::time_poi
         const auto type = event->response_type & 0x7f;
         if (type == XCB_FOCUS_IN) {
             const auto& focus = reinterpret_cast<const xcb_focus_in_event_t&>(*event);
-            if (focus.event == window && focus.mode == XCB_NOTIFY_MODE_NORMAL) times.focused = Clock::now();
+            if (focus.event == window && focus.mode == XCB_NOTIFY_MODE_NORMAL) times.began = Clock::now();
         } else if (type == xkbEvent_) {
             times.switched = Clock::now();
         }

@@ -6,6 +6,7 @@
 #include <QLocale>
 
 #include "platform/linux/qt/QtImage.h"
+#include "platform/linux/x11/LauncherTable.h"
 
 namespace quorvane {
 namespace {
@@ -23,7 +24,8 @@ std::optional<DesktopEntry> entryAtPath(std::string_view path) {
 } // namespace
 
 std::optional<std::string> LinuxApplicationBundles::absolutePathForAppBundle(std::string_view id) const {
-    const auto entry = entries_.withId(id);
+    const auto* launcher = launcherOfBundleIdentifier(id);
+    const auto entry = entries_.withId(launcher ? launcher->desktopId : id);
     return entry ? std::optional(entry->path) : std::nullopt;
 }
 

@@ -1,58 +1,66 @@
 #include "platform/linux/qt/QtIndicatorWindow.h"
 
-#include <QGuiApplication>
-#include <QPixmap>
-#include <QScreen>
+#include <QColor>
 
+#include "platform/linux/qt/IndicatorPicture.h"
 #include "platform/linux/qt/QtImage.h"
 
 namespace quorvane {
-namespace {
 
-constexpr int windowSize = 20; // points: an icon of 18 on its box, and it fits into the corner it starts in
-
-} // namespace
-
-QtIndicatorWindow::QtIndicatorWindow() : box_(new QFrame(&widget_)), icon_(new QLabel(&widget_)) {
-    widget_.setFixedSize(windowSize, windowSize);
-    box_->setGeometry(widget_.rect());
-    box_->setStyleSheet(QStringLiteral("background: #f4f4f6; border: 1px solid #8a8f99;"));
-    icon_->setGeometry(widget_.rect());
-    icon_->setAlignment(Qt::AlignCenter);
-    box_->hide();
-    icon_->hide();
+QtIndicatorWindow::QtIndicatorWindow(XConnection& x, const X11Screens& screens)
+    : screens_(screens)
+    , native_(x,
+              [this] { return style_.isMovableByWindowBackground && iconView_.mouseDownCanMoveWindow(); }) {
+    changed_.setSingleShot(true);
+    QObject::connect(&changed_, &QTimer::timeout, &changed_, [this] { update(); });
 }
 
+// Whatever the level, the window is above everything and on all workspaces: so are all windows that a window
+// manager does not manage. If it did, this one would be listed among the programs and could get the focus.
 void QtIndicatorWindow::setStyle(const WindowStyle& style) {
-    // Left to the window manager, the window would be listed among the programs and could get the focus.
-    widget_.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-                           Qt::WindowDoesNotAcceptFocus | Qt::BypassWindowManagerHint);
-    widget_.setAttribute(Qt::WA_ShowWithoutActivating);
-    widget_.setAttribute(Qt::WA_TranslucentBackground, style.hasClearBackground);
+    style_ = style;
+    changed_.start();
 }
 
 void QtIndicatorWindow::setFrameOrigin(Point origin) {
-    const auto* primary = QGuiApplication::primaryScreen();
-    const auto height = primary ? primary->geometry().height() : 0;
-    widget_.move(static_cast<int>(origin.x), height - static_cast<int>(origin.y) - widget_.height());
+    const auto points = screens_.points();
+    native_.moveTo(points.topLeftPixel(origin, indicatorSizeInPixels(points.scale)));
 }
 
-void QtIndicatorWindow::showIfSeen() {
-    widget_.setVisible(!icon_->isHidden() || !box_->isHidden());
+void QtIndicatorWindow::makeKeyAndOrderFront() {
+    isOrderedIn_ = true;
+    changed_.start();
+    raise();
+}
+
+void QtIndicatorWindow::orderOut() {
+    isOrderedIn_ = false;
+    changed_.start();
+}
+
+void QtIndicatorWindow::update() {
+    const auto icon = isIconHidden_ ? QImage() : icon_;
+    if (!isOrderedIn_ || (icon.isNull() && isBoxHidden_)) {
+        native_.hide();
+        return;
+    }
+    const QColor ground = style_.hasClearBackground ? Qt::transparent : Qt::white;
+    native_.show(drawIndicator(icon, !isBoxHidden_, ground, screens_.points().scale));
 }
 
 void QtIndicatorWindow::IconView::setHidden(bool hidden) {
-    window_.icon_->setHidden(hidden);
-    window_.showIfSeen();
+    window_.isIconHidden_ = hidden;
+    window_.changed_.start();
 }
 
 void QtIndicatorWindow::IconView::setImage(ImageRef image) {
-    window_.icon_->setPixmap(QPixmap::fromImage(QtImage::unwrapped(image)));
+    window_.icon_ = QtImage::unwrapped(image);
+    window_.changed_.start();
 }
 
 void QtIndicatorWindow::IconBox::setHidden(bool hidden) {
-    window_.box_->setHidden(hidden);
-    window_.showIfSeen();
+    window_.isBoxHidden_ = hidden;
+    window_.changed_.start();
 }
 
 } // namespace quorvane

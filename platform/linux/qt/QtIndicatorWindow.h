@@ -1,27 +1,35 @@
 #pragma once
 
-#include <QFrame>
-#include <QLabel>
-#include <QWidget>
+#include <QImage>
+#include <QTimer>
 
 #include "platform/Window.h"
+#include "platform/linux/x11/PictureWindow.h"
+#include "platform/linux/x11/X11Screens.h"
 
 namespace quorvane {
 
 /// The floating indicator: a small window with the icon of the current input source, and a box behind the
-/// icon. No native window exists until something is to be seen in it.
+/// icon. Drawn by Qt, but no window of Qt's: those cannot be placed at every pixel of a dense screen.
+///
+/// An empty clear window is no window at all, since it would still catch the mouse. Changes are shown when
+/// control returns to the event loop, several at once in one step.
 class QtIndicatorWindow : public Window {
 public:
-    QtIndicatorWindow();
+    /// The connection and the screens must outlive this object.
+    QtIndicatorWindow(XConnection& x, const X11Screens& screens);
 
     std::string title() const override { return {}; }
     void setStyle(const WindowStyle& style) override;
     void setFrameOrigin(Point origin) override;
-    void makeKeyAndOrderFront() override { widget_.show(); }
-    void orderOut() override { widget_.hide(); }
+    void makeKeyAndOrderFront() override;
+    void orderOut() override;
 
     quorvane::IconView& iconView() { return iconView_; }
     View& iconBox() { return iconBox_; }
+
+    /// Other windows have come to the front: the indicator belongs above them.
+    void raise() { native_.raise(); }
 
 private:
     class IconView : public quorvane::IconView {
@@ -42,14 +50,18 @@ private:
         QtIndicatorWindow& window_;
     };
 
-    /// An empty clear window is no window at all on X11, where it would still catch the mouse.
-    void showIfSeen();
+    void update();
 
-    QWidget widget_;
-    QFrame* box_;
-    QLabel* icon_;
+    const X11Screens& screens_;
+    WindowStyle style_;
+    QImage icon_;
+    bool isOrderedIn_ = true; ///< As the interface file has it.
+    bool isIconHidden_ = true;
+    bool isBoxHidden_ = true;
     IconView iconView_{*this};
     IconBox iconBox_{*this};
+    PictureWindow native_;
+    QTimer changed_;
 };
 
 } // namespace quorvane

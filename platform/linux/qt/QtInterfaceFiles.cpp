@@ -20,11 +20,14 @@ public:
 } // namespace
 
 struct QtInterfaceFiles::Windows {
+    Windows(XConnection& x, const X11Screens& screens) : inputIconWindow(x, screens) {}
+
     NoWindow window;
     QtIndicatorWindow inputIconWindow;
 };
 
-QtInterfaceFiles::QtInterfaceFiles() : windows_(std::make_unique<Windows>()) {}
+QtInterfaceFiles::QtInterfaceFiles(XConnection& x, const X11Screens& screens)
+    : windows_(std::make_unique<Windows>(x, screens)) {}
 
 QtInterfaceFiles::~QtInterfaceFiles() = default;
 
@@ -39,6 +42,10 @@ std::unique_ptr<Window> QtInterfaceFiles::loadWindow(std::string_view /*nibName*
 
 bool QtInterfaceFiles::hasWindow(std::string_view /*nibName*/) const {
     return false;
+}
+
+void QtInterfaceFiles::raiseIndicator() {
+    windows_->inputIconWindow.raise();
 }
 
 } // namespace quorvane

@@ -3,18 +3,24 @@
 #include <memory>
 
 #include "platform/InterfaceFiles.h"
+#include "platform/linux/x11/X11Screens.h"
+#include "platform/linux/x11/XConnection.h"
 
 namespace quorvane {
 
-/// The program's windows, made of Qt widgets.
+/// The program's windows, drawn by Qt.
 class QtInterfaceFiles : public InterfaceFiles {
 public:
-    QtInterfaceFiles();
+    /// The connection and the screens must outlive this object.
+    QtInterfaceFiles(XConnection& x, const X11Screens& screens);
     ~QtInterfaceFiles() override;
 
     MainInterface mainInterface() override;
     std::unique_ptr<Window> loadWindow(std::string_view nibName) override;
     bool hasWindow(std::string_view nibName) const override;
+
+    /// Other windows have come to the front: the floating indicator belongs above them.
+    void raiseIndicator();
 
 private:
     struct Windows;

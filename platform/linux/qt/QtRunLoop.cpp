@@ -15,11 +15,14 @@ public:
     explicit QtTimer(QTimer* timer) : timer_(timer) {}
 
     void disarm() override {
-        if (timer_) timer_->stop();
+        if (!timer_) return;
+        timer_->stop();
+        timer_->deleteLater(); // it may be the one that fires now
+        timer_.clear();
     }
 
 private:
-    QPointer<QTimer> timer_; // a timer that fires once deletes itself
+    QPointer<QTimer> timer_; // a timer that has fired once deletes itself
 };
 
 std::chrono::milliseconds milliseconds(double seconds) {

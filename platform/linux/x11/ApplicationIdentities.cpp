@@ -101,6 +101,12 @@ WindowOwner ApplicationIdentities::identify(const WindowFacts& facts) {
     WindowOwner owner;
     owner.pid = facts.pid;
     owner.isThisProcess = facts.pid == getpid();
+    owner.launcher = launcherOfClass(facts.wmClass);
+    if (owner.launcher) {
+        owner.id = owner.launcher->bundleIdentifier();
+        owner.name = owner.launcher->ownerName();
+        return owner;
+    }
     const auto flatpakId = flatpakIdOf(facts.pid);
     const auto program = executableNameOf(facts.pid);
     if (const auto entry = installed(facts, flatpakId, program)) {

@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "platform/linux/x11/DesktopEntries.h"
+#include "platform/linux/x11/LauncherTable.h"
 #include "platform/linux/x11/WindowFacts.h"
 #include "platform/linux/x11/XConnection.h"
 
@@ -17,6 +18,7 @@ struct WindowOwner {
     std::string name; ///< In the user's language.
     int pid = 0;      ///< 0 when the server does not tell.
     bool isThisProcess = false;
+    const KnownLauncher* launcher = nullptr; ///< If it is one; id and name are the launcher's then.
 };
 
 /// Finds out which application a window belongs to.

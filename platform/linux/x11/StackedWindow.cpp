@@ -111,4 +111,18 @@ std::vector<StackedWindow> stackedWindows(XConnection& x) {
     return stack;
 }
 
+StackedWindow stackedWindow(XConnection& x, xcb_window_t window) {
+    return Question(x, window).answer(x, window);
+}
+
+Rect withoutShadow(const Rect& bounds, const std::vector<std::uint32_t>& edges) {
+    if (edges.size() < 4) return bounds;
+    const double left = edges[0];
+    const double right = edges[1];
+    const double top = edges[2];
+    const double bottom = edges[3];
+    return {bounds.x + left, bounds.y + top, std::max(bounds.width - left - right, 0.0),
+            std::max(bounds.height - top - bottom, 0.0)};
+}
+
 } // namespace quorvane

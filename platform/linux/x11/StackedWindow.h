@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "platform/Geometry.h"
@@ -18,5 +19,12 @@ struct StackedWindow {
 /// Front to back, the invisible ones at the end. Of those that no window manager manages only the visible
 /// ones.
 std::vector<StackedWindow> stackedWindows(XConnection& x);
+
+/// One window; none (0) when it has vanished. One round trip.
+StackedWindow stackedWindow(XConnection& x, xcb_window_t window);
+
+/// The bounds without the shadow that some programs draw around their windows themselves: the left, right,
+/// top and bottom edges of `_GTK_FRAME_EXTENTS`, or nothing.
+Rect withoutShadow(const Rect& bounds, const std::vector<std::uint32_t>& edges);
 
 } // namespace quorvane

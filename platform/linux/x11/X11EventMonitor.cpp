@@ -2,11 +2,14 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 #include <vector>
 
+#include <unistd.h>
 #include <xcb/xinput.h>
 
 #include "platform/linux/Log.h"
+#include "platform/linux/x11/WindowFacts.h"
 #include "platform/linux/x11/XcbReply.h"
 #include "platform/linux/x11/XcbXkb.h"
 
@@ -106,6 +109,12 @@ void X11EventMonitor::handle(const xcb_generic_event_t& event) {
         if (generic.extension == inputOpcode_) handleRaw(generic);
         return;
     }
+    if (type == XCB_BUTTON_PRESS || type == XCB_BUTTON_RELEASE) {
+        // Certain, while a fast pointer has left a dragged window by the time that anybody asks.
+        const auto& button = reinterpret_cast<const xcb_button_press_event_t&>(event);
+        if (button.detail == leftButton) isOwnClick_ = type == XCB_BUTTON_PRESS;
+        return;
+    }
     const auto* xkb = xcb_get_extension_data(x_.xcb(), &xcb_xkb_id);
     const bool isXkb = xkb && xkb->present && type == xkb->first_event;
     const auto xkbType = reinterpret_cast<const xcb_xkb_map_notify_event_t&>(event).xkbType;
@@ -124,7 +133,9 @@ void X11EventMonitor::handleRaw(const xcb_ge_generic_event_t& event) {
         handleKey(raw.detail, false, raw.time);
         break;
     case XCB_INPUT_RAW_BUTTON_RELEASE:
-        if (raw.detail == leftButton) emit(EventType::leftMouseUp, raw.time);
+        if (raw.detail != leftButton) break;
+        if (!std::exchange(isOwnClick_, false) && !isPointerOnOwnWindow())
+            emit(EventType::leftMouseUp, raw.time);
         break;
     default:
         break;
@@ -137,6 +148,21 @@ void X11EventMonitor::handleKey(std::uint32_t keycode, bool isDown, std::uint32_
     if (flags == flags_) return;
     flags_ = flags;
     emit(EventType::flagsChanged, time);
+}
+
+// Not by way of the windows' applications, which are remembered and watched: that is of no use for the window
+// managers' frames and the programs' buttons that are clicked on.
+bool X11EventMonitor::isPointerOnOwnWindow() const {
+    constexpr std::size_t deepestClient = 3; // A frame of two windows, and the program's own.
+    std::vector<xcb_window_t> path;
+    for (auto window = x_.root(); path.size() < deepestClient; path.push_back(window)) {
+        const XcbReply<xcb_query_pointer_reply_t> pointer(
+            xcb_query_pointer_reply(x_.xcb(), xcb_query_pointer(x_.xcb(), window), nullptr));
+        if (!pointer || pointer->child == XCB_WINDOW_NONE) break;
+        window = pointer->child;
+    }
+    return std::ranges::any_of(factsOf(x_, path),
+                               [](const auto& facts) { return facts && facts->pid == getpid(); });
 }
 
 void X11EventMonitor::emit(EventType type, std::uint32_t time) {

@@ -23,9 +23,10 @@ double commonArea(const Rect& a, const Rect& b) {
 
 } // namespace
 
-X11Screens::X11Screens(XConnection& x, const X11Workspace& workspace)
+X11Screens::X11Screens(XConnection& x, const X11Workspace& workspace, double scale)
     : x_(x)
     , workspace_(workspace)
+    , scale_(scale)
     , events_(x.onEvent([this](const auto& event) { handle(event); })) {
     const auto* randr = xcb_get_extension_data(x.xcb(), &xcb_randr_id);
     hasRandr_ = randr && randr->present;
@@ -108,11 +109,7 @@ std::optional<Rect> X11Screens::activeWindowFrame() const {
 }
 
 Screen X11Screens::screenOf(const Monitor& monitor) const {
-    const auto& primary = monitors().front().frame;
-    const auto& frame = monitor.frame;
-    const Rect turned{frame.x - primary.x, primary.y + primary.height - (frame.y + frame.height), frame.width,
-                      frame.height};
-    return {monitor.number, turned, x_.screen().root_depth};
+    return {monitor.number, points().fromBottomLeft(monitor.frame), x_.screen().root_depth};
 }
 
 } // namespace quorvane

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/Screens.h"
+#include "platform/linux/x11/PointSpace.h"
 #include "platform/linux/x11/X11Workspace.h"
 #include "platform/linux/x11/XConnection.h"
 
@@ -16,7 +17,8 @@ namespace quorvane {
 /// monitor is unplugged and comes back, and never 0, while positions in a list move when one disappears.
 class X11Screens : public Screens {
 public:
-    X11Screens(XConnection& x, const X11Workspace& workspace);
+    /// `scale`: pixels a point, above 0.
+    X11Screens(XConnection& x, const X11Workspace& workspace, double scale);
     X11Screens(const X11Screens&) = delete;
     X11Screens& operator=(const X11Screens&) = delete;
 
@@ -27,21 +29,25 @@ public:
     /// X has one depth for all monitors, so this is the primary one.
     std::optional<Screen> deepestScreen() const override;
 
+    /// As of now: it changes with the monitors.
+    PointSpace points() const { return {monitors().front().frame, scale_}; }
+
 private:
     struct Monitor {
         std::int32_t number = 0;
-        Rect frame; ///< Origin at the top-left of the X screen.
+        Rect frame; ///< Pixels, origin at the top-left of the X screen.
         bool isPrimary = false;
     };
 
     void handle(const xcb_generic_event_t& event);
     const std::vector<Monitor>& monitors() const; ///< The primary one first, never empty.
     std::vector<Monitor> readMonitors() const;
-    std::optional<Rect> activeWindowFrame() const;
+    std::optional<Rect> activeWindowFrame() const; ///< Pixels.
     Screen screenOf(const Monitor& monitor) const;
 
     XConnection& x_;
     const X11Workspace& workspace_;
+    double scale_;
     bool hasRandr_;
     int firstRandrEvent_;
     mutable std::vector<Monitor> monitors_; ///< Empty when they must be read again.

@@ -10,6 +10,7 @@ namespace {
 
 namespace Layer {
 constexpr int popUpMenu = 101;
+constexpr int launcher = 27;
 constexpr int status = 25;
 constexpr int floating = 3;
 constexpr int below = -1;
@@ -24,7 +25,6 @@ struct Question {
         , oldName(x, window, "WM_NAME")
         , state(x, window, "_NET_WM_STATE")
         , type(x, window, "_NET_WM_WINDOW_TYPE")
-        , frame(x, window, "_NET_FRAME_EXTENTS")
         , shadow(x, window, "_GTK_FRAME_EXTENTS") {}
 
     std::optional<std::string> title() {
@@ -39,27 +39,19 @@ struct Question {
     XProperty oldName;
     XProperty state;
     XProperty type;
-    XProperty frame;
     XProperty shadow;
 };
 
-/// The rectangle with its left, right, top and bottom edges moved outwards, or inwards.
-Rect grown(const Rect& rect, const std::vector<std::uint32_t>& edges, double direction) {
-    if (edges.size() < 4) return rect;
-    const double left = edges[0] * direction;
-    const double right = edges[1] * direction;
-    const double top = edges[2] * direction;
-    const double bottom = edges[3] * direction;
-    return {rect.x - left, rect.y - top, rect.width + left + right, rect.height + top + bottom};
-}
-
 } // namespace
 
-X11WindowList::X11WindowList(XConnection& x, ApplicationIdentities& identities)
+X11WindowList::X11WindowList(XConnection& x, ApplicationIdentities& identities, const X11Screens& screens,
+                             X11Launchers& launchers)
     : x_(x)
-    , identities_(identities) {
+    , identities_(identities)
+    , screens_(screens)
+    , launchers_(launchers) {
     x_.internAtoms({"_NET_CLIENT_LIST", "_NET_WM_NAME", "_NET_WM_VISIBLE_NAME", "WM_NAME", "_NET_WM_STATE",
-                    "_NET_WM_WINDOW_TYPE", "_NET_FRAME_EXTENTS", "_GTK_FRAME_EXTENTS", "_NET_WM_STATE_ABOVE",
+                    "_NET_WM_WINDOW_TYPE", "_GTK_FRAME_EXTENTS", "_NET_WM_STATE_ABOVE",
                     "_NET_WM_STATE_BELOW", "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_DESKTOP"});
 }
 
@@ -74,6 +66,7 @@ std::vector<WindowDescription> X11WindowList::windows() const {
     }
     identities_.learn(numbers);
 
+    const auto points = screens_.points();
     std::vector<WindowDescription> descriptions;
     for (std::size_t i = 0; i < stack.size(); ++i) {
         auto& question = questions[i];
@@ -82,8 +75,7 @@ std::vector<WindowDescription> X11WindowList::windows() const {
         WindowDescription description;
         description.ownerName = owner->name;
         description.name = question.title();
-        description.bounds =
-            grown(grown(stack[i].bounds, question.frame.values(), 1), question.shadow.values(), -1);
+        description.bounds = points.fromTopLeft(withoutShadow(stack[i].bounds, question.shadow.values()));
         description.layer = layerOf(stack[i], question.state.values(), question.type.values());
         description.isOnScreen = stack[i].isVisible;
         descriptions.push_back(std::move(description));
@@ -93,6 +85,7 @@ std::vector<WindowDescription> X11WindowList::windows() const {
 
 int X11WindowList::layerOf(const StackedWindow& window, std::vector<std::uint32_t> states,
                            const std::vector<std::uint32_t>& types) const {
+    if (launchers_.isOpen(window.window)) return Layer::launcher;
     if (window.isPopUp) return Layer::popUpMenu;
     states.insert(states.end(), types.begin(), types.end());
     const auto has = [&](const char* atom) {

@@ -8,10 +8,11 @@
 
 namespace quorvane {
 
-X11Workspace::X11Workspace(XConnection& x, ApplicationIdentities& identities,
+X11Workspace::X11Workspace(XConnection& x, ApplicationIdentities& identities, X11Launchers& launchers,
                            BackgroundApplications* background)
     : x_(x)
     , identities_(identities)
+    , launchers_(launchers)
     , background_(background)
     , events_(x.onEvent([this](const auto& event) { handle(event); })) {
     x_.internAtoms({"_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST", "_NET_SUPPORTING_WM_CHECK", "_NET_WM_STATE",
@@ -39,7 +40,8 @@ void X11Workspace::readStart() {
 }
 
 std::vector<RunningApplication> X11Workspace::runningApplications() const {
-    auto running = applications_.all();
+    auto running = launchers_.running();
+    std::ranges::move(applications_.all(), std::back_inserter(running));
     if (!background_) return running;
     for (const auto& id : background_->ids()) {
         // A session bus has many names that are no application.
@@ -108,10 +110,11 @@ void X11Workspace::handleProperty(const xcb_property_notify_event_t& change) {
 // moves into the window is still there.
 void X11Workspace::handleFocus(const xcb_focus_in_event_t& change) {
     const bool isGrab = change.mode == XCB_NOTIFY_MODE_GRAB || change.mode == XCB_NOTIFY_MODE_UNGRAB;
-    if (isGrab || change.detail >= XCB_NOTIFY_DETAIL_POINTER || !applications_.contains(change.event)) return;
+    const bool isKnown = applications_.contains(change.event) || launchers_.contains(change.event);
+    if (isGrab || change.detail >= XCB_NOTIFY_DETAIL_POINTER || !isKnown) return;
     if ((change.response_type & 0x7f) == XCB_FOCUS_IN) {
         focusedWindow_ = change.event;
-        if (focusedWindow_ != activeWindow_) activate(focusedWindow_);
+        focusMovedTo(focusedWindow_);
     } else if (change.event == focusedWindow_ && change.detail != XCB_NOTIFY_DETAIL_INFERIOR) {
         focusedWindow_ = XCB_WINDOW_NONE;
     }
@@ -121,10 +124,17 @@ void X11Workspace::handleFocus(const xcb_focus_in_event_t& change) {
 // window once more; and its window may be gone by now.
 void X11Workspace::readActiveWindow() {
     const auto windows = XProperty(x_, x_.root(), "_NET_ACTIVE_WINDOW").values();
-    if (windows.empty() || windows.front() == XCB_WINDOW_NONE || windows.front() == activeWindow_) return;
+    if (windows.empty() || windows.front() == XCB_WINDOW_NONE) return;
     // The property lags behind the focus: in a quick succession it tells of a window that has lost it again.
     if (focusedWindow_ != XCB_WINDOW_NONE) return;
-    activate(windows.front());
+    focusMovedTo(windows.front());
+}
+
+// First who comes to the front, then who went: a launcher that closes because another application came to the
+// front must not have the source of the one before selected.
+void X11Workspace::focusMovedTo(xcb_window_t window) {
+    if (window != activeWindow_ && !launchers_.contains(window)) activate(window);
+    launchers_.focusMovedTo(window);
 }
 
 void X11Workspace::activate(xcb_window_t window) {
@@ -143,8 +153,11 @@ void X11Workspace::adopt(std::span<const xcb_window_t> windows) {
     std::vector<std::pair<xcb_window_t, XProperty>> states;
     for (const auto window : windows) {
         const auto* owner = applications_.contains(window) ? nullptr : identities_.ownerOf(window);
-        if (owner && !owner->isThisProcess)
+        if (owner && owner->launcher) {
+            launchers_.add(window, *owner->launcher);
+        } else if (owner && !owner->isThisProcess) {
             states.emplace_back(window, XProperty(x_, window, "_NET_WM_STATE"));
+        }
     }
     for (auto& [window, state] : states) {
         const auto* owner = identities_.ownerOf(window);
@@ -190,6 +203,8 @@ bool X11Workspace::isHidden(const std::vector<std::uint32_t>& states) const {
 }
 
 RunningApplication X11Workspace::backgroundApplication(std::string_view id) const {
+    if (const auto* launcher = launcherOfDesktopId(id))
+        return {launcher->bundleIdentifier(), launcher->ownerName(), ActivationPolicy::accessory, 0};
     const auto entry = identities_.entries().withId(id);
     return {std::string(id), entry ? entry->name : std::string(id), ActivationPolicy::accessory, 0};
 }

@@ -11,20 +11,22 @@
 #include "platform/linux/x11/ApplicationIdentities.h"
 #include "platform/linux/x11/BackgroundApplications.h"
 #include "platform/linux/x11/WindowedApplications.h"
+#include "platform/linux/x11/X11Launchers.h"
 #include "platform/linux/x11/XConnection.h"
 
 namespace quorvane {
 
 /// The applications on an X11 desktop, as its window manager tells of them (EWMH). Which one is in front is
 /// learnt from the X server's keyboard focus, a millisecond before the window manager tells of it. Windows of
-/// this process belong to no application: while one of them is active, the application that was in front
-/// stays there.
+/// this process and of launchers make no application active: while one of them has the focus, the application
+/// that was in front stays there.
 ///
 /// Without a window manager nothing happens until one appears.
 class X11Workspace : public Workspace {
 public:
     /// `background` may be null.
-    X11Workspace(XConnection& x, ApplicationIdentities& identities, BackgroundApplications* background);
+    X11Workspace(XConnection& x, ApplicationIdentities& identities, X11Launchers& launchers,
+                 BackgroundApplications* background);
     X11Workspace(const X11Workspace&) = delete;
     X11Workspace& operator=(const X11Workspace&) = delete;
 
@@ -50,6 +52,7 @@ private:
     void identifyAgain(xcb_window_t window);
     void forget(xcb_window_t window);
     void activate(xcb_window_t window);
+    void focusMovedTo(xcb_window_t window);
     void adopt(std::span<const xcb_window_t> windows);
     bool isHidden(const std::vector<std::uint32_t>& states) const;
     RunningApplication backgroundApplication(std::string_view id) const;
@@ -57,6 +60,7 @@ private:
 
     XConnection& x_;
     ApplicationIdentities& identities_;
+    X11Launchers& launchers_;
     BackgroundApplications* background_;
     WindowedApplications applications_;
     xcb_window_t activeWindow_ = XCB_WINDOW_NONE;

@@ -18,8 +18,8 @@ void XClient::moveTo(int x, int y) {
 }
 
 void XClient::click(std::uint8_t button) {
-    fake(XCB_BUTTON_PRESS, button);
-    fake(XCB_BUTTON_RELEASE, button);
+    pressButton(button);
+    releaseButton(button);
 }
 
 void XClient::activate(xcb_window_t window) {
@@ -30,6 +30,11 @@ void XClient::activate(xcb_window_t window) {
 void XClient::minimise(xcb_window_t window) {
     constexpr std::uint32_t iconicState = 3;
     tellManager(window, "WM_CHANGE_STATE", iconicState);
+}
+
+void XClient::fillScreen(xcb_window_t window) {
+    constexpr std::uint32_t add = 1;
+    tellManager(window, "_NET_WM_STATE", add, x_->atom("_NET_WM_STATE_FULLSCREEN"));
 }
 
 std::vector<std::uint32_t> XClient::values(xcb_window_t window, std::string_view property) {
@@ -69,13 +74,15 @@ void XClient::fake(std::uint8_t type, std::uint8_t detail, int x, int y) {
     sync();
 }
 
-void XClient::tellManager(xcb_window_t window, std::string_view message, std::uint32_t first) {
+void XClient::tellManager(xcb_window_t window, std::string_view message, std::uint32_t first,
+                          std::uint32_t second) {
     xcb_client_message_event_t event{};
     event.response_type = XCB_CLIENT_MESSAGE;
     event.format = 32;
     event.window = window;
     event.type = x_->atom(message);
     event.data.data32[0] = first;
+    event.data.data32[1] = second;
     xcb_send_event(x_->xcb(), 0, root(),
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char*>(&event));

@@ -20,11 +20,14 @@ public:
     void press(std::uint8_t keycode) { fake(XCB_KEY_PRESS, keycode); }
     void release(std::uint8_t keycode) { fake(XCB_KEY_RELEASE, keycode); }
     void moveTo(int x, int y);
+    void pressButton(std::uint8_t button) { fake(XCB_BUTTON_PRESS, button); }
+    void releaseButton(std::uint8_t button) { fake(XCB_BUTTON_RELEASE, button); }
     void click(std::uint8_t button);
 
     // What a task bar asks the window manager for.
     void activate(xcb_window_t window);
     void minimise(xcb_window_t window);
+    void fillScreen(xcb_window_t window); ///< Without frame, above panels.
 
     std::vector<std::uint32_t> values(xcb_window_t window, std::string_view property);
     void setValues(xcb_window_t window, std::string_view property, std::vector<std::uint32_t> values);
@@ -37,7 +40,8 @@ public:
 
 private:
     void fake(std::uint8_t type, std::uint8_t detail, int x = 0, int y = 0);
-    void tellManager(xcb_window_t window, std::string_view message, std::uint32_t first);
+    void tellManager(xcb_window_t window, std::string_view message, std::uint32_t first,
+                     std::uint32_t second = 0);
     void sync();
 
     std::unique_ptr<XConnection> x_;

@@ -74,7 +74,8 @@ private:
     }
 
     std::map<std::string, TestWindow> windows_;
-    X11WindowList list_{*session_.x, session_.identities};
+    X11Screens screens_{*session_.x, session_.workspace, 1};
+    X11WindowList list_{*session_.x, session_.identities, screens_, session_.launchers};
 };
 
 class X11ScreensBench : public X11Bench<ScreensBench> {
@@ -97,7 +98,7 @@ private:
 
     TestWindow left_{{"class=left", "at=600,100,300,200"}}; // Reaches into the right screen a little.
     TestWindow right_{{"class=right", "at=1000,100,300,200"}};
-    X11Screens screens_{*session_.x, session_.workspace};
+    X11Screens screens_{*session_.x, session_.workspace, 1};
 };
 
 class X11EventMonitorBench : public X11Bench<GlobalEventMonitorBench> {

@@ -26,7 +26,8 @@ struct X11Session {
     std::unique_ptr<XConnection> x = XConnection::open();
     DesktopEntries entries = DesktopEntries::ofEnvironment();
     ApplicationIdentities identities{*x, entries};
-    X11Workspace workspace{*x, identities, nullptr};
+    X11Launchers launchers{*x};
+    X11Workspace workspace{*x, identities, launchers, nullptr};
 
     /// Has the program see everything that has happened on the server so far.
     void handleWhatHappened() {

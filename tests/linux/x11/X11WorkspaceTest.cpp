@@ -122,12 +122,12 @@ TEST_F(X11WorkspaceTest, LivesThroughARestartOfTheWindowManager) {
 TEST_F(X11WorkspaceTest, KnowsWhatWasThereBeforeAndWaitsForAWindowManager) {
     const TestWindow alpha({"class=Alpha"});
     ASSERT_TRUE(session_.waitForFront("Alpha"));
-    const X11Workspace later(*session_.x, session_.identities, nullptr);
+    const X11Workspace later(*session_.x, session_.identities, session_.launchers, nullptr);
     EXPECT_EQ(later.frontmostApplication()->bundleIdentifier, "Alpha");
     EXPECT_EQ(later.activeWindow(), alpha.window());
 
     session_.manager.reset();
-    const X11Workspace unmanaged(*session_.x, session_.identities, nullptr);
+    const X11Workspace unmanaged(*session_.x, session_.identities, session_.launchers, nullptr);
     EXPECT_FALSE(unmanaged.frontmostApplication());
     session_.manager.emplace("openbox");
     session_.user.activate(alpha.window());

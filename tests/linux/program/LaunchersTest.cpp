@@ -1,0 +1,85 @@
+// Real launchers, opened and typed into while another program is in front.
+
+#include <gtest/gtest.h>
+
+#include "linux/program/ProgramSession.h"
+#include "linux/support/TestWindow.h"
+#include "linux/support/WaitUntil.h"
+
+namespace quorvane {
+namespace {
+
+constexpr unsigned us = 0, ru = 1, de = 2;
+constexpr std::uint8_t super = 133, escape = 9, enter = 36;
+
+struct RealLauncher {
+    const char* name;
+    const char* command; ///< Prints what was entered.
+    const char* desktopId;
+};
+
+void PrintTo(const RealLauncher& launcher, std::ostream* stream) {
+    *stream << launcher.name;
+}
+
+class Launchers : public testing::TestWithParam<RealLauncher> {
+protected:
+    Launchers() {
+        qputenv("LC_ALL", "C.UTF-8");
+        session_.startProgram();
+        session_.setRule("Front", "xkb:de");
+        session_.setRule(std::string("com.runningwithcrayons.Alfred.") + GetParam().desktopId, "xkb:ru");
+        front_.emplace(QStringList{"class=Front", "title=Front"});
+    }
+    void open() { launcher_.emplace("sh", QStringList{"-c", GetParam().command}); }
+
+    ProgramSession session_;
+    std::optional<TestWindow> front_;
+    std::optional<TestProgram> launcher_;
+};
+
+TEST_P(Launchers, AreTypedIntoInTheLayoutOfTheirRule) {
+    ASSERT_TRUE(session_.waitForGroup(de));
+    session_.user.press(super); // its shortcut, in part
+    open();
+    ASSERT_TRUE(session_.waitForGroup(ru));
+    session_.user.release(super);
+    session_.type({38, 39, 52, 47, enter}); // A S Z ; on an American keyboard
+    EXPECT_TRUE(waitUntil([&] { return launcher_->output() == "фыяж\n"; }))
+        << launcher_->output().toStdString();
+    EXPECT_TRUE(session_.waitForGroup(de));
+}
+
+TEST_P(Launchers, GiveTheLayoutBackThoughNoModifierMoves) {
+    ASSERT_TRUE(session_.waitForGroup(de));
+    for (int time = 0; time < 2; ++time) {
+        open();
+        ASSERT_TRUE(session_.waitForGroup(ru));
+        session_.type({escape});
+        EXPECT_TRUE(session_.waitForGroup(de));
+    }
+    EXPECT_TRUE(waitUntil([&] { return session_.switchTimes() == 5; }));
+}
+
+TEST_P(Launchers, GiveWayToAnotherApplication) {
+    session_.setRule("Other", "xkb:us");
+    ASSERT_TRUE(session_.waitForGroup(de));
+    open();
+    ASSERT_TRUE(session_.waitForGroup(ru));
+    const TestWindow other({"class=Other"});
+    EXPECT_TRUE(session_.waitForGroup(us));
+    launcher_.reset();
+    session_.user.activate(front_->window());
+    EXPECT_TRUE(session_.waitForGroup(de));
+}
+
+constexpr RealLauncher realLaunchers[] = {
+    {"rofi", "exec rofi -dmenu < /dev/null", "rofi"},
+    {"managed_rofi", "exec rofi -normal-window -dmenu < /dev/null", "rofi"},
+    {"dmenu", "exec dmenu < /dev/null", "dmenu"},
+};
+INSTANTIATE_TEST_SUITE_P(Program, Launchers, testing::ValuesIn(realLaunchers),
+                         [](const auto& instance) { return std::string(instance.param.name); });
+
+} // namespace
+} // namespace quorvane

@@ -1,0 +1,243 @@
+// The floating indicator on a real server, and the coordinates it and others stand in.
+
+#include <limits>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <xcb/xfixes.h>
+
+#include "linux/x11/X11Session.h"
+#include "platform/linux/qt/QtImage.h"
+#include "platform/linux/qt/QtIndicatorWindow.h"
+#include "platform/linux/x11/StackedWindow.h"
+#include "platform/linux/x11/X11Cursor.h"
+#include "platform/linux/x11/X11EventMonitor.h"
+#include "platform/linux/x11/X11FrontWindow.h"
+#include "platform/linux/x11/X11WindowList.h"
+
+namespace quorvane {
+namespace {
+
+/// A desktop with an indicator that the program has set up.
+struct Shown {
+    Shown(X11Session& desktop, double scale)
+        : session(desktop)
+        , screens(*desktop.x, desktop.workspace, scale) {
+        indicator.setStyle({.hasClearBackground = true, .isMovableByWindowBackground = true});
+        indicator.iconBox().setHidden(false);
+        waitUntil([&] { return native().window != XCB_WINDOW_NONE; });
+    }
+
+    /// The native window; none while there is none to be seen.
+    StackedWindow native() {
+        for (const auto& each : stackedWindows(*session.x)) {
+            const auto* owner = session.identities.ownerOf(each.window);
+            if (each.isVisible && owner && owner->isThisProcess) return each;
+        }
+        return {};
+    }
+    Rect place() { return native().bounds; }
+
+    X11Session& session;
+    X11Screens screens;
+    QtIndicatorWindow indicator{*session.x, screens};
+};
+
+void run(const QString& program, const QStringList& arguments) {
+    ASSERT_EQ(QProcess::execute(program, arguments), 0);
+}
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
+
+TEST(IndicatorWindowTest, StandsAtThePixelAskedForOnEveryKindOfScreen) {
+    X11Session session;
+    run("xrandr", {"--setmonitor", "LEFT", "800/211x900/238+0+0", "screen"});
+    run("xrandr", {"--setmonitor", "*RIGHT", "800/211x900/238+800+0", "none"});
+    const TestWindow other({"at=101,51,301,201", "class=Other"});
+    ASSERT_TRUE(session.waitForFront("Other"));
+    const auto pixels = stackedWindow(*session.x, other.window()).bounds;
+    for (const double scale : {1.0, 2.0}) {
+        Shown shown(session, scale);
+        const X11WindowList list(*session.x, session.identities, shown.screens, session.launchers);
+        EXPECT_EQ(list.windows().front().bounds, (Rect{(pixels.x - 800) / scale, pixels.y / scale,
+                                                       pixels.width / scale, pixels.height / scale}));
+        EXPECT_EQ(shown.screens.mainScreen()->frame, (Rect{-800 / scale, 0, 800 / scale, 900 / scale}));
+        const double side = 20 * scale;
+        const auto native = shown.native().window;
+        const struct {
+            Point origin;
+            double x, y;
+        } cases[] = {{{100.5, 20}, 800 + std::round(100.5 * scale), 900 - 20 * scale - side},
+                     {{-800 / scale, 0}, 0, 900 - side},
+                     {{noNumber, noNumber}, 800, 900 - side},
+                     {{infinity, 1e300}, 32767, -32768},
+                     {{-infinity, -1e300}, -32768, 32767}};
+        for (const auto& each : cases) {
+            shown.indicator.setFrameOrigin(each.origin);
+            EXPECT_EQ(stackedWindow(*session.x, native).bounds, (Rect{each.x, each.y, side, side}))
+                << each.origin.x;
+        }
+    }
+}
+
+class IndicatorOnWindowManager : public testing::TestWithParam<const char*> {
+protected:
+    /// openbox has no active window for a moment while it switches.
+    bool waitForActive(xcb_window_t window) {
+        return waitUntil([&] {
+            const auto active = session_.user.values(session_.user.root(), "_NET_ACTIVE_WINDOW");
+            return !active.empty() && active.front() == window;
+        });
+    }
+
+    X11Session session_{GetParam()};
+    Shown shown_{session_, 1};
+};
+INSTANTIATE_TEST_SUITE_P(X11, IndicatorOnWindowManager, testing::Values("openbox", "xfwm4"),
+                         [](const auto& instance) { return std::string(instance.param); });
+
+TEST_P(IndicatorOnWindowManager, IsAboveTheWholeScreenAndInNoList) {
+    auto raising = session_.workspace.addObserver(WorkspaceNotification::didActivateApplication,
+                                                  [&](const auto&) { shown_.indicator.raise(); });
+    const TestWindow first({"class=First"});
+    const TestWindow second({"class=Second"});
+    for (const auto* each : {&first, &second, &first}) {
+        session_.user.activate(each->window());
+        session_.user.fillScreen(each->window());
+        ASSERT_TRUE(waitUntil([&] {
+            const auto stack = stackedWindows(*session_.x);
+            return stack.size() == 3 && stack[0].window == shown_.native().window &&
+                   stack[1].window == each->window() && stack[1].bounds == Rect{0, 0, 1600, 900};
+        }));
+        EXPECT_TRUE(waitForActive(each->window()));
+    }
+    EXPECT_THAT(session_.user.values(session_.user.root(), "_NET_CLIENT_LIST"),
+                testing::UnorderedElementsAre(first.window(), second.window()));
+}
+
+TEST_P(IndicatorOnWindowManager, IsDraggedExactlyAndWithoutTellingAnybody) {
+    const TestWindow other({"class=Other"});
+    ASSERT_TRUE(session_.waitForFront("Other"));
+    shown_.indicator.setFrameOrigin({400, 500});
+    const Rect start{400, 380, 20, 20};
+    ASSERT_EQ(shown_.place(), start);
+    X11EventMonitor monitor(*session_.x);
+    int told = 0;
+    const auto clicks = monitor.addGlobalMonitor(eventMask(EventType::leftMouseUp), [&](auto&) { ++told; });
+
+    session_.user.moveTo(407, 389);
+    session_.user.click(1);
+    session_.handleWhatHappened();
+    EXPECT_EQ(shown_.place(), start);
+    session_.user.pressButton(1);
+    session_.user.moveTo(500, 300);
+    session_.user.moveTo(612, 245);
+    session_.user.releaseButton(1);
+    session_.user.moveTo(900, 700); // Gone before anybody could ask where the button was released.
+    EXPECT_TRUE(waitUntil([&] { return shown_.place() == Rect{605, 236, 20, 20}; }));
+    EXPECT_TRUE(waitForActive(other.window()));
+    const auto framed = session_.user.show(); // By a connection of its own, as windows of a toolkit are.
+    ASSERT_TRUE(waitUntil([&] { return stackedWindow(*session_.x, framed).isVisible; }));
+    const auto inside = stackedWindow(*session_.x, framed).bounds;
+    session_.user.moveTo(static_cast<int>(inside.x) + 10, static_cast<int>(inside.y) + 10);
+    session_.user.click(1);
+    // The release waits in the server until the window manager has decided about the press.
+    EXPECT_TRUE(waitUntil([&] {
+        const XcbReply<xcb_query_pointer_reply_t> pointer(xcb_query_pointer_reply(
+            session_.x->xcb(), xcb_query_pointer(session_.x->xcb(), session_.x->root()), nullptr));
+        return pointer && !(pointer->mask & XCB_BUTTON_MASK_1);
+    }));
+    session_.handleWhatHappened();
+    session_.user.moveTo(900, 700);
+    session_.user.click(1);
+    ASSERT_TRUE(waitUntil([&] { return told > 0; }));
+    EXPECT_EQ(told, 1) << "only the last click, on the desktop";
+}
+
+TEST(IndicatorWindowTest, HasTheShapeOfWhatIsDrawn) {
+    X11Session session;
+    Shown shown(session, 1);
+    shown.indicator.setFrameOrigin({400, 500});
+    const auto pixel = [&](std::int16_t x, std::int16_t y) {
+        const auto cookie =
+            xcb_get_image(session.x->xcb(), XCB_IMAGE_FORMAT_Z_PIXMAP, session.x->root(), x, y, 1, 1, ~0U);
+        const XcbReply<xcb_get_image_reply_t> image(xcb_get_image_reply(session.x->xcb(), cookie, nullptr));
+        return *reinterpret_cast<const std::uint32_t*>(xcb_get_image_data(image.get())) & 0xffffff;
+    };
+    const auto desktop = pixel(390, 370);
+    EXPECT_EQ(pixel(400, 380), desktop);
+    EXPECT_GT(pixel(410, 390), 0xe00000U);
+    QImage red(64, 16, QImage::Format_ARGB32);
+    red.fill(Qt::red);
+    shown.indicator.iconView().setImage(QtImage::make(red));
+    shown.indicator.iconView().setHidden(false);
+    shown.indicator.iconBox().setHidden(true);
+    EXPECT_TRUE(waitUntil([&] { return pixel(410, 390) == 0xff0000; }));
+    EXPECT_EQ(pixel(401, 390), 0xff0000U) << "18 points wide";
+    EXPECT_EQ(pixel(400, 390), desktop);
+    EXPECT_EQ(pixel(410, 394), desktop) << "and as much less high";
+    shown.indicator.iconView().setHidden(true);
+    EXPECT_TRUE(waitUntil([&] { return shown.native().window == XCB_WINDOW_NONE; }));
+}
+
+TEST(X11FrontWindowTest, TellsWhereTheActiveWindowHasGone) {
+    X11Session session;
+    const X11Screens screens(*session.x, session.workspace, 2);
+    const X11WindowList list(*session.x, session.identities, screens, session.launchers);
+    X11FrontWindow front(*session.x, session.workspace, screens);
+    std::vector<std::optional<Rect>> told;
+    const auto telling = front.changed.connect([&](const auto& bounds) { told.push_back(bounds); });
+    TestWindow window({"class=Moved", "at=100,100,500,300"});
+    ASSERT_TRUE(session.waitForFront("Moved"));
+    const auto id = QString::number(window.window());
+    const std::function<void()> changes[] = {
+        [&] {
+            run("xdotool", {"windowmove", id, "300", "200"});
+        },
+        [&] {
+            run("xdotool", {"windowsize", id, "640", "480"});
+        },
+        [&] {
+            session.user.setValues(window.window(), "_GTK_FRAME_EXTENTS", {10, 10, 20, 20});
+        },
+        [&] { session.user.minimise(window.window()); },
+        [&] { session.user.activate(window.window()); },
+        [&] { window.end(); }};
+    std::optional<Rect> last;
+    for (const auto& change : changes) {
+        change();
+        const auto seen = [&]() -> std::optional<Rect> {
+            const auto windows = list.windows();
+            return windows.empty() || !windows.front().isOnScreen ? std::nullopt
+                                                                  : std::optional(windows.front().bounds);
+        };
+        EXPECT_TRUE(waitUntil([&] { return seen() != last && !told.empty() && told.back() == seen(); }));
+        last = seen();
+    }
+    EXPECT_FALSE(last);
+}
+
+TEST(X11CursorTest, KnowsTheTextCursorByItsName) {
+    const XServer server; // Without a window manager, who has cursors of its own.
+    const auto x = XConnection::open();
+    auto* xcb = x->xcb();
+    const X11Cursor cursor(*x, 2);
+    const std::pair<std::string, Point> cursors[] = {{"left_ptr", {3, 1}}, {"text", {4, 9}},
+                                                     {"xterm", {4, 9}},    {"texture", {3, 1}},
+                                                     {"ibeam", {4, 9}},    {"", {3, 1}}};
+    for (const auto& [name, hotSpot] : cursors) {
+        const auto shape = xcb_generate_id(xcb);
+        const auto picture = xcb_generate_id(xcb);
+        xcb_create_pixmap(xcb, 1, shape, x->root(), 16, 16);
+        xcb_create_cursor(xcb, picture, shape, XCB_NONE, 0, 0, 0, 0, 0, 0, 6, 2);
+        ASSERT_TRUE(cursor.hotSpot());
+        xcb_xfixes_set_cursor_name(xcb, picture, static_cast<std::uint16_t>(name.size()), name.data());
+        xcb_change_window_attributes(xcb, x->root(), XCB_CW_CURSOR, &picture);
+        EXPECT_EQ(cursor.hotSpot(), hotSpot) << name;
+    }
+}
+
+} // namespace
+} // namespace quorvane
