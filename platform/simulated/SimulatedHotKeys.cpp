@@ -1,6 +1,7 @@
 #include "platform/simulated/SimulatedHotKeys.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "platform/GlobalEventMonitor.h"
 
@@ -16,8 +17,8 @@ std::uint64_t modifiersThatCount(std::uint64_t flags) {
 
 } // namespace
 
-std::list<SimulatedHotKeys::Entry>::iterator SimulatedHotKeys::find(const KeyCombination& combination) {
-    return std::ranges::find_if(entries_, [&](const Entry& entry) {
+SimulatedHotKeys::Entries::iterator SimulatedHotKeys::find(const KeyCombination& combination) {
+    return std::ranges::find_if(*entries_, [&](const Entry& entry) {
         return entry.combination.keyCode == combination.keyCode &&
                modifiersThatCount(entry.combination.modifierFlags) ==
                    modifiersThatCount(combination.modifierFlags);
@@ -27,14 +28,14 @@ std::list<SimulatedHotKeys::Entry>::iterator SimulatedHotKeys::find(const KeyCom
 std::optional<Subscription> SimulatedHotKeys::registerHotKey(const KeyCombination& combination,
                                                              std::function<void()> pressed) {
     if (combination.keyCode < 0 || combination.keyCode > lastKeyCode) return std::nullopt;
-    if (find(combination) != entries_.end()) return std::nullopt;
-    entries_.push_back({combination, std::move(pressed)});
-    return Subscription([this, entry = std::prev(entries_.end())] { entries_.erase(entry); });
+    if (find(combination) != entries_->end()) return std::nullopt;
+    entries_->push_back({combination, std::move(pressed)});
+    return Subscription([entries = entries_, entry = std::prev(entries_->end())] { entries->erase(entry); });
 }
 
 bool SimulatedHotKeys::press(const KeyCombination& combination) {
     const auto entry = find(combination);
-    if (entry == entries_.end() || !entry->pressed) return false;
+    if (entry == entries_->end() || !entry->pressed) return false;
     const auto pressed = entry->pressed; // it may end its own registration
     pressed();
     return true;

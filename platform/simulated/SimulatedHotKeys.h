@@ -1,6 +1,7 @@
 #pragma once
 
 #include <list>
+#include <memory>
 
 #include "platform/HotKeys.h"
 
@@ -16,18 +17,19 @@ public:
     bool press(const KeyCombination& combination);
 
     /// Another program takes the combination.
-    void takeFromOutside(const KeyCombination& combination) { entries_.push_back({combination, {}}); }
+    void takeFromOutside(const KeyCombination& combination) { entries_->push_back({combination, {}}); }
 
-    std::size_t count() const { return entries_.size(); }
+    std::size_t count() const { return entries_->size(); }
 
 private:
     struct Entry {
         KeyCombination combination;
         std::function<void()> pressed; ///< Empty: another program's.
     };
-    std::list<Entry>::iterator find(const KeyCombination& combination);
+    using Entries = std::list<Entry>;
+    Entries::iterator find(const KeyCombination& combination);
 
-    std::list<Entry> entries_;
+    std::shared_ptr<Entries> entries_ = std::make_shared<Entries>(); ///< Subscriptions may outlive this.
 };
 
 } // namespace quorvane

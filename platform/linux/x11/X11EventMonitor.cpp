@@ -9,9 +9,9 @@
 #include <xcb/xinput.h>
 
 #include "platform/linux/Log.h"
+#include "platform/linux/x11/ModifierBits.h"
 #include "platform/linux/x11/WindowFacts.h"
 #include "platform/linux/x11/XcbReply.h"
-#include "platform/linux/x11/XcbXkb.h"
 
 namespace quorvane {
 
@@ -90,14 +90,7 @@ void X11EventMonitor::selectEvents() {
 }
 
 void X11EventMonitor::startWatchingKeys() {
-    // Once anybody on this connection speaks XKB, the server tells of a new map by XKB's events only. They
-    // are rare and others may want them as well, so nobody ever deselects them.
-    constexpr std::uint16_t mapEvents =
-        XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY;
-    constexpr std::uint16_t allMapParts = 0xff;
-    xcb_discard_reply(x_.xcb(), xcb_xkb_use_extension(x_.xcb(), 1, 0).sequence);
-    xcb_xkb_select_events(x_.xcb(), XCB_XKB_ID_USE_CORE_KBD, mapEvents, 0, mapEvents, allMapParts,
-                          allMapParts, nullptr);
+    selectKeyboardMapEvents(x_);
     keys_.start(x_);
     flags_ = keys_.flags(x_);
 }
@@ -115,11 +108,7 @@ void X11EventMonitor::handle(const xcb_generic_event_t& event) {
         if (button.detail == leftButton) isOwnClick_ = type == XCB_BUTTON_PRESS;
         return;
     }
-    const auto* xkb = xcb_get_extension_data(x_.xcb(), &xcb_xkb_id);
-    const bool isXkb = xkb && xkb->present && type == xkb->first_event;
-    const auto xkbType = reinterpret_cast<const xcb_xkb_map_notify_event_t&>(event).xkbType;
-    const bool isNewMap = isXkb && (xkbType == XCB_XKB_NEW_KEYBOARD_NOTIFY || xkbType == XCB_XKB_MAP_NOTIFY);
-    if (isNewMap || type == XCB_MAPPING_NOTIFY) keys_.mapChanged();
+    if (isKeyboardMapEvent(x_, event)) keys_.mapChanged();
 }
 
 void X11EventMonitor::handleRaw(const xcb_ge_generic_event_t& event) {
