@@ -39,10 +39,10 @@ void X11Launchers::add(xcb_window_t window, const KnownLauncher& launcher) {
 }
 
 void X11Launchers::focusMovedTo(xcb_window_t window) {
+    focused_ = contains(window) ? window : xcb_window_t{XCB_WINDOW_NONE};
     const auto opened = windows_.find(open_);
     // A pop-up has the keys, whoever has the focus meanwhile.
-    if (opened != windows_.end() && !opened->second.isManaged) return;
-    open(contains(window) ? window : xcb_window_t{XCB_WINDOW_NONE});
+    if (opened == windows_.end() || opened->second.isManaged) open(focused_);
 }
 
 void X11Launchers::handle(const xcb_generic_event_t& event) {
@@ -76,11 +76,17 @@ void X11Launchers::handleShown(xcb_window_t window) {
 }
 
 void X11Launchers::open(xcb_window_t window) {
-    if (std::exchange(open_, window) != window) changed_.emit();
+    if (window == open_) return;
+    // Where one takes another's place, both are told: they have rules of their own.
+    if (std::exchange(open_, XCB_WINDOW_NONE) != XCB_WINDOW_NONE) changed_.emit();
+    if (window == XCB_WINDOW_NONE) return;
+    open_ = window;
+    changed_.emit();
 }
 
 void X11Launchers::close(xcb_window_t window) {
-    if (isOpen(window)) open(XCB_WINDOW_NONE);
+    if (window == focused_) focused_ = XCB_WINDOW_NONE;
+    if (isOpen(window)) open(focused_);
 }
 
 } // namespace quorvane

@@ -48,6 +48,7 @@ private:
 
     XConnection& x_;
     std::map<xcb_window_t, Window> windows_;
+    xcb_window_t focused_ = XCB_WINDOW_NONE; ///< If it is a launcher's.
     xcb_window_t open_ = XCB_WINDOW_NONE;
     Signal<> changed_;
     Subscription events_;

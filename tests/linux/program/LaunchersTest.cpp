@@ -73,6 +73,17 @@ TEST_P(Launchers, GiveWayToAnotherApplication) {
     EXPECT_TRUE(session_.waitForGroup(de));
 }
 
+TEST_P(Launchers, TakeEachOthersPlace) {
+    session_.setRule("com.runningwithcrayons.Alfred.synapse", "xkb:us");
+    ASSERT_TRUE(session_.waitForGroup(de));
+    open();
+    ASSERT_TRUE(session_.waitForGroup(ru));
+    const TestWindow other({"class=Synapse"});
+    session_.user.activate(other.window());
+    launcher_.reset(); // a pop-up has the keys until then
+    EXPECT_TRUE(session_.waitForGroup(us));
+}
+
 constexpr RealLauncher realLaunchers[] = {
     {"rofi", "exec rofi -dmenu < /dev/null", "rofi"},
     {"managed_rofi", "exec rofi -normal-window -dmenu < /dev/null", "rofi"},
