@@ -16,7 +16,7 @@ namespace {
 
 using namespace quorvane;
 using namespace std::chrono_literals;
-using What = MeasuredDesktop::Seen::What;
+using What = XWatcher::Seen::What;
 
 /// The number behind a name in a file of /proc.
 long valueIn(const QString& path, const QByteArray& name) {
@@ -41,7 +41,7 @@ long wakeUps(qint64 pid) {
 void measureIdling(unsigned long seconds) {
     MeasuredDesktop desktop(true);
     desktop.startAgentAndWait();
-    while (desktop.nextSeen(Clock::now() + 2s)) {
+    while (desktop.user().nextSeen(Clock::now() + 2s)) {
     }
     const auto pid = desktop.agentPid();
     const auto rollup = QStringLiteral("/proc/%1/smaps_rollup").arg(pid);
@@ -58,7 +58,7 @@ double measureStart() {
     const auto start = desktop.startAgent();
     for (int application = 0; Clock::now() < start + 10s; application = 1 - application) {
         desktop.activate(application);
-        while (const auto seen = desktop.nextSeen(Clock::now() + 2ms)) {
+        while (const auto seen = desktop.user().nextSeen(Clock::now() + 2ms)) {
             if (seen->what == What::layout)
                 return std::chrono::duration<double, std::milli>(seen->time - start).count();
         }

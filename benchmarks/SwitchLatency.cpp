@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
+#include <random>
 #include <vector>
 
 #include <QCoreApplication>
@@ -14,21 +15,29 @@ namespace {
 
 using namespace quorvane;
 using namespace std::chrono_literals;
-using What = MeasuredDesktop::Seen::What;
+using What = XWatcher::Seen::What;
+
+constexpr std::uint8_t aKey = 38;
 
 double milliseconds(Clock::duration duration) {
     return std::chrono::duration<double, std::milli>(duration).count();
 }
 
+/// A pause of random length, so that nothing falls into step with what is measured.
+std::chrono::microseconds randomPause() {
+    static std::mt19937 random{std::random_device{}()};
+    return std::chrono::microseconds(std::uniform_int_distribution(20000, 120000)(random));
+}
+
 void drain(MeasuredDesktop& desktop, std::chrono::microseconds pause) {
     const auto end = Clock::now() + pause;
-    while (desktop.nextSeen(end)) {
+    while (desktop.user().nextSeen(end)) {
     }
 }
 
 /// Waits until nothing has happened for a while.
 void settle(MeasuredDesktop& desktop) {
-    while (desktop.nextSeen(Clock::now() + 250ms)) {
+    while (desktop.user().nextSeen(Clock::now() + 250ms)) {
     }
 }
 
@@ -40,16 +49,16 @@ void measureLatency(MeasuredDesktop& desktop, int switches) {
     std::vector<double> latencies;
     int missed = 0;
     for (int i = 0; i < switches; ++i) {
-        drain(desktop, randomPause(20ms, 120ms));
+        drain(desktop, randomPause());
         const int application = i % 2;
         desktop.activate(application);
         std::optional<Clock::time_point> focused;
         bool switched = false;
         const auto deadline = Clock::now() + 2s;
         while (!(focused && switched)) {
-            const auto seen = desktop.nextSeen(deadline);
+            const auto seen = desktop.user().nextSeen(deadline);
             if (!seen) break;
-            if (seen->what == What::focusIn && seen->application == application) focused = seen->time;
+            if (desktop.isFocus(*seen, application)) focused = seen->time;
             if (seen->what == What::layout && seen->group == application) {
                 switched = true;
                 // Before the program itself was told of its focus: no wait at all.
@@ -72,11 +81,11 @@ void measureReaction(MeasuredDesktop& desktop, const char* what, int times,
     desktop.activate(0);
     settle(desktop);
     for (int i = 0; i < times; ++i) {
-        drain(desktop, randomPause(20ms, 120ms));
+        drain(desktop, randomPause());
         const int group = 1 - i % 2;
         const auto start = Clock::now();
         act(group);
-        while (const auto seen = desktop.nextSeen(start + 2s)) {
+        while (const auto seen = desktop.user().nextSeen(start + 2s)) {
             if (seen->what != What::layout || seen->group != group) continue;
             latencies.push_back(milliseconds(seen->time - start));
             break;
@@ -95,22 +104,22 @@ void measureKeys(MeasuredDesktop& desktop, std::chrono::milliseconds after, int 
     int wrong = 0;
     int lost = 0;
     for (int i = 0; i < keys; ++i) {
-        drain(desktop, randomPause(20ms, 120ms));
+        drain(desktop, randomPause());
         const int application = i % 2;
         desktop.activate(application);
         const auto deadline = Clock::now() + 2s;
         for (;;) {
-            const auto seen = desktop.nextSeen(deadline);
+            const auto seen = desktop.user().nextSeen(deadline);
             if (!seen) break;
-            if (seen->what != What::focusIn || seen->application != application) continue;
+            if (!desktop.isFocus(*seen, application)) continue;
             // Waiting without using a processor: a user's finger does not, either.
-            while (desktop.nextSeen(seen->time + after)) {
+            while (desktop.user().nextSeen(seen->time + after)) {
             }
-            desktop.typeKey();
+            desktop.user().pressTogether({aKey});
             break;
         }
         for (;;) {
-            const auto seen = desktop.nextSeen(deadline);
+            const auto seen = desktop.user().nextSeen(deadline);
             if (!seen) {
                 ++lost;
                 break;
@@ -136,7 +145,7 @@ void measureStorms(MeasuredDesktop& desktop, std::chrono::milliseconds gap, int 
             drain(desktop, gap);
         }
         settle(desktop);
-        if (desktop.currentGroup() != application) ++wrong;
+        if (int(desktop.user().currentGroup()) != application) ++wrong;
     }
     std::printf("storms of %d focus changes %2ld ms apart: %d of %d ended in the wrong layout\n", changes,
                 static_cast<long>(gap.count()), wrong, storms);

@@ -1,12 +1,10 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <regex>
 #include <set>
-#include <string>
+
+#include <gtest/gtest.h>
 
 namespace quorvane {
 namespace {
@@ -26,10 +24,6 @@ const std::map<std::string, std::set<std::string>> allowedFolders = {
     {"platform/simulated", {"platform"}},
 };
 
-bool isSource(const fs::path& path) {
-    return path.extension() == ".h" || path.extension() == ".cpp";
-}
-
 /// What is wrong with an include; empty when nothing is.
 std::string fault(const std::string& folder, const std::string& line) {
     static const std::regex include(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
@@ -47,9 +41,8 @@ TEST(DependencyDirections, PointOnlyDownwards) {
     const fs::path root(QUORVANE_SOURCE_DIR);
     int checked = 0;
     for (const auto& [folder, allowed] : allowedFolders) {
-        if (!fs::exists(root / folder)) continue;
         for (const auto& entry : fs::directory_iterator(root / folder)) {
-            if (!isSource(entry.path())) continue;
+            if (entry.path().extension() != ".h" && entry.path().extension() != ".cpp") continue;
             ++checked;
             std::ifstream file(entry.path());
             for (std::string line; std::getline(file, line);)
@@ -57,10 +50,9 @@ TEST(DependencyDirections, PointOnlyDownwards) {
         }
     }
     EXPECT_GT(checked, 50);
-    EXPECT_NE(fault("input", "#include \"switching/InputDecision.h\""), "");
-    EXPECT_NE(fault("app", "#include \"platform/simulated/SimulatedDesktop.h\""), "");
-    EXPECT_NE(fault("app", "#include <xcb/xcb.h>"), "");
-    EXPECT_NE(fault("app", "#include <QString>"), "");
+    for (const auto* include :
+         {"\"app/AppDelegate.h\"", "\"platform/simulated/SimulatedDesktop.h\"", "<xcb/xcb.h>", "<QString>"})
+        EXPECT_NE(fault("input", std::string("#include ") + include), "") << include;
 }
 
 } // namespace

@@ -1,21 +1,13 @@
 #pragma once
 
-#include <functional>
-#include <memory>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
+#include "contracts/Contract.h"
 #include "platform/Screens.h"
 
 namespace quorvane {
 
-class ScreensBench {
+class ScreensBench : public ContractBench {
 public:
-    virtual ~ScreensBench() = default;
-
     virtual Screens& screens() = 0;
-    virtual bool waitUntil(const std::function<bool()>& condition) = 0;
 
     /// Two screens of 800 x 900 side by side, the left one primary; or one screen of 1600 x 900.
     virtual void connectSecondScreen() = 0;
@@ -26,29 +18,24 @@ public:
     virtual void focusRight() = 0;
 };
 
-class ScreensContract : public testing::TestWithParam<std::function<std::unique_ptr<ScreensBench>()>> {
+class ScreensContract : public Contract<ScreensBench> {
 protected:
     bool waitForMain(Rect frame) {
-        return bench_->waitUntil([&] { return screens_.mainScreen()->frame == frame; });
+        return waitUntil([&] { return screens_.mainScreen()->frame == frame; });
     }
 
-    static constexpr Rect whole{0, 0, 1600, 900};
-    static constexpr Rect left{0, 0, 800, 900};
-    static constexpr Rect right{800, 0, 800, 900};
-    std::unique_ptr<ScreensBench> bench_ = GetParam()();
+    static constexpr Rect whole{0, 0, 1600, 900}, left{0, 0, 800, 900}, right{800, 0, 800, 900};
     Screens& screens_ = bench_->screens();
 };
 
-TEST_P(ScreensContract, TheOnlyScreenIsTheMainAndTheDeepestOne) {
+TEST_P(ScreensContract, TheMainScreenIsTheOnlyOneOrFollowsTheKeyboardFocus) {
     const auto screen = screens_.mainScreen();
     ASSERT_TRUE(screen);
     EXPECT_EQ(screen->frame, whole);
     EXPECT_NE(screen->number, 0);
     EXPECT_GT(screen->depth, 0);
     EXPECT_EQ(screens_.deepestScreen(), screen);
-}
 
-TEST_P(ScreensContract, TheMainScreenFollowsTheKeyboardFocus) {
     bench_->connectSecondScreen();
     bench_->focusRight();
     ASSERT_TRUE(waitForMain(right));

@@ -1,43 +1,30 @@
 #pragma once
 
-#include <functional>
-#include <memory>
-#include <string>
-#include <vector>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
+#include "contracts/Contract.h"
 #include "platform/UserDefaults.h"
 
 namespace quorvane {
 
-class UserDefaultsBench {
+class UserDefaultsBench : public ContractBench {
 public:
-    virtual ~UserDefaultsBench() = default;
-
     virtual UserDefaultsStores& stores() = 0;
-    virtual bool waitUntil(const std::function<bool()>& condition) = 0;
 
     /// What another program does. The empty suite is this program's own domain.
     virtual void writeFromOutside(const std::string& suite, const std::string& key, PropertyList value) = 0;
     virtual PropertyList readFromOutside(const std::string& suite, const std::string& key) = 0;
 };
 
-class UserDefaultsContract
-    : public testing::TestWithParam<std::function<std::unique_ptr<UserDefaultsBench>()>> {
+class UserDefaultsContract : public Contract<UserDefaultsBench> {
 protected:
     /// Remembers what the key reads as at each notification of it.
     Subscription observe(std::string_view key) {
         return standard_.addObserver(
             key, [this](std::string_view changed) { seen_.push_back(standard_.objectForKey(changed)); });
     }
-
-    void waitUntilOthersSee(const std::string& suite, const std::string& key, const PropertyList& value) {
-        EXPECT_TRUE(bench_->waitUntil([&] { return bench_->readFromOutside(suite, key) == value; }));
+    bool waitUntilOthersSee(const std::string& suite, const std::string& key, const PropertyList& value) {
+        return waitUntil([&] { return bench_->readFromOutside(suite, key) == value; });
     }
 
-    std::unique_ptr<UserDefaultsBench> bench_ = GetParam()();
     StandardUserDefaults& standard_ = bench_->stores().standardUserDefaults();
     std::unique_ptr<UserDefaults> suite_ = bench_->stores().initWithSuiteName("group.suite");
     std::vector<PropertyList> seen_;
@@ -56,36 +43,28 @@ TEST_P(UserDefaultsContract, MissingAndRemovedKeysReadAsNothing) {
     }
 }
 
-TEST_P(UserDefaultsContract, OtherProgramsReadWhatWasWritten) {
+TEST_P(UserDefaultsContract, AWriteIsReadByAllObjectsOnItsSuiteAtOnceAndByOtherPrograms) {
+    const auto sameSuite = bench_->stores().initWithSuiteName("group.suite");
+    const auto otherSuite = bench_->stores().initWithSuiteName("group.other");
+    using Array = PropertyList::Array;
+    using Dictionary = PropertyList::Dictionary;
+    // clang-format off
     const PropertyList values[] = {
-        true,
-        0,
-        std::int64_t{-5'000'000'000},
-        0.1,
-        "<&> \xE2\x82\xAC \"quoted\"\n",
-        "",
-        PropertyList::Data{0, 255},
-        PropertyList::Date{1.0},
-        PropertyList::Array{1, "two", PropertyList::Array{}},
-        PropertyList::Dictionary{{"org.example.editor", PropertyList::Dictionary{{"id", "xkb:ru"}}},
-                                 {"", 1}}};
+        true, 0, std::int64_t{-5'000'000'000}, 0.1, "<&> \xE2\x82\xAC \"quoted\"\n", "",
+        PropertyList::Data{0, 255}, PropertyList::Date{1.0}, Array{1, "two", Array{}},
+        Dictionary{{"org.example.editor", Dictionary{{"id", "xkb:ru"}}}, {"", 1}}};
+    // clang-format on
     for (const auto& value : values) {
         suite_->setObject(value, "key");
         EXPECT_EQ(suite_->objectForKey("key"), value);
-        EXPECT_TRUE(
-            bench_->waitUntil([&] { return bench_->readFromOutside("group.suite", "key") == value; }));
+        EXPECT_EQ(sameSuite->objectForKey("key"), value);
+        EXPECT_TRUE(waitUntilOthersSee("group.suite", "key", value));
     }
+    EXPECT_TRUE(otherSuite->objectForKey("key").isNothing());
+    EXPECT_TRUE(standard_.objectForKey("key").isNothing());
     standard_.setObject("durable", "key");
     EXPECT_TRUE(standard_.synchronize());
     EXPECT_EQ(bench_->readFromOutside("", "key"), PropertyList("durable"));
-}
-
-TEST_P(UserDefaultsContract, AllObjectsOnASuiteSeeAWriteAtOnce) {
-    const auto other = bench_->stores().initWithSuiteName("group.suite");
-    other->setObject("new", "key");
-    EXPECT_EQ(suite_->objectForKey("key"), PropertyList("new"));
-    EXPECT_TRUE(bench_->stores().initWithSuiteName("group.other")->objectForKey("key").isNothing());
-    EXPECT_TRUE(standard_.objectForKey("key").isNothing());
 }
 
 TEST_P(UserDefaultsContract, EveryOwnWriteIsToldOnceAndAtOnce) {
@@ -95,9 +74,9 @@ TEST_P(UserDefaultsContract, EveryOwnWriteIsToldOnceAndAtOnce) {
     standard_.setObject("other", "other key");
     standard_.removeObjectForKey("key");
     EXPECT_THAT(seen_, testing::ElementsAre("same", "same", PropertyList()));
-    waitUntilOthersSee("", "other key", "other");
+    EXPECT_TRUE(waitUntilOthersSee("", "other key", "other"));
     bench_->writeFromOutside("", "key", "outside"); // comes after whatever the writes above may still tell
-    EXPECT_TRUE(bench_->waitUntil([&] { return !seen_.empty() && seen_.back() == PropertyList("outside"); }));
+    EXPECT_TRUE(waitUntil([&] { return !seen_.empty() && seen_.back() == PropertyList("outside"); }));
     EXPECT_EQ(seen_.size(), 4U);
     subscription.end();
     standard_.setObject("unheard", "key");
@@ -110,7 +89,7 @@ TEST_P(UserDefaultsContract, WritesOfOtherProgramsAreReadAndTold) {
         seen_.clear();
         bench_->writeFromOutside("", "key", value);
         EXPECT_EQ(standard_.objectForKey("key"), value);
-        EXPECT_TRUE(bench_->waitUntil([&] { return !seen_.empty(); }));
+        EXPECT_TRUE(waitUntil([&] { return !seen_.empty(); }));
         EXPECT_THAT(seen_, testing::ElementsAre(value));
         bench_->writeFromOutside("group.suite", "key", value);
         EXPECT_EQ(suite_->objectForKey("key"), value);
@@ -124,9 +103,9 @@ TEST_P(UserDefaultsContract, AnAddedSuiteIsReadAndToldWhereTheOwnDomainLacksTheK
     EXPECT_EQ(standard_.objectForKey("key"), PropertyList("not added yet"));
     suite_->setObject("by this program", "key");
     EXPECT_THAT(seen_, testing::ElementsAre("by this program"));
-    waitUntilOthersSee("group.suite", "key", "by this program");
+    EXPECT_TRUE(waitUntilOthersSee("group.suite", "key", "by this program"));
     bench_->writeFromOutside("group.suite", "key", "by another program");
-    EXPECT_TRUE(bench_->waitUntil([&] { return seen_.size() == 2; }));
+    EXPECT_TRUE(waitUntil([&] { return seen_.size() == 2; }));
     standard_.setObject("own", "key");
     suite_->setObject("hidden", "key");
     EXPECT_EQ(standard_.objectForKey("key"), PropertyList("own"));

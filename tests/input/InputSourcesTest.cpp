@@ -1,45 +1,28 @@
+#include <limits>
+
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "input/IconLoading.h"
-#include "input/InputChangeWatch.h"
 #include "input/InputSourceCatalogue.h"
 #include "input/InputSwitch.h"
+#include "input/MonochromeTest.h"
 #include "input/StateTip.h"
-#include "platform/simulated/SimulatedDesktop.h"
-#include "settings/Keys.h"
-#include "settings/SharedDefaults.h"
+#include "support/ProgramTest.h"
 
 namespace quorvane {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
+using Bytes = std::vector<std::uint8_t>;
 
-class InputSources : public testing::Test {
-protected:
-    std::int64_t switchTimes() {
-        return openSharedDefaults(desktop_.defaults)->integerForKey(key::switchTimes);
-    }
-
-    SimulatedDesktop desktop_;
-    CompanionLink companion_{desktop_.workspace, desktop_.defaults, desktop_.distributedNotifications};
-    int resets_ = 0;
-    InputSwitch inputSwitch_{desktop_.inputSources, desktop_.defaults, desktop_.workspace, companion_,
-                             [this] { ++resets_; }};
-    StateTip stateTip_{desktop_.inputSources, desktop_.images, desktop_.defaults,
-                       desktop_.interfaceFiles.iconView, desktop_.interfaceFiles.iconBox};
-};
+class InputSources : public ProgramTest {};
 
 TEST_F(InputSources, TheIconIsTheReferenceElseThePictureElseTheTiffBesideIt) {
     const auto icon = SimulatedImage::ofColor({16, 16}, 1, 2, 3);
     desktop_.inputSources.icons["drawn"] = icon;
     for (const auto* url : {"file:///a/icon.png", "file:///b/icon.tiff", "file:///c.d/icon.tiff"})
         desktop_.images.byURL[url] = icon;
-    const struct {
-        InputSource source;
-        bool loads;
-    } cases[] = {
+    const std::pair<InputSource, bool> cases[] = {
         {{.id = "drawn", .hasIconReference = true}, true},
         {{.id = "undrawable", .hasIconReference = true, .iconImageURL = "file:///a/icon.png"}, false},
         {{.id = "s", .iconImageURL = "file:///a/icon.png"}, true},
@@ -48,11 +31,9 @@ TEST_F(InputSources, TheIconIsTheReferenceElseThePictureElseTheTiffBesideIt) {
         {{.id = "s", .iconImageURL = "file:///missing.png"}, false},
         {{.id = "s"}, false},
     };
-    for (const auto& expected : cases) {
-        EXPECT_EQ(loadIcon(expected.source, desktop_.inputSources, desktop_.images) != nullptr,
-                  expected.loads)
-            << expected.source.id << expected.source.iconImageURL;
-    }
+    for (const auto& [source, loads] : cases)
+        EXPECT_EQ(loadIcon(source, desktop_.inputSources, desktop_.images) != nullptr, loads)
+            << source.id << source.iconImageURL;
 }
 
 TEST_F(InputSources, TheCatalogueHoldsSelectableKeyboardSourcesOnly) {
@@ -74,46 +55,30 @@ TEST_F(InputSources, TheCatalogueHoldsSelectableKeyboardSourcesOnly) {
     EXPECT_EQ(catalogue.nameOfInput("gone"), std::nullopt);
 }
 
-TEST_F(InputSources, ASelectionCountsEvenWhenItFindsNothing) {
-    desktop_.inputSources.enable({.id = "us"});
-    desktop_.inputSources.enable({.id = "ru"});
-    inputSwitch_.selectInputSource("ru");
-    EXPECT_EQ(inputSwitch_.currentInputSourceID(), "ru");
-    inputSwitch_.selectInputSource("gone");
-    EXPECT_EQ(inputSwitch_.currentInputSourceID(), "ru");
-    EXPECT_EQ(switchTimes(), 2);
-
-    desktop_.inputSources.selectFromOutside("");
-    EXPECT_EQ(inputSwitch_.currentInputSourceID(), "");
-}
-
 TEST_F(InputSources, AHotKeySwitchesUnlessItNeedNotOrMustNot) {
+    // clang-format off
     const struct {
-        const char* what;
-        const char* wanted;
-        const char* frontmost;
+        const char *what, *wanted, *frontmost;
         bool companionRuns;
         std::vector<std::string> selections;
-        std::vector<std::string> asked;
+        int count;
+        bool asks;
     } cases[] = {
-        {"switches", "ru", "an.app", false, {"ru"}, {}},
-        {"is current already", "us", "an.app", false, {}, {}},
-        {"Spotlight is in front", "ru", "com.apple.Spotlight", false, {}, {}},
-        {"Alfred is in front", "ru", "com.runningwithcrayons.Alfred-3", false, {}, {}},
-        {"only looks like Spotlight", "ru", "com.apple.Spotlight.helper", false, {"ru"}, {}},
-        {"the companion runs", "ru", "an.app", true, {}, {"ru"}},
-        {"the companion runs, but a launcher is in front",
-         "ru",
-         "com.runningwithcrayons.Alfred",
-         true,
-         {},
-         {}},
+        {"switches", "ru", "an.app", false, {"ru"}, 1, false},
+        {"counts even when it finds nothing", "gone", "an.app", false, {}, 1, false},
+        {"is current already", "us", "an.app", false, {}, 0, false},
+        {"Spotlight is in front", "ru", "com.apple.Spotlight", false, {}, 0, false},
+        {"Alfred is in front", "ru", "com.runningwithcrayons.Alfred-3", false, {}, 0, false},
+        {"only looks like Spotlight", "ru", "com.apple.Spotlight.helper", false, {"ru"}, 1, false},
+        {"the companion runs", "ru", "an.app", true, {}, 0, true},
+        {"the companion runs behind a launcher", "ru", "com.runningwithcrayons.Alfred", true, {}, 0, false},
     };
+    // clang-format on
     for (const auto& expected : cases) {
         SCOPED_TRACE(expected.what);
         SimulatedDesktop desktop;
-        desktop.inputSources.enable({.id = "us"});
-        desktop.inputSources.enable({.id = "ru"});
+        for (const auto* id : {"us", "ru"})
+            desktop.inputSources.enable({.id = id});
         desktop.workspace.activate(expected.frontmost);
         if (expected.companionRuns) desktop.workspace.launch(std::string(maker::companionBundleIdentifier));
         CompanionLink companion(desktop.workspace, desktop.defaults, desktop.distributedNotifications);
@@ -123,64 +88,81 @@ TEST_F(InputSources, AHotKeySwitchesUnlessItNeedNotOrMustNot) {
 
         inputSwitch.changeInputTo(expected.wanted);
         EXPECT_EQ(desktop.inputSources.selections(), expected.selections);
-        EXPECT_EQ(resets, static_cast<int>(expected.selections.size()));
+        EXPECT_EQ(resets, expected.count);
         const auto shared = openSharedDefaults(desktop.defaults);
-        EXPECT_EQ(shared->integerForKey(key::switchTimes), static_cast<int>(expected.selections.size()));
-        EXPECT_EQ(desktop.distributedNotifications.posted().size(), expected.asked.size());
-        if (!expected.asked.empty()) {
-            EXPECT_EQ(shared->stringForKey(key::askTandrelSwitchInput), expected.asked.front());
-            EXPECT_EQ(desktop.distributedNotifications.posted().front().name, "AskTandrelSwitchInput");
-            EXPECT_TRUE(desktop.distributedNotifications.posted().front().userInfo.isNothing());
+        EXPECT_EQ(shared->integerForKey(key::switchTimes), expected.count);
+        const auto& posted = desktop.distributedNotifications.posted();
+        ASSERT_EQ(posted.size(), expected.asks ? 1U : 0U);
+        if (expected.asks) {
+            EXPECT_EQ(shared->stringForKey(key::askTandrelSwitchInput), expected.wanted);
+            EXPECT_EQ(posted.front().name, "AskTandrelSwitchInput");
+            EXPECT_TRUE(posted.front().userInfo.isNothing());
         }
+        desktop.inputSources.selectFromOutside("");
+        EXPECT_EQ(inputSwitch.currentInputSourceID(), "");
     }
 }
 
 TEST_F(InputSources, AMonochromeIconStandsOnTheBoxAtEighteenPoints) {
+    const auto black = SimulatedImage::ofColor({32, 32}, 0, 0, 0);
+    const auto coloured = std::make_shared<SimulatedImage>(Size{2, 1}, Bytes{255, 0, 9, 0, 0, 255, 99, 0});
     const struct {
         const char* what;
         ImageRef icon;
-        bool enabled;
-        bool iconHidden;
-        bool boxHidden;
+        bool enabled, iconHidden, boxHidden;
         std::optional<Size> shown;
     } cases[] = {
-        {"monochrome", SimulatedImage::ofColor({32, 32}, 0, 0, 0), true, false, false, Size{18, 18}},
-        {"coloured",
-         std::make_shared<SimulatedImage>(Size{2, 1}, std::vector<std::uint8_t>{255, 0, 9, 0, 0, 255, 99, 0}),
-         true, false, true, Size{2, 1}},
+        {"monochrome", black, true, false, false, Size{18, 18}},
+        {"coloured", coloured, true, false, true, Size{2, 1}},
         {"missing", nullptr, true, false, true, std::nullopt},
-        {"indicator off", SimulatedImage::ofColor({32, 32}, 0, 0, 0), false, true, true, std::nullopt},
+        {"indicator off", black, false, true, true, std::nullopt},
     };
-    auto& interface = desktop_.interfaceFiles;
+    auto& view = desktop_.interfaceFiles.iconView;
+    auto& box = desktop_.interfaceFiles.iconBox;
+    StateTip stateTip(desktop_.inputSources, desktop_.images, desktop_.defaults, view, box);
     desktop_.inputSources.enable({.id = "us", .hasIconReference = true});
     for (const auto& expected : cases) {
         SCOPED_TRACE(expected.what);
-        desktop_.defaults.standardUserDefaults().setBool(expected.enabled, key::enableTipOfState);
+        standard_.setBool(expected.enabled, key::enableTipOfState);
         desktop_.inputSources.icons["us"] = expected.icon;
-        interface.iconView.image = nullptr;
-        stateTip_.inputChnagedNotification();
-        EXPECT_EQ(interface.iconView.isHidden, expected.iconHidden);
-        EXPECT_EQ(interface.iconBox.isHidden, expected.boxHidden);
-        EXPECT_EQ(interface.iconView.image ? std::optional(interface.iconView.image->size()) : std::nullopt,
-                  expected.shown);
+        view.image = nullptr;
+        stateTip.inputChnagedNotification();
+        EXPECT_EQ(view.isHidden, expected.iconHidden);
+        EXPECT_EQ(box.isHidden, expected.boxHidden);
+        EXPECT_EQ(view.image ? std::optional(view.image->size()) : std::nullopt, expected.shown);
     }
 }
 
-TEST_F(InputSources, ABurstOfChangesRefreshesOnceAfterTheLast) {
-    int refreshes = 0;
-    InputChangeWatch watch(desktop_.runLoop, [&refreshes] { ++refreshes; });
-    const DistributedNotification changed{std::string(selectedKeyboardInputSourceChangedNotification), {}};
-    watch.inputSourceChanged(changed);
-    desktop_.runLoop.advance(0.1);
-    watch.inputSourceChanged(changed);
-    watch.inputSourceChanged({"something else", {}});
-    desktop_.runLoop.advance(0.15);
-    EXPECT_EQ(refreshes, 0);
-    desktop_.runLoop.advance(0.05);
-    EXPECT_EQ(refreshes, 1);
-    watch.inputSourceChanged(changed);
-    desktop_.runLoop.advance(10);
-    EXPECT_EQ(refreshes, 2);
+TEST(MonochromeTest, TellsIconsOfOneColourFromColouredOnes) {
+    const Bytes grey{9, 9, 9, 255};
+    const struct {
+        const char* what;
+        Size size;
+        Bytes bytes;
+        bool isMonochrome;
+    } pictures[] = {
+        {"grey all over", {2, 1}, {80, 80, 80, 255, 80, 80, 80, 255}, true},
+        {"black and white", {2, 1}, {0, 0, 0, 255, 255, 255, 255, 255}, false},
+        {"first and second channel just close enough", {2, 1}, {10, 10, 200, 0, 13, 13, 0, 0}, true},
+        {"no two channels close enough", {2, 1}, {10, 10, 200, 0, 14, 13, 0, 0}, false},
+        {"second channel and last third byte: one colour", {2, 1}, {10, 5, 99, 0, 16, 5, 16, 0}, true},
+        {"third channel wild but for the last pixel", {3, 1}, {8, 8, 0, 0, 8, 8, 255, 0, 8, 8, 8, 0}, true},
+        {"first channel alone may vary", {2, 1}, {0, 40, 0, 0, 3, 40, 3, 0}, true},
+        {"first channel varies widely", {2, 1}, {0, 40, 0, 0, 90, 40, 90, 0}, false},
+        {"zero width", {0, 5}, grey, false},
+        {"zero height", {5, 0}, grey, false},
+        {"less than a point high", {5, 0.9}, grey, false},
+        {"no bytes", {5, 5}, {}, false},
+        {"three bytes of a pixel", {5, 5}, {1, 1, 1}, false},
+        {"fewer bytes than the size promises", {500, 500}, grey, true},
+        {"more bytes than the size needs", {1, 1}, {9, 9, 9, 0, 255, 0, 255, 0}, true},
+        {"not a number", {std::numeric_limits<double>::quiet_NaN(), 5}, grey, false},
+        {"negative", {-3, 5}, grey, false},
+        {"as large as numbers go", {std::numeric_limits<double>::max(), 5}, grey, false},
+    };
+    for (const auto& picture : pictures)
+        EXPECT_EQ(isMonochrome(picture.size, picture.bytes), picture.isMonochrome) << picture.what;
+    EXPECT_FALSE(isMonochrome(nullptr));
 }
 
 } // namespace

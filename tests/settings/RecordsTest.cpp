@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "settings/AppRule.h"
@@ -26,11 +25,10 @@ TEST_F(Records, EditsOfARuleKeepTheRestOfItAndOtherRules) {
     setRuleInput(standard_, "an.app", "xkb:ru");
     setRuleEnglishSymbol(standard_, "an.app", true);
     setRuleForceEnglishSymbols(standard_, "an.app", true);
-    EXPECT_EQ(
-        standard_.objectForKey(key::autoInput),
-        (Dictionary{
-            {"an.app", Dictionary{{"id", "xkb:ru"}, {"English Symbol", "1"}, {"Force English Symbols", 1}}},
-            {"other.app", "malformed"}}));
+    EXPECT_TRUE(AppRule::ofApplication(standard_.objectForKey(key::autoInput), "an.app").englishSymbol());
+    const Dictionary made{{"id", "xkb:ru"}, {"English Symbol", "1"}, {"Force English Symbols", 1}};
+    EXPECT_EQ(standard_.objectForKey(key::autoInput),
+              (Dictionary{{"an.app", made}, {"other.app", "malformed"}}));
 
     setRuleInput(standard_, "an.app", std::nullopt);
     setRuleEnglishSymbol(standard_, "an.app", false);
@@ -47,57 +45,53 @@ TEST_F(Records, EditsOfARuleKeepTheRestOfItAndOtherRules) {
 }
 
 TEST_F(Records, EditsOfALocationKeepWhatTheCompanionStored) {
-    const PropertyList stored =
-        Array{Dictionary{{"BundleIdentifier", "an.app"}, {"Name", "old"}, {"private", 7}}, "malformed",
-              Dictionary{{"Name", 3}}};
-    standard_.setObject(stored, key::arrOfLocationInfo);
+    const Dictionary nameless{{"Name", 3}};
+    Dictionary location{{"BundleIdentifier", "an.app"}, {"Name", "old"}, {"private", 7}};
+    standard_.setObject(Array{location, "malformed", nameless}, key::arrOfLocationInfo);
     setLocationName(standard_, 0, "new");
     setLocationInput(standard_, 0, "xkb:de");
     for (const std::size_t unusable : {1U, 3U, 99U})
         setLocationName(standard_, unusable, "lost");
-    removeLocation(standard_, 99);
+    for (const std::size_t missing : {3U, 99U})
+        removeLocation(standard_, missing);
 
     const auto rules = locationRules(standard_);
     ASSERT_EQ(rules.size(), 3U) << "an index here is an index in the store";
     EXPECT_EQ(rules[0].name, "new");
     EXPECT_EQ(rules[0].inputID, "xkb:de");
-    EXPECT_EQ(rules[2].name, "");
-    EXPECT_EQ((*standard_.objectForKey(key::arrOfLocationInfo).array())[0]["private"], PropertyList(7));
+    for (const std::size_t unusable : {1U, 2U})
+        EXPECT_EQ(rules[unusable].name, "") << unusable;
 
     setLocationInput(standard_, 0, std::nullopt);
     removeLocation(standard_, 1);
-    EXPECT_EQ(standard_.objectForKey(key::arrOfLocationInfo),
-              (Array{Dictionary{{"BundleIdentifier", "an.app"}, {"Name", "new"}, {"private", 7}},
-                     Dictionary{{"Name", 3}}}));
+    location["Name"] = "new";
+    EXPECT_EQ(standard_.objectForKey(key::arrOfLocationInfo), (Array{location, nameless}));
 }
 
 TEST_F(Records, AShortcutWithoutModifiersIsValidOnlyOnAFunctionKey) {
+    constexpr int f1 = 122, f20 = 90;
+    const auto record = [](PropertyList keyCode, PropertyList flags) {
+        return Dictionary{{"keyCode", std::move(keyCode)}, {"modifierFlags", std::move(flags)}};
+    };
     const struct {
         PropertyList record;
-        bool isShortcut;
-        bool isValid;
-    } cases[] = {
-        {Dictionary{{"keyCode", 0}, {"modifierFlags", 0x100000}}, true, true},
-        {Dictionary{{"keyCode", 0}, {"modifierFlags", 0}}, true, false},
-        {Dictionary{{"keyCode", 122}, {"modifierFlags", 0}}, true, true},  // F1
-        {Dictionary{{"keyCode", 90.0}, {"modifierFlags", 0}}, true, true}, // F20
-        {Dictionary{{"keyCode", "122"}, {"modifierFlags", 0}}, false, false},
-        {Dictionary{{"keyCode", 122}}, false, false},
-        {"nothing of the kind", false, false},
-    };
+        bool isShortcut, isValid;
+    } cases[] = {{record(0, 0x100000), true, true},    {record(0, 0), true, false},
+                 {record(f1, 0), true, true},          {record(double(f20), 0), true, true},
+                 {record("122", 0), false, false},     {record(f1, {}), false, false},
+                 {"nothing of the kind", false, false}};
     for (const auto& expected : cases) {
         const auto shortcut = InputShortcut::ofRecord(expected.record);
         EXPECT_EQ(shortcut.has_value(), expected.isShortcut);
         EXPECT_EQ(shortcut && shortcut->isValid(), expected.isValid);
     }
     setShortcut(standard_, "xkb:us", {.keyCode = 12, .modifierFlags = 0x40000});
-    EXPECT_EQ(InputShortcut::ofRecord(standard_.objectForKey(key::shortcutOfInput)["xkb:us"]),
-              (InputShortcut{.keyCode = 12, .modifierFlags = 0x40000}));
+    EXPECT_EQ(standard_.objectForKey(key::shortcutOfInput), (Dictionary{{"xkb:us", record(12, 0x40000)}}));
     removeShortcut(standard_, "xkb:us");
     EXPECT_EQ(standard_.objectForKey(key::shortcutOfInput), Dictionary{});
 }
 
-TEST_F(Records, TheRuleTableIsInTheUsersOrder) {
+TEST_F(Records, TheRuleTableIsInTheUsersOrderWithoutWhatIsHidden) {
     const std::vector<std::string> found{"a", "b", "c", "d"};
     EXPECT_EQ(inUsersOrder(found, standard_), found);
     standard_.setObject(Array{"c", "gone", 5, "a", "c"}, key::orderOfAppsRule);
@@ -106,15 +100,12 @@ TEST_F(Records, TheRuleTableIsInTheUsersOrder) {
     EXPECT_EQ(inUsersOrder(found, standard_), found);
     setOrderOfAppsRule(standard_, {"d", "b"});
     EXPECT_THAT(inUsersOrder(found, standard_), testing::ElementsAre("d", "b", "a", "c"));
-}
 
-TEST_F(Records, AnApplicationHiddenTwiceIsShownByOneRequest) {
-    hideFromRuleTable(standard_, "an.app");
-    hideFromRuleTable(standard_, "other.app");
-    hideFromRuleTable(standard_, "an.app");
+    for (const auto* id : {"an.app", "other.app", "an.app"})
+        hideFromRuleTable(standard_, id);
     EXPECT_EQ(standard_.objectForKey(key::notDisplayAppName), (Array{"an.app", "other.app", "an.app"}));
     showInRuleTable(standard_, "an.app");
-    EXPECT_FALSE(isHiddenFromRuleTable(standard_, "an.app"));
+    EXPECT_FALSE(isHiddenFromRuleTable(standard_, "an.app")) << "though hidden twice";
     EXPECT_TRUE(isHiddenFromRuleTable(standard_, "other.app"));
 }
 

@@ -5,21 +5,27 @@
 //   between
 // SOURCE is the input source that has to be selected then. Exits 0 only if it was, at every step.
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <optional>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 #include <thread>
 #include <vector>
 
-#include "platform/linux/demo/FocusedWindows.h"
+#include <QCoreApplication>
+
+#include "virtual-desktop/XWatcher.h"
 
 namespace {
 
 using namespace quorvane;
 using namespace std::chrono_literals;
+using Clock = XWatcher::Clock;
 
+constexpr auto longestWaitForWindow = 15s;
 constexpr auto longestSwitch = 5s;
 constexpr auto pauseBetween = 400ms; // so that somebody can watch
 
@@ -45,7 +51,33 @@ Step stepOf(const std::string& argument) {
     return step;
 }
 
-std::string taken(const FocusedWindows::Times& times) {
+/// The id of the layout that typing uses now, as the X server tells it: `xkb:ru`.
+std::string currentLayout(XClient& user) {
+    const auto rules = user.texts(user.root(), "_XKB_RULES_NAMES"); // rules, model, layouts, …
+    std::istringstream layouts(rules.size() > 2 ? rules[2] : std::string());
+    std::string layout;
+    for (auto left = user.currentGroup() + 1; left > 0; --left)
+        std::getline(layouts, layout, ',');
+    return "xkb:" + layout;
+}
+
+/// The first managed window of that class (either part of WM_CLASS), waited for.
+std::optional<xcb_window_t> windowOfClass(XClient& user, const std::string& name) {
+    for (const auto deadline = Clock::now() + longestWaitForWindow; Clock::now() < deadline;
+         std::this_thread::sleep_for(20ms)) {
+        for (const auto window : user.values(user.root(), "_NET_CLIENT_LIST")) {
+            if (std::ranges::count(user.texts(window, "WM_CLASS"), name)) return window;
+        }
+    }
+    return std::nullopt;
+}
+
+struct Times {
+    std::optional<Clock::time_point> began;    ///< The window got the focus, or the keys were pressed.
+    std::optional<Clock::time_point> switched; ///< The layout changed, the last time.
+};
+
+std::string taken(const Times& times) {
     if (!times.began || !times.switched) return "-";
     const std::chrono::duration<double, std::milli> difference(*times.switched - *times.began);
     std::array<char, 32> text{};
@@ -54,38 +86,51 @@ std::string taken(const FocusedWindows::Times& times) {
 }
 
 /// None when there is no such window.
-std::optional<FocusedWindows::Times> play(FocusedWindows& desktop, const Step& step) {
-    const auto deadline = FocusedWindows::Clock::now() + longestSwitch;
-    if (step.keys) return desktop.pressAndWatch(*step.keys, deadline);
-    const auto window = desktop.windowOfClass(step.what);
-    if (!window) return std::nullopt;
-    return desktop.activateAndWatch(*window, deadline);
+std::optional<Times> play(XWatcher& user, const Step& step) {
+    const auto deadline = Clock::now() + longestSwitch;
+    Times times;
+    std::optional<xcb_window_t> window;
+    if (step.keys) {
+        times.began = Clock::now();
+        user.pressTogether(*step.keys);
+    } else {
+        window = windowOfClass(user, step.what);
+        if (!window) return std::nullopt;
+        user.watch(*window);
+        user.activate(*window);
+    }
+    while (!(times.began && times.switched)) {
+        const auto seen = user.nextSeen(deadline);
+        if (!seen) break;
+        if (seen->what == XWatcher::Seen::What::focusIn && seen->window == window) times.began = seen->time;
+        if (seen->what == XWatcher::Seen::What::layout) times.switched = seen->time;
+    }
+    return times;
 }
 
 /// True when the wanted source was selected.
-bool show(FocusedWindows& desktop, const Step& step) {
-    const auto before = desktop.currentLayout();
-    const auto times = play(desktop, step);
+bool show(XWatcher& user, const Step& step) {
+    const auto before = currentLayout(user);
+    const auto times = play(user, step);
     std::this_thread::sleep_for(pauseBetween);
-    const auto after = desktop.currentLayout();
+    const auto after = currentLayout(user);
     const bool isRight = times && after == step.wanted;
     std::printf("%-18s %-8s %-8s %-8s %9s  %s\n", step.what.c_str(), step.wanted.c_str(), before.c_str(),
-                after.c_str(), taken(times.value_or(FocusedWindows::Times{})).c_str(),
-                isRight ? "" : "WRONG");
+                after.c_str(), taken(times.value_or(Times{})).c_str(), isRight ? "" : "WRONG");
     std::fflush(stdout);
     return isRight;
 }
 
 } // namespace
 
-int main(int argc, char** argv) {
-    FocusedWindows desktop;
-    if (!desktop.isConnected()) {
-        std::fprintf(stderr, "no X server\n");
-        return 1;
-    }
+int main(int argc, char** argv) try {
+    const QCoreApplication qt(argc, argv);
+    XWatcher user;
     bool allRight = argc > 1;
     for (int i = 1; i < argc; ++i)
-        allRight = show(desktop, stepOf(argv[i])) && allRight;
+        allRight = show(user, stepOf(argv[i])) && allRight;
     return allRight ? 0 : 1;
+} catch (const std::runtime_error& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 1;
 }

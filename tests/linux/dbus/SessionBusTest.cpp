@@ -6,38 +6,22 @@
 #include <QProcess>
 
 #include "contracts/DistributedNotificationCenterContract.h"
-#include "linux/support/WaitUntil.h"
 #include "platform/linux/dbus/BusApplications.h"
 #include "platform/linux/dbus/DBusNotificationCenter.h"
 #include "platform/linux/dbus/DBusPropertyList.h"
+#include "virtual-desktop/SessionBus.h"
+#include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
 namespace {
 
 constexpr auto interfaceName = "org.example.Notifications";
 
-/// A bus of the tests' own. Qt connects a process to its session bus once, so all tests share it.
-class Bus {
-public:
-    Bus() {
-        daemon_.start("dbus-daemon", {"--session", "--nofork", "--nopidfile", "--print-address=1"});
-        QByteArray address;
-        waitUntil([&] { return (address += daemon_.readAllStandardOutput()).endsWith('\n'); });
-        qputenv("DBUS_SESSION_BUS_ADDRESS", address.trimmed());
-    }
-    ~Bus() { end(); }
-    void end() {
-        daemon_.kill();
-        daemon_.waitForFinished();
-    }
-    static Bus& ofTests() {
-        static Bus bus;
-        return bus;
-    }
-
-private:
-    QProcess daemon_;
-};
+/// Qt connects a process to its session bus once, so all tests share it.
+SessionBus& busOfTests() {
+    static SessionBus bus;
+    return bus;
+}
 
 /// A second program on the bus.
 class OtherProgram {
@@ -65,7 +49,7 @@ public:
     }
 
 private:
-    Bus& bus_ = Bus::ofTests();
+    SessionBus& bus_ = busOfTests();
     OtherProgram other_;
     DBusNotificationCenter center_{interfaceName, [] {}};
 };
@@ -74,44 +58,41 @@ INSTANTIATE_TEST_SUITE_P(DBus, DistributedNotificationCenterContract,
                          testing::Values([] { return std::make_unique<DBusBench>(); }));
 
 TEST(DBusNotificationCenterTest, ReadsWhatOtherToolsSendAndIgnoresTheRest) {
-    Bus::ofTests();
+    busOfTests();
     int written = 0;
     DBusNotificationCenter center(interfaceName, [&] { ++written; });
     std::vector<PropertyList> seen;
     const auto subscription =
         center.addObserver("name", [&](const auto& each) { seen.push_back(each.userInfo); });
     OtherProgram other;
-    for (const QVariantList& malformed : {QVariantList{"name", 1}, QVariantList{1, QVariantMap()},
-                                          QVariantList{"name", "text"}, QVariantList()})
-        other.post(malformed);
-    other.post({"name", QVariantMap{{"numbers", QVariant::fromValue(QList<int>{1, 2})},
-                                    {"texts", QStringList{"a", "b"}},
-                                    {"variant", QVariant::fromValue(QDBusVariant(3))},
-                                    {"byte", QVariant::fromValue(uchar{255})},
-                                    {"short", QVariant::fromValue(short{-2})},
-                                    {"huge", std::numeric_limits<qulonglong>::max()},
-                                    {"path", QVariant::fromValue(QDBusObjectPath("/unknown"))}}});
+    // clang-format off
+    const QVariantMap userInfo{
+        {"numbers", QVariant::fromValue(QList<int>{1, 2})}, {"texts", QStringList{"a", "b"}},
+        {"variant", QVariant::fromValue(QDBusVariant(3))}, {"byte", QVariant::fromValue(uchar{255})},
+        {"short", QVariant::fromValue(short{-2})}, {"huge", std::numeric_limits<qulonglong>::max()},
+        {"path", QVariant::fromValue(QDBusObjectPath("/unknown"))}};
+    const PropertyList::Dictionary info{
+        {"numbers", PropertyList::Array{1, 2}}, {"texts", PropertyList::Array{"a", "b"}}, {"variant", 3},
+        {"byte", 255}, {"short", -2}, {"huge", 18446744073709551615.0}}, fromScript{{"a", 1}};
+    const QList<QVariantList> malformedAndGood{
+        {"name", 1}, {1, QVariantMap()}, {"name", "text"}, {}, {"name", userInfo}};
+    // clang-format on
+    for (const auto& arguments : malformedAndGood)
+        other.post(arguments);
     EXPECT_TRUE(waitUntil([&] { return !seen.empty(); }));
     center.post({"name", {}});
     EXPECT_EQ(written, 1);
     EXPECT_TRUE(waitUntil([&] { return seen.size() >= 2; }));
     const QStringList script{"--session", "--type=signal", "/DistributedNotifications",
                              QString(interfaceName) + ".Posted", "string:name"};
-    EXPECT_EQ(QProcess::execute("dbus-send", script), 0);
-    EXPECT_EQ(QProcess::execute("dbus-send", script + QStringList{"dict:string:int32:a,1"}), 0);
+    for (const auto& more : {QStringList(), QStringList("dict:string:int32:a,1")})
+        EXPECT_EQ(QProcess::execute("dbus-send", script + more), 0);
     EXPECT_TRUE(waitUntil([&] { return seen.size() >= 4; }));
-    const PropertyList info = PropertyList::Dictionary{{"numbers", PropertyList::Array{1, 2}},
-                                                       {"texts", PropertyList::Array{"a", "b"}},
-                                                       {"variant", 3},
-                                                       {"byte", 255},
-                                                       {"short", -2},
-                                                       {"huge", 18446744073709551615.0}};
-    const PropertyList fromScript = PropertyList::Dictionary{{"a", 1}};
     EXPECT_THAT(seen, testing::ElementsAre(info, PropertyList(), PropertyList(), fromScript));
 }
 
 TEST(BusApplicationsTest, FollowsTheNamesSomebodyAskedAbout) {
-    Bus::ofTests();
+    busOfTests();
     OtherProgram other;
     BusApplications applications;
     std::vector<std::string> started;
@@ -131,7 +112,7 @@ TEST(BusApplicationsTest, FollowsTheNamesSomebodyAskedAbout) {
 }
 
 /// Exits with 0 when everything that needs no bus still works.
-void liveWithoutBus(Bus* dying) {
+void liveWithoutBus(SessionBus* dying) {
     DBusNotificationCenter center(interfaceName, [] {});
     BusApplications applications;
     int delivered = 0;
@@ -148,7 +129,7 @@ void liveWithoutBus(Bus* dying) {
 TEST(SessionBusDeathTest, TheProgramLivesWithoutABus) {
     GTEST_FLAG_SET(death_test_style, "threadsafe"); // each starts a process of its own
     const auto oneLine = testing::HasSubstr("no session bus");
-    EXPECT_EXIT(liveWithoutBus(&Bus::ofTests()), testing::ExitedWithCode(0), oneLine);
+    EXPECT_EXIT(liveWithoutBus(&busOfTests()), testing::ExitedWithCode(0), oneLine);
     EXPECT_EXIT(
         {
             qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");

@@ -1,14 +1,37 @@
 // Settings that several processes and the user's editor share.
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <csignal>
-
+#include "contracts/UserDefaultsContract.h"
 #include "linux/defaults/SettingsFolder.h"
 
 namespace quorvane {
 namespace {
+
+/// Another program is a second set of stores on the same folder: they share nothing but the files.
+class LinuxUserDefaultsBench : public UserDefaultsBench {
+public:
+    UserDefaultsStores& stores() override { return stores_; }
+    bool waitUntil(const std::function<bool()>& condition) override { return quorvane::waitUntil(condition); }
+    void writeFromOutside(const std::string& suite, const std::string& key, PropertyList value) override {
+        const auto defaults = open(suite);
+        defaults->setObject(std::move(value), key);
+        EXPECT_TRUE(defaults->synchronize());
+    }
+    PropertyList readFromOutside(const std::string& suite, const std::string& key) override {
+        return open(suite)->objectForKey(key);
+    }
+
+private:
+    std::unique_ptr<UserDefaults> open(const std::string& suite) {
+        return otherProgram_.initWithSuiteName(suite.empty() ? own : suite);
+    }
+
+    static constexpr auto own = "org.example.test";
+    SettingsFolder folder_;
+    LinuxUserDefaults stores_{folder_.path(), own}, otherProgram_{folder_.path(), "org.example.other"};
+};
+
+INSTANTIATE_TEST_SUITE_P(Files, UserDefaultsContract,
+                         testing::Values([] { return std::make_unique<LinuxUserDefaultsBench>(); }));
 
 class LinuxUserDefaultsTest : public testing::Test {
 protected:
@@ -37,7 +60,7 @@ TEST_F(LinuxUserDefaultsTest, ProcessesThatWriteAtOnceLoseNothing) {
         EXPECT_EQ(other.exitCode(), 0);
     }
     EXPECT_TRUE(waitUntil([&] { return standard_.synchronize(); }));
-    const auto contents = DefaultsFile(folder_.file().toStdString()).contents();
+    const auto contents = folder_.contents();
     for (int i = 1; i <= 25; ++i)
         for (int process = 0; process < 3; ++process)
             EXPECT_EQ(contents[std::to_string(process) + "-" + std::to_string(i)], PropertyList(i));
@@ -53,9 +76,8 @@ TEST_F(LinuxUserDefaultsTest, OnlyKeysWithAnotherValueAreTold) {
     standard_.setObject("own", "a");
     ASSERT_TRUE(standard_.synchronize());
     EXPECT_EQ(SettingsFolder::tool({"write", "suite", "a", "-string", "own"}), 0);
-    EXPECT_EQ(SettingsFolder::tool({"dict-add", "suite", "b", "org.example.editor", "-xml",
-                                    "<dict><key>id</key><string>xkb:ru</string></dict>"}),
-              0);
+    const auto* rule = "<dict><key>id</key><string>xkb:ru</string></dict>";
+    EXPECT_EQ(SettingsFolder::tool({"dict-add", "suite", "b", "org.example.editor", "-xml", rule}), 0);
     EXPECT_TRUE(waitUntil([&] { return told.size() == 2; }));
     EXPECT_THAT(told, testing::ElementsAre("a", "b"));
     EXPECT_EQ(standard_.objectForKey("b")["org.example.editor"]["id"], PropertyList("xkb:ru"));
@@ -78,13 +100,13 @@ TEST_F(LinuxUserDefaultsTest, ReadsAFileOnceHoweverOftenItIsOpened) {
 }
 
 TEST_F(LinuxUserDefaultsTest, WhatOthersWroteComesBackAsItWas) {
-    const QByteArray others[] = {"<key>k</key>\n\t<date>1801-01-02T03:04:05Z</date>",
-                                 "<key>l</key>\n\t<integer>18446744073709551615</integer>",
-                                 "<key>m</key>\n\t<data>\n\tAAEC\n\t</data>",
-                                 "<key>n</key>\n\t<array>\n\t\t<dict>\n\t\t\t<key>CF$UID</key>\n\t\t\t"
-                                 "<integer>7</integer>\n\t\t</dict>\n\t\t<real>0.10000000000000001</real>\n\t"
-                                 "</array>"};
-    folder_.save(SettingsFolder::dictionary(others[0] + others[1] + others[2] + others[3]));
+    const QByteArrayList others{"<key>k</key>\n\t<date>1801-01-02T03:04:05Z</date>",
+                                "<key>l</key>\n\t<integer>18446744073709551615</integer>",
+                                "<key>m</key>\n\t<data>\n\tAAEC\n\t</data>",
+                                "<key>n</key>\n\t<array>\n\t\t<dict>\n\t\t\t<key>CF$UID</key>\n\t\t\t"
+                                "<integer>7</integer>\n\t\t</dict>\n\t\t<real>0.10000000000000001</real>\n\t"
+                                "</array>"};
+    folder_.save(SettingsFolder::dictionary(others.join()));
     standard_.setObject(true, "own");
     ASSERT_TRUE(standard_.synchronize());
     EXPECT_TRUE(folder_.bytes().contains("<key>own</key>"));
@@ -106,7 +128,7 @@ TEST_F(LinuxUserDefaultsTest, AKilledWriterLeavesAWholeFile) {
         EXPECT_TRUE(waitUntil([&] { return standard_.integerForKey("counter") != before; }));
         writer.kill();
         writer.waitForFinished();
-        EXPECT_EQ(DefaultsFile(folder_.file().toStdString()).contents()["large"], PropertyList(text));
+        EXPECT_EQ(folder_.contents()["large"], PropertyList(text));
     }
     EXPECT_FALSE(QFile::exists(folder_.file("suite.plist.damaged")));
 }

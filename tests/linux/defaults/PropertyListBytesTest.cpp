@@ -8,16 +8,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 namespace quorvane {
 namespace {
 
-std::string repeated(std::string_view text, int count) {
-    std::string all;
-    for (int i = 0; i < count; ++i)
-        all += text;
-    return all;
+std::string repeated(const QByteArray& text, int count) {
+    return text.repeated(count).toStdString();
 }
 
-QByteArray seed(const QString& name) {
+std::string seed(const QString& name) {
     QFile file(QDir(QUORVANE_SEEDS).filePath(name));
-    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+    return file.open(QFile::ReadOnly) ? file.readAll().toStdString() : "";
 }
 
 TEST(PropertyListBytesTest, SurvivesEverySeed) {
@@ -25,17 +22,16 @@ TEST(PropertyListBytesTest, SurvivesEverySeed) {
     EXPECT_GE(names.size(), 8);
     for (const auto& name : names) {
         const auto bytes = seed(name);
-        LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()),
-                               static_cast<std::size_t>(bytes.size()));
+        LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
     }
 }
 
 TEST(PropertyListBytesTest, ReadsBinaryListsAndByteOrderMarks) {
     for (const auto* name : {"rules.binary", "rules-byte-order-mark.xml"}) {
-        const auto node = readPropertyList(seed(name).toStdString());
+        const auto node = readPropertyList(seed(name));
         ASSERT_TRUE(node) << name;
-        EXPECT_EQ(propertyListOf(node.get())["autoInput"]["org.example.editor"]["id"],
-                  PropertyList("xkb:ru"));
+        const auto rules = propertyListOf(node.get())["autoInput"];
+        EXPECT_EQ(rules["org.example.editor"]["id"], PropertyList("xkb:ru"));
     }
 }
 
@@ -59,7 +55,7 @@ TEST(PropertyListBytesTest, TurnsAwayWhatWouldExhaustTheParser) {
     EXPECT_TRUE(readPropertyList(repeated("<array>", 256) + repeated("</array>", 256)));
     EXPECT_FALSE(readPropertyList(repeated("<array>", 257) + repeated("</array>", 257)));
     for (const auto* name : {"cycle.binary", "bomb.binary"})
-        EXPECT_FALSE(readPropertyList(seed(name).toStdString())) << name;
+        EXPECT_FALSE(readPropertyList(seed(name))) << name;
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include <QCoreApplication>
 #include <fcntl.h>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sys/file.h>
 #include <sys/resource.h>
 
@@ -19,7 +18,15 @@ const QByteArray newer = SettingsFolder::dictionary("<key>key</key><string>newer
 
 class SettingsFaultsTest : public testing::Test {
 protected:
+    /// The settings of a program that finds these contents.
+    StandardUserDefaults& open(const QByteArray& contents) {
+        stores_.reset();
+        folder_.save(contents);
+        return stores_.emplace(folder_.path(), "suite").standardUserDefaults();
+    }
+
     SettingsFolder folder_;
+    std::optional<LinuxUserDefaults> stores_;
 };
 
 TEST_F(SettingsFaultsTest, AFileDamagedAtTheStartIsSetAside) {
@@ -27,9 +34,7 @@ TEST_F(SettingsFaultsTest, AFileDamagedAtTheStartIsSetAside) {
     const QByteArray damages[] = {"", "no property list", good.left(good.size() / 2),
                                   "<plist><array/></plist>"};
     for (const auto& damage : damages) {
-        folder_.save(damage);
-        LinuxUserDefaults stores(folder_.path(), "suite");
-        auto& standard = stores.standardUserDefaults();
+        auto& standard = open(damage);
         EXPECT_TRUE(standard.objectForKey("key").isNothing());
         standard.setObject("new", "key");
         EXPECT_TRUE(standard.synchronize());
@@ -42,9 +47,7 @@ TEST_F(SettingsFaultsTest, AFileDamagedAtTheStartIsSetAside) {
 }
 
 TEST_F(SettingsFaultsTest, AHalfSavedFileIsLeftToItsEditor) {
-    folder_.save(good);
-    LinuxUserDefaults stores(folder_.path(), "suite");
-    auto& standard = stores.standardUserDefaults();
+    auto& standard = open(good);
     std::vector<PropertyList> told;
     const auto subscription = standard.addObserver(
         "key", [&](std::string_view key) { told.push_back(standard.objectForKey(key)); });
@@ -57,21 +60,16 @@ TEST_F(SettingsFaultsTest, AHalfSavedFileIsLeftToItsEditor) {
 }
 
 TEST_F(SettingsFaultsTest, AWriteSavesTheGoodContentsFromADamagedFile) {
-    folder_.save(good);
-    LinuxUserDefaults stores(folder_.path(), "suite");
+    auto& standard = open(good);
     folder_.save("damaged");
-    stores.standardUserDefaults().setObject(1, "own");
-    EXPECT_TRUE(stores.standardUserDefaults().synchronize());
+    standard.setObject(1, "own");
+    EXPECT_TRUE(standard.synchronize());
     EXPECT_EQ(folder_.bytes("suite.plist.damaged"), "damaged");
-    const auto contents = DefaultsFile(folder_.file().toStdString()).contents();
-    EXPECT_EQ(contents["key"], PropertyList("good"));
-    EXPECT_EQ(contents["own"], PropertyList(1));
+    EXPECT_EQ(folder_.contents(), (PropertyList::Dictionary{{"key", "good"}, {"own", 1}}));
 }
 
 TEST_F(SettingsFaultsTest, AHeldLockDelaysWritesAndNothingElse) {
-    folder_.save(good);
-    LinuxUserDefaults stores(folder_.path(), "suite");
-    auto& standard = stores.standardUserDefaults();
+    auto& standard = open(good);
     FileDescriptor holder(::open(folder_.file("suite.plist.lock").toUtf8(), O_RDONLY | O_CREAT, 0600));
     ASSERT_EQ(::flock(holder.number(), LOCK_EX), 0);
     const auto start = std::chrono::steady_clock::now();
@@ -88,9 +86,7 @@ TEST_F(SettingsFaultsTest, AHeldLockDelaysWritesAndNothingElse) {
 }
 
 TEST_F(SettingsFaultsTest, AFullDiskLeavesTheGoodFile) {
-    folder_.save(good);
-    LinuxUserDefaults stores(folder_.path(), "suite");
-    auto& standard = stores.standardUserDefaults();
+    auto& standard = open(good);
     rlimit usual{};
     ::getrlimit(RLIMIT_FSIZE, &usual);
     const rlimit full{.rlim_cur = 100, .rlim_max = usual.rlim_max};

@@ -5,8 +5,8 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-#include "linux/support/WaitUntil.h"
 #include "platform/linux/defaults/LinuxUserDefaults.h"
+#include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
 
@@ -23,6 +23,7 @@ public:
         QFile opened(file(name));
         return opened.open(QFile::ReadOnly) ? opened.readAll() : QByteArray();
     }
+    PropertyList contents() const { return DefaultsFile(file().toStdString()).contents(); }
     /// Saves in place, as some editors do.
     void save(const QByteArray& bytes) const {
         makePrivateFolder(path());

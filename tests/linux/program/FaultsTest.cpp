@@ -7,8 +7,8 @@
 
 #include "linux/program/ProgramSession.h"
 #include "linux/support/TestWindow.h"
-#include "linux/support/WaitUntil.h"
 #include "settings/Keys.h"
+#include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
 namespace {

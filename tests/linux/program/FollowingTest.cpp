@@ -6,10 +6,10 @@
 
 #include "linux/program/ProgramSession.h"
 #include "linux/support/TestWindow.h"
-#include "linux/support/WaitUntil.h"
 #include "platform/linux/x11/StackedWindow.h"
 #include "settings/InputShortcut.h"
 #include "settings/Keys.h"
+#include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
 namespace {

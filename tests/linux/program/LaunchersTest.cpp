@@ -4,7 +4,7 @@
 
 #include "linux/program/ProgramSession.h"
 #include "linux/support/TestWindow.h"
-#include "linux/support/WaitUntil.h"
+#include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
 namespace {

@@ -5,9 +5,9 @@
 #include <QFile>
 
 #include "linux/program/ProgramSession.h"
-#include "linux/support/WaitUntil.h"
 #include "platform/linux/AutostartLoginItems.h"
 #include "settings/Keys.h"
+#include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
 namespace {

@@ -2,22 +2,15 @@
 
 #include <stdexcept>
 
-#include "linux/support/WaitUntil.h"
 #include "settings/AppRule.h"
 #include "settings/Keys.h"
+#include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
 
 TestProgram::TestProgram(const QString& program, const QStringList& arguments) {
     process_.start(program, arguments);
     if (!process_.waitForStarted()) throw std::runtime_error("does not start: " + program.toStdString());
-}
-
-TestProgram::~TestProgram() {
-    if (process_.state() == QProcess::NotRunning) return;
-    process_.terminate();
-    if (!waitForEnd()) process_.kill();
-    process_.waitForFinished();
 }
 
 QString TestProgram::output() {
@@ -33,25 +26,10 @@ bool TestProgram::waitForEnd() {
 }
 
 ProgramSession::ProgramSession(const QString& windowManager)
-    : stores(LinuxUserDefaults::configFolder(), maker::bundleIdentifier) {
-    const auto status =
-        QProcess::execute("setxkbmap", {"-rules", "evdev", "-model", "pc105", "-layout", "us,ru,de"});
-    if (status != 0) throw std::runtime_error("setxkbmap fails");
-    manager.emplace(windowManager);
-    bus.start("dbus-daemon", {"--session", "--nofork", "--nopidfile", "--print-address"});
-    if (!bus.waitForReadyRead()) throw std::runtime_error("dbus-daemon does not start");
-    qputenv("DBUS_SESSION_BUS_ADDRESS", bus.readLine().trimmed());
+    : manager(windowManager)
+    , stores(LinuxUserDefaults::configFolder(), maker::bundleIdentifier) {
     stores.standardUserDefaults().setBool(true, key::notNeedRemindForAutoStartAtLogin);
     stores.standardUserDefaults().synchronize();
-    x_ = XConnection::open();
-    keyboard_.emplace(*x_);
-}
-
-ProgramSession::~ProgramSession() {
-    program.reset();
-    bus.terminate();
-    bus.waitForFinished();
-    qunsetenv("DBUS_SESSION_BUS_ADDRESS");
 }
 
 void ProgramSession::startProgram() {
@@ -70,11 +48,6 @@ void ProgramSession::setRule(const std::string& application, const std::string& 
         return false;
     });
     if (!isTaken) throw std::runtime_error("the program does not take the rule");
-}
-
-unsigned ProgramSession::group() {
-    keyboard_->readGroup();
-    return keyboard_->effectiveGroup();
 }
 
 bool ProgramSession::waitForGroup(unsigned wanted) {

@@ -4,14 +4,11 @@
 #include <optional>
 #include <string>
 
-#include <QProcess>
-
-#include "linux/support/ScratchFolders.h"
-#include "linux/support/XClient.h"
-#include "linux/support/XServer.h"
 #include "platform/linux/defaults/LinuxUserDefaults.h"
-#include "platform/linux/x11/XkbKeyboard.h"
 #include "settings/Maker.h"
+#include "virtual-desktop/ScratchFolders.h"
+#include "virtual-desktop/XClient.h"
+#include "virtual-desktop/XServer.h"
 
 namespace quorvane {
 
@@ -19,7 +16,6 @@ namespace quorvane {
 class TestProgram {
 public:
     explicit TestProgram(const QString& program, const QStringList& arguments = {});
-    ~TestProgram();
 
     /// Everything it has written so far.
     QString output();
@@ -31,7 +27,7 @@ public:
     int exitCode() const { return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : -1; }
 
 private:
-    QProcess process_;
+    ChildProcess process_;
     QString output_;
     QString errors_;
 };
@@ -41,7 +37,6 @@ private:
 class ProgramSession {
 public:
     explicit ProgramSession(const QString& windowManager = "openbox");
-    ~ProgramSession();
 
     /// Starts the program and waits until it has taken a rule: it is ready then.
     void startProgram();
@@ -50,7 +45,7 @@ public:
     void setRule(const std::string& application, const std::string& inputSource);
 
     /// The group that typing uses, as the server tells it.
-    unsigned group();
+    unsigned group() { return user.currentGroup(); }
     bool waitForGroup(unsigned wanted);
 
     /// Types the keys at these places of the keyboard, whatever layout they are in.
@@ -60,16 +55,12 @@ public:
     std::unique_ptr<UserDefaults> shared() { return stores.initWithSuiteName(maker::sharedSuiteName); }
 
     ScratchFolders folders;
-    XServer server;
+    XServer server{"us,ru,de"};
     std::optional<WindowManager> manager;
-    QProcess bus;
+    SessionBus bus;
     LinuxUserDefaults stores;
     XClient user;
     std::optional<TestProgram> program;
-
-private:
-    std::unique_ptr<XConnection> x_;
-    std::optional<XkbKeyboard> keyboard_;
 };
 
 } // namespace quorvane

@@ -6,8 +6,8 @@
 
 #include "linux/program/ProgramSession.h"
 #include "linux/support/TestWindow.h"
-#include "linux/support/WaitUntil.h"
 #include "settings/DefaultInput.h"
+#include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
 namespace {

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QProcess>
 #include <xcb/xproto.h>
+
+#include "virtual-desktop/ChildProcess.h"
 
 namespace quorvane {
 
@@ -17,7 +18,7 @@ public:
     void end();
 
 private:
-    QProcess process_;
+    ChildProcess process_;
     xcb_window_t window_ = XCB_WINDOW_NONE;
 };
 

@@ -1,24 +1,21 @@
 #include <gtest/gtest.h>
 
-#include "linux/support/ScratchFolders.h"
 #include "platform/linux/x11/CompoundText.h"
 #include "platform/linux/x11/DesktopEntries.h"
+#include "virtual-desktop/ScratchFolders.h"
 
 namespace quorvane {
 namespace {
 
 TEST(DesktopEntry, ReadsWellFormedAndRefusesMalformedFiles) {
-    const struct {
-        const char* text;
-        const char* description; ///< Name, icon, program and class; empty for a refused file.
-    } files[] = {
-        {"[Desktop Entry]\nType=Application\nName=Plain\nIcon=i\nExec=/usr/bin/p %U\nStartupWMClass=C",
-         "Plain|i|p|C"},
+    // A file, and its name, icon, program and class; empty for a refused one.
+    const std::pair<const char*, const char*> files[] = {
+        {"[Desktop Entry]\nType=Application\nName=P\nIcon=i\nExec=/usr/bin/p %U\nStartupWMClass=C",
+         "P|i|p|C"},
         {"\n# comment\r\n[Desktop Entry]\r\nType = Application\r\nName = Spaced \r\n", "Spaced|||"},
         {"[Desktop Entry]\nType=Application\nName[de]=Deutsch\nName=X\nName[fr]=F\nName[de_AT]=At", "At|||"},
         {"[Desktop Entry]\nType=Application\nName=X\nName[de@euro]=Euro\nName[de]=D", "Euro|||"},
-        {"[Desktop Entry]\nType=Application\nName=a\\sb\\\\c\nExec=\"/opt/a b/run \\\\\"x\" --y",
-         "a b\\c||run \"x|"},
+        {"[Desktop Entry]\nType=Application\nName=a\\sb\\\\c\nExec=\"/a b/r \\\\\"x\" --y", "a b\\c||r \"x|"},
         {"[Desktop Entry]\nType=Application\nName=E\nExec=env A=1 B=2 sh -c x", "E||sh|"},
         {"[Desktop Entry]\nType=Application\nName=N\nExec=\n[Desktop Action x]\nName=Other\nExec=o", "N|||"},
         {"[Desktop Entry]\nType=Link\nName=N", ""},
@@ -29,11 +26,12 @@ TEST(DesktopEntry, ReadsWellFormedAndRefusesMalformedFiles) {
         {"\xff\xfe[Desktop Entry]", ""},
         {"", ""},
     };
-    for (const auto& file : files) {
-        const auto entry = parseDesktopEntry(file.text, localeSuffixes("de_AT.UTF-8@euro"));
-        const auto description =
-            entry ? entry->name + "|" + entry->icon + "|" + entry->program + "|" + entry->startupWmClass : "";
-        EXPECT_EQ(description, file.description) << file.text;
+    for (const auto& [text, description] : files) {
+        const auto entry = parseDesktopEntry(text, localeSuffixes("de_AT.UTF-8@euro"));
+        EXPECT_EQ(entry ? entry->name + "|" + entry->icon + "|" + entry->program + "|" + entry->startupWmClass
+                        : "",
+                  description)
+            << text;
     }
 }
 
@@ -57,7 +55,6 @@ TEST(DesktopEntries, FindsTheFirstGoodFileAndSeesChanges) {
     EXPECT_EQ(entries.withId("sub-deep")->name, "Deep");
     EXPECT_FALSE(entries.withProgram("two")) << "two applications start it";
     EXPECT_FALSE(entries.withStartupWmClass("New"));
-
     write("data/applications/sub/new.desktop", "Name=New\nStartupWMClass=New\n");
     ASSERT_TRUE(entries.withStartupWmClass("New"));
     EXPECT_EQ(entries.withStartupWmClass("New")->id, "sub-new");

@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "linux/x11/X11Session.h"
 #include "platform/linux/x11/X11EventMonitor.h"
@@ -25,7 +24,7 @@ protected:
     Subscription subscription_;
 };
 
-TEST_F(X11EventMonitorTest, ToleratesReleasesWithoutPressAndModifiersHeldBefore) {
+TEST_F(X11EventMonitorTest, ToleratesWhatItHasNotSeenAndWhatXdotoolSends) {
     session_.user.press(leftShift);
     observe();
     session_.user.release(leftControl);
@@ -36,22 +35,19 @@ TEST_F(X11EventMonitorTest, ToleratesReleasesWithoutPressAndModifiersHeldBefore)
     session_.user.release(leftShift);
     ASSERT_TRUE(waitForCount(3));
     EXPECT_THAT(flags_, testing::ElementsAre(0x60103, 0x20102, 0x100));
-}
 
-TEST_F(X11EventMonitorTest, SurvivesWhatXdotoolSends) {
-    observe();
     ASSERT_EQ(QProcess::execute("xdotool", {"key", "ctrl+shift+a"}), 0);
     session_.user.press(leftControl); // Comes after all of it.
-    ASSERT_TRUE(waitUntil([&] { return !flags_.empty() && flags_.back() == 0x40101; }));
+    ASSERT_TRUE(waitUntil([&] { return flags_.back() == 0x40101; }));
     session_.user.release(leftControl);
     ASSERT_TRUE(waitUntil([&] { return flags_.back() == 0x100; }));
 }
 
 TEST_F(X11EventMonitorTest, FollowsTheKeyboardMap) {
     observe();
-    ASSERT_EQ(QProcess::execute("setxkbmap", {"-rules", "evdev", "-model", "pc105", "-layout", "us,ru",
-                                              "-option", "ctrl:swapcaps"}),
-              0);
+    const QStringList swapped{"-rules",  "evdev", "-model",  "pc105",
+                              "-layout", "us,ru", "-option", "ctrl:swapcaps"};
+    ASSERT_EQ(QProcess::execute("setxkbmap", swapped), 0);
     session_.user.press(capsLock);
     session_.user.release(capsLock);
     ASSERT_TRUE(waitForCount(2));

@@ -5,13 +5,13 @@
 #include <string>
 #include <utility>
 
-#include "linux/support/ScratchFolders.h"
 #include "linux/support/TestWindow.h"
-#include "linux/support/WaitUntil.h"
-#include "linux/support/XClient.h"
-#include "linux/support/XServer.h"
 #include "platform/linux/x11/X11Workspace.h"
 #include "platform/linux/x11/XcbReply.h"
+#include "virtual-desktop/ScratchFolders.h"
+#include "virtual-desktop/WaitUntil.h"
+#include "virtual-desktop/XClient.h"
+#include "virtual-desktop/XServer.h"
 
 namespace quorvane {
 

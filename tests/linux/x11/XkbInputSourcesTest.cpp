@@ -1,23 +1,19 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <QProcess>
 
 #include "contracts/TextInputSourcesContract.h"
-#include "linux/support/WaitUntil.h"
-#include "linux/support/XServer.h"
 #include "platform/linux/x11/XkbInputSources.h"
+#include "virtual-desktop/WaitUntil.h"
+#include "virtual-desktop/XServer.h"
 
 namespace quorvane {
 namespace {
-
-using testing::ElementsAre;
 
 XkbLayout layout(const char* name, const char* variant = "") {
     return {name, variant};
 }
 
 TEST(XkbLayouts, AreWhatTheMapSaysAndNotWhatSomebodyDeclared) {
+    // clang-format off
     const struct {
         const char* what;
         XkbMapDescription map;
@@ -33,123 +29,107 @@ TEST(XkbLayouts, AreWhatTheMapSaysAndNotWhatSomebodyDeclared) {
         {"the variant is another one", {1, "pc+de(neo)+inet(evdev)", "de", "", {}}, {layout("de", "neo")}},
         {"nothing declared", {2, "pc+us+il:2", "", "", {}}, {layout("us"), layout("il")}},
         {"with a bar for a plus", {1, "pc|us|inet(evdev)", "", "", {}}, {layout("us")}},
-        {"a map without symbols' names",
-         {2, "", "", "", {"English", "Mine"}},
-         {layout("English"), layout("Mine")}},
+        {"without symbols' names", {2, "", "", "", {"English", "Mine"}}, {layout("English"), layout("Mine")}},
         {"nothing at all", {2, "", "us,ru", ",", {}}, {layout(""), layout("")}},
         {"no groups", {0, "pc+us", "us", "", {"English"}}, {}},
         {"malformed", {1, "((:(+:+", ",,,", "x", {"Name"}}, {layout("Name")}},
     };
+    // clang-format on
     for (const auto& expected : cases)
         EXPECT_EQ(layoutsOfGroups(expected.map), expected.layouts) << expected.what;
     EXPECT_EQ(layout("ru", "phonetic").id(), "xkb:ru:phonetic");
 }
 
-/// The layouts of a new X server.
-class XkbServer {
-public:
-    XkbServer() { setLayouts("us,ru,de", ",,neo"); }
+bool setLayouts(const QString& layouts, const QString& variants) {
+    return QProcess::execute("setxkbmap", {"-rules", "evdev", "-model", "pc105", "-layout", layouts,
+                                           "-variant", variants, "-option", ""}) == 0;
+}
 
-    void setLayouts(const QString& layouts, const QString& variants) {
-        const auto status = QProcess::execute("setxkbmap", {"-rules", "evdev", "-model", "pc105", "-layout",
-                                                            layouts, "-variant", variants, "-option", ""});
-        ASSERT_EQ(status, 0);
-    }
-
-private:
-    XServer server_;
+/// The program's view of a new X server, and that of its user.
+struct XkbSession {
+    XServer server;
+    bool hasLayouts = setLayouts("us,ru,de", ",,neo");
+    std::unique_ptr<XConnection> x = XConnection::open(), userX = XConnection::open();
+    XkbKeyboard user{*userX};
+    std::vector<std::string> drawn;
+    XkbInputSources sources{*x, [this](const std::string& letters) {
+                                drawn.push_back(letters);
+                                return nullptr;
+                            }};
 };
 
 class XkbBench : public TextInputSourcesBench {
 public:
-    TextInputSources& sources() override { return sources_; }
+    TextInputSources& sources() override { return session_.sources; }
     bool waitUntil(const std::function<bool()>& condition) override { return quorvane::waitUntil(condition); }
     int changesTold() const override { return changes_; }
-    void selectFromOutside(const std::string& id) override { user_.lockGroup(place(id)); }
+    void selectFromOutside(const std::string& id) override { session_.user.lockGroup(unsigned(place(id))); }
     void disable(const std::string& id) override {
         const auto gone = place(id);
         layouts_.removeAt(gone);
         variants_.removeAt(gone);
-        server_.setLayouts(layouts_.join(','), variants_.join(','));
+        EXPECT_TRUE(setLayouts(layouts_.join(','), variants_.join(',')));
     }
-
-    XkbServer server_;
 
 private:
-    unsigned place(const std::string& id) const {
-        const auto name = QString::fromStdString(id).split(':').at(1);
-        return static_cast<unsigned>(layouts_.indexOf(name));
+    qsizetype place(const std::string& id) const {
+        return layouts_.indexOf(QString::fromStdString(id).split(':').at(1));
     }
 
-    QStringList layouts_{"us", "ru", "de"};
-    QStringList variants_{"", "", "neo"};
-    std::unique_ptr<XConnection> x_ = XConnection::open();
-    std::unique_ptr<XConnection> userX_ = XConnection::open();
-    XkbKeyboard user_{*userX_};
-    XkbInputSources sources_{*x_, [](const std::string&) { return nullptr; }};
+    QStringList layouts_{"us", "ru", "de"}, variants_{"", "", "neo"};
+    XkbSession session_;
     int changes_ = 0;
-    Subscription counting_ = sources_.selectionChanged.connect([this] { ++changes_; });
+    Subscription counting_ = session_.sources.selectionChanged.connect([this] { ++changes_; });
 };
 
 INSTANTIATE_TEST_SUITE_P(Xkb, TextInputSourcesContract,
                          testing::Values([] { return std::make_unique<XkbBench>(); }));
 
-class XkbInputSourcesTest : public testing::Test {
+class XkbInputSourcesTest : public testing::Test, protected XkbSession {
 protected:
-    std::vector<std::string> ids() const {
-        std::vector<std::string> ids;
-        for (const auto& source : sources_.createInputSourceList())
-            ids.push_back(source.id);
-        return ids;
-    }
     bool waitForIds(const std::vector<std::string>& wanted) {
-        return waitUntil([&] { return ids() == wanted; });
+        return waitUntil([&] {
+            std::vector<std::string> ids;
+            for (const auto& source : sources.createInputSourceList())
+                ids.push_back(source.id);
+            return ids == wanted;
+        });
     }
     /// What the server itself says.
     bool waitForGroup(unsigned group) {
         return waitUntil([&] {
-            user_.readGroup();
-            return user_.effectiveGroup() == group;
+            user.readGroup();
+            return user.effectiveGroup() == group;
         });
     }
-
-    XkbServer server_;
-    std::unique_ptr<XConnection> x_ = XConnection::open();
-    std::unique_ptr<XConnection> userX_ = XConnection::open();
-    XkbKeyboard user_{*userX_};
-    std::vector<std::string> drawn_;
-    XkbInputSources sources_{*x_, [this](const std::string& letters) {
-                                 drawn_.push_back(letters);
-                                 return nullptr;
-                             }};
 };
 
 TEST_F(XkbInputSourcesTest, TheSelectedLayoutKeepsItsSelectionInAnotherList) {
-    ASSERT_TRUE(sources_.selectInputSource({.id = "xkb:de:neo"}));
+    ASSERT_TRUE(sources.selectInputSource({.id = "xkb:de:neo"}));
     ASSERT_TRUE(waitForGroup(2));
-    server_.setLayouts("fr,de", ",neo"); // the server keeps the third group locked, which is none
+    ASSERT_TRUE(setLayouts("fr,de", ",neo")); // the server keeps the third group locked, which is none
     ASSERT_TRUE(waitForIds({"xkb:fr", "xkb:de:neo"}));
     EXPECT_TRUE(waitForGroup(1));
-    server_.setLayouts("us,ru,fr", ",,");
+    ASSERT_TRUE(setLayouts("us,ru,fr", ",,"));
     ASSERT_TRUE(waitForIds({"xkb:us", "xkb:ru", "xkb:fr"}));
     EXPECT_TRUE(waitForGroup(1)) << "gone from the list: the server's choice stands";
-    EXPECT_EQ(sources_.copyCurrentKeyboardInputSource()->id, "xkb:ru");
+    EXPECT_EQ(sources.copyCurrentKeyboardInputSource()->id, "xkb:ru");
 }
 
 TEST_F(XkbInputSourcesTest, AMapLoadedPastTheDeclaredLayoutsIsSeenForWhatItIs) {
     EXPECT_EQ(QProcess::execute("sh", {"-c", "setxkbmap -layout fr -print | xkbcomp -w0 - $DISPLAY"}), 0);
     EXPECT_TRUE(waitForIds({"xkb:fr"}));
-    server_.setLayouts("us,ru,de,fr,gr", ",,,,");
+    ASSERT_TRUE(setLayouts("us,ru,de,fr,gr", ",,,,"));
     EXPECT_TRUE(waitForIds({"xkb:us", "xkb:ru", "xkb:de", "xkb:fr"})) << "four is all that a server can hold";
 }
 
 TEST_F(XkbInputSourcesTest, NamesAndLettersComeFromTheLayoutDatabase) {
-    EXPECT_EQ(sources_.localizedName({.id = "xkb:us"}), "English (US)");
-    EXPECT_EQ(sources_.localizedName({.id = "xkb:de:neo"}), "German (Neo 2)");
-    EXPECT_EQ(sources_.localizedName({.id = "xkb:gone"}), "xkb:gone");
+    EXPECT_EQ(sources.localizedName({.id = "xkb:us"}), "English (US)");
+    EXPECT_EQ(sources.localizedName({.id = "xkb:de:neo"}), "German (Neo 2)");
+    EXPECT_EQ(sources.localizedName({.id = "xkb:gone"}), "xkb:gone");
     for (const auto* id : {"xkb:us", "xkb:ru", "xkb:de:neo", "xkb:gone"})
-        sources_.iconOfReference({.id = id});
-    EXPECT_THAT(drawn_, ElementsAre("EN", "RU", "DE"));
+        sources.iconOfReference({.id = id});
+    EXPECT_THAT(drawn, testing::ElementsAre("EN", "RU", "DE"));
 }
 
 } // namespace

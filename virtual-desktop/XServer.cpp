@@ -1,4 +1,4 @@
-#include "linux/support/XServer.h"
+#include "virtual-desktop/XServer.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -6,40 +6,20 @@
 
 #include <QElapsedTimer>
 
-#include "linux/support/WaitUntil.h"
-#include "linux/support/XClient.h"
+#include "virtual-desktop/WaitUntil.h"
+#include "virtual-desktop/XClient.h"
 
 namespace quorvane {
 
-namespace {
-
-void terminate(QProcess& process) {
-    if (process.state() == QProcess::NotRunning) return;
-    process.terminate();
-    if (!process.waitForFinished(10000)) process.kill();
-    process.waitForFinished();
-}
-
-/// Starts the program and returns its first line.
-QByteArray firstLine(QProcess& process, const QString& program, const QStringList& arguments) {
-    process.setStandardErrorFile(QProcess::nullDevice());
-    process.start(program, arguments);
-    QByteArray line;
-    waitUntil([&] { return (line += process.readAllStandardOutput()).endsWith('\n'); });
-    if (!line.endsWith('\n')) throw std::runtime_error("does not start: " + program.toStdString());
-    return line.trimmed();
-}
-
-} // namespace
-
-XServer::XServer() {
+XServer::XServer(const QString& layouts) {
+    process_.setStandardErrorFile(QProcess::nullDevice());
     const QStringList arguments{"-displayfd",  "1",         "-screen", "0",
                                 "1600x900x24", "-nolisten", "tcp",     "-noreset"};
-    qputenv("DISPLAY", ":" + firstLine(process_, "Xvfb", arguments));
-}
-
-void XServer::end() {
-    terminate(process_);
+    qputenv("DISPLAY", ":" + process_.startAndReadLine("Xvfb", arguments));
+    if (layouts.isEmpty()) return;
+    const auto status =
+        QProcess::execute("setxkbmap", {"-rules", "evdev", "-model", "pc105", "-layout", layouts});
+    if (status != 0) throw std::runtime_error("setxkbmap fails");
 }
 
 WindowManager::WindowManager(const QString& program) {
@@ -50,9 +30,7 @@ WindowManager::WindowManager(const QString& program) {
         arguments = {"--compositor=off"};
         // Its settings daemon would write them after everything has ended and the home is gone.
         environment.insert("XDG_CONFIG_HOME", "/dev/null");
-        bus_.setProcessEnvironment(environment);
-        environment.insert("DBUS_SESSION_BUS_ADDRESS",
-                           firstLine(bus_, "dbus-daemon", {"--session", "--nofork", "--print-address=1"}));
+        bus_.emplace(&environment);
     }
     process_.setProcessEnvironment(environment);
     process_.setStandardErrorFile(QProcess::nullDevice());
@@ -73,11 +51,6 @@ WindowManager::WindowManager(const QString& program) {
     if (!isReady) throw std::runtime_error("no window manager: " + program.toStdString());
     client.destroy(probe);
     waitUntil([&] { return !std::ranges::count(client.values(client.root(), "_NET_CLIENT_LIST"), probe); });
-}
-
-void WindowManager::end() {
-    terminate(process_);
-    terminate(bus_);
 }
 
 } // namespace quorvane

@@ -1,19 +1,21 @@
 #pragma once
 
-#include <QProcess>
+#include <optional>
+
+#include "virtual-desktop/SessionBus.h"
 
 namespace quorvane {
 
 /// A virtual X server on a free display, which becomes this process's DISPLAY. Ends with this object.
 class XServer {
 public:
-    XServer();
-    ~XServer() { end(); }
+    /// With these keyboard layouts, separated by commas; with its own one when there are none.
+    explicit XServer(const QString& layouts = {});
 
-    void end();
+    void end() { process_.end(); }
 
 private:
-    QProcess process_;
+    ChildProcess process_;
 };
 
 /// A window manager ("openbox", "xfwm4") on the current display; ready when the constructor returns. Ends
@@ -21,13 +23,12 @@ private:
 class WindowManager {
 public:
     explicit WindowManager(const QString& program);
-    ~WindowManager() { end(); }
 
-    void end();
+    void end() { process_.end(); }
 
 private:
-    QProcess bus_; ///< xfwm4 does not start without one.
-    QProcess process_;
+    std::optional<SessionBus> bus_; ///< xfwm4 does not start without one.
+    ChildProcess process_;
 };
 
 } // namespace quorvane

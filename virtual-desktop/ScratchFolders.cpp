@@ -1,10 +1,10 @@
-#include "linux/support/ScratchFolders.h"
+#include "virtual-desktop/ScratchFolders.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
-#include "linux/support/WaitUntil.h"
+#include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
 
@@ -29,7 +29,7 @@ ScratchFolders::~ScratchFolders() {
 }
 
 QString ScratchFolders::write(const QString& relativePath, const QByteArray& contents) const {
-    const auto path = folder_.filePath(relativePath);
+    auto path = folder_.filePath(relativePath);
     QDir().mkpath(QFileInfo(path).path());
     QFile file(path);
     file.open(QFile::WriteOnly);

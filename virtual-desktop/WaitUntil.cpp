@@ -1,4 +1,4 @@
-#include "linux/support/WaitUntil.h"
+#include "virtual-desktop/WaitUntil.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>

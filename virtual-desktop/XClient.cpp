@@ -1,4 +1,4 @@
-#include "linux/support/XClient.h"
+#include "virtual-desktop/XClient.h"
 
 #include <stdexcept>
 
@@ -6,11 +6,21 @@
 
 #include "platform/linux/x11/XProperties.h"
 #include "platform/linux/x11/XcbReply.h"
+#include "platform/linux/x11/XcbXkb.h"
 
 namespace quorvane {
 
 XClient::XClient() : x_(XConnection::open()) {
     if (!x_) throw std::runtime_error("no X server");
+    const XcbReply<xcb_xkb_use_extension_reply_t> use(
+        xcb_xkb_use_extension_reply(xcb(), xcb_xkb_use_extension(xcb(), 1, 0), nullptr));
+}
+
+void XClient::pressTogether(const std::vector<std::uint8_t>& keycodes) {
+    for (const auto type : {XCB_KEY_PRESS, XCB_KEY_RELEASE}) {
+        for (const auto keycode : keycodes)
+            fake(std::uint8_t(type), keycode);
+    }
 }
 
 void XClient::moveTo(int x, int y) {
@@ -41,37 +51,63 @@ std::vector<std::uint32_t> XClient::values(xcb_window_t window, std::string_view
     return XProperty(*x_, window, property).values();
 }
 
+std::vector<std::string> XClient::texts(xcb_window_t window, std::string_view property) {
+    return XProperty(*x_, window, property).texts();
+}
+
 void XClient::setValues(xcb_window_t window, std::string_view property, std::vector<std::uint32_t> values) {
-    xcb_change_property(x_->xcb(), XCB_PROP_MODE_REPLACE, window, x_->atom(property), XCB_ATOM_CARDINAL, 32,
+    xcb_change_property(xcb(), XCB_PROP_MODE_REPLACE, window, x_->atom(property), XCB_ATOM_CARDINAL, 32,
                         static_cast<std::uint32_t>(values.size()), values.data());
-    sync();
+    deliver();
 }
 
 void XClient::setText(xcb_window_t window, std::string_view property, std::string_view type,
                       std::string_view text) {
-    xcb_change_property(x_->xcb(), XCB_PROP_MODE_REPLACE, window, x_->atom(property), x_->atom(type), 8,
+    xcb_change_property(xcb(), XCB_PROP_MODE_REPLACE, window, x_->atom(property), x_->atom(type), 8,
                         static_cast<std::uint32_t>(text.size()), text.data());
-    sync();
+    deliver();
+}
+
+xcb_window_t XClient::create(const xcb_rectangle_t& place, bool isPopUp) {
+    const auto window = xcb_generate_id(xcb());
+    const std::uint32_t overrideRedirect = isPopUp;
+    xcb_create_window(xcb(), XCB_COPY_FROM_PARENT, window, root(), place.x, place.y, place.width,
+                      place.height, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+                      XCB_CW_OVERRIDE_REDIRECT, &overrideRedirect);
+    return window;
+}
+
+void XClient::map(xcb_window_t window) {
+    xcb_map_window(xcb(), window);
+    deliver();
+}
+
+void XClient::unmap(xcb_window_t window) {
+    xcb_unmap_window(xcb(), window);
+    deliver();
 }
 
 xcb_window_t XClient::show() {
-    const auto window = xcb_generate_id(x_->xcb());
-    xcb_create_window(x_->xcb(), XCB_COPY_FROM_PARENT, window, root(), 0, 0, 20, 20, 0,
-                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
-    xcb_map_window(x_->xcb(), window);
-    sync();
+    const auto window = create({0, 0, 20, 20});
+    map(window);
     return window;
 }
 
 void XClient::destroy(xcb_window_t window) {
-    xcb_destroy_window(x_->xcb(), window);
-    sync();
+    xcb_destroy_window(xcb(), window);
+    deliver();
+}
+
+unsigned XClient::currentGroup() {
+    const XcbReply<xcb_xkb_get_state_reply_t> state(
+        xcb_xkb_get_state_reply(xcb(), xcb_xkb_get_state(xcb(), XCB_XKB_ID_USE_CORE_KBD), nullptr));
+    return state ? state->group : 0;
 }
 
 void XClient::fake(std::uint8_t type, std::uint8_t detail, int x, int y) {
-    xcb_test_fake_input(x_->xcb(), type, detail, XCB_CURRENT_TIME, root(), static_cast<std::int16_t>(x),
+    xcb_test_fake_input(xcb(), type, detail, XCB_CURRENT_TIME, root(), static_cast<std::int16_t>(x),
                         static_cast<std::int16_t>(y), 0);
-    sync();
+    deliver();
 }
 
 void XClient::tellManager(xcb_window_t window, std::string_view message, std::uint32_t first,
@@ -83,15 +119,15 @@ void XClient::tellManager(xcb_window_t window, std::string_view message, std::ui
     event.type = x_->atom(message);
     event.data.data32[0] = first;
     event.data.data32[1] = second;
-    xcb_send_event(x_->xcb(), 0, root(),
+    xcb_send_event(xcb(), 0, root(),
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char*>(&event));
-    sync();
+    deliver();
 }
 
-void XClient::sync() {
+void XClient::deliver() {
     XcbReply<xcb_get_input_focus_reply_t>(
-        xcb_get_input_focus_reply(x_->xcb(), xcb_get_input_focus(x_->xcb()), nullptr));
+        xcb_get_input_focus_reply(xcb(), xcb_get_input_focus(xcb()), nullptr));
 }
 
 } // namespace quorvane
