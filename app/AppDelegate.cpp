@@ -91,9 +91,8 @@ void AppDelegate::observeDistributedNotifications() {
             inputChangeWatch_.inputSourceChanged(notification);
         }));
     subscriptions_.push_back(desktop_.distributedNotifications.addObserver(
-        windowAdjustedNotification, [this](const DistributedNotification& notification) {
-            indicator_.windowAdjusted(notification);
-        }));
+        windowAdjustedNotification,
+        [this](const DistributedNotification& notification) { indicator_.windowAdjusted(notification); }));
 }
 
 void AppDelegate::observeLaunchers() {
@@ -122,9 +121,8 @@ void AppDelegate::openPreferences() {
 
 void AppDelegate::showPreferences() {
     if (!preferences_) {
-        preferences_ =
-            std::make_unique<AppPrefsWindowController>(desktop_.interfaceFiles, preferencesNibName,
-                                                       [this](std::string_view id) { changeInputTo(id); });
+        preferences_ = std::make_unique<AppPrefsWindowController>(
+            desktop_.interfaceFiles, preferencesNibName, [this](std::string_view id) { changeInputTo(id); });
     }
     auto* window = preferences_->window();
     if (!window) return; // activating with nothing to show would only take the focus away from the user

@@ -24,8 +24,8 @@ Point indicatorOrigin(const PropertyList& followedBounds, const Rect& mainScreen
     const auto x =
         std::min(number("X") + number("Width") - distanceFromWindowEdge, static_cast<double>(screenLimit));
     // The deepest screen turns top-left into bottom-left coordinates; the main one is added and taken away.
-    const auto y = mainScreen.height - number("Y") - mainScreen.height + deepestScreen.height -
-                   distanceFromWindowEdge;
+    const auto y =
+        mainScreen.height - number("Y") - mainScreen.height + deepestScreen.height - distanceFromWindowEdge;
     return {x, y};
 }
 

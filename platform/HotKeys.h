@@ -21,8 +21,8 @@ public:
     virtual ~HotKeys() = default;
 
     /// From now on the combination reaches no other program, and the handler is called from the run loop:
-    /// once a press, however long the key is held, with Caps Lock on or off. None when it is refused: somebody
-    /// has it already, this program included, or there is no such key.
+    /// once a press, however long the key is held, with Caps Lock on or off. None when it is refused:
+    /// somebody has it already, this program included, or there is no such key.
     virtual std::optional<Subscription> registerHotKey(const KeyCombination& combination,
                                                        std::function<void()> pressed) = 0;
 };

@@ -30,8 +30,8 @@ public:
         , indicator_(indicator)
         , screenChangeDelay_(screenChangeDelay) {}
 
-    /// An application came to the front, or was unhidden there, which closes every launcher. One without a bundle identifier equals no
-    /// other, not even itself.
+    /// An application came to the front, or was unhidden there, which closes every launcher. One without a
+    /// bundle identifier equals no other, not even itself.
     void appChanged(const RunningApplication& application);
 
     /// Decides for the application that is the last one by now: it may be another than when the wait began.

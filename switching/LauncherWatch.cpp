@@ -140,8 +140,8 @@ void LauncherWatch::checkIfOpenning(Launcher& launcher) {
 void LauncherWatch::openIfOnScreen(Launcher& launcher) {
     if (!isOnScreen(launcher) || launcher.isOpen) return;
     const auto frontmost = workspace_.frontmostApplication();
-    appChangeHandler_.setLastBundleIDIfNone(
-        frontmost ? frontmost->bundleIdentifier.value_or(std::string()) : std::string());
+    appChangeHandler_.setLastBundleIDIfNone(frontmost ? frontmost->bundleIdentifier.value_or(std::string())
+                                                      : std::string());
     launcher.isOpen = true;
     decision_.decide(launcher.bundleIdentifier);
     launcher.stillOpen.restart();

@@ -4,9 +4,9 @@
 
 #include <xcb/xtest.h>
 
+#include "platform/linux/keyboard/XcbXkb.h"
 #include "platform/linux/x11/XProperties.h"
 #include "platform/linux/x11/XcbReply.h"
-#include "platform/linux/x11/XcbXkb.h"
 
 namespace quorvane {
 

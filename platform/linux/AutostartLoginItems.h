@@ -10,8 +10,8 @@ namespace quorvane {
 /// Login items as XDG autostart entries: one file in the user's autostart folder, named after the login item.
 ///
 /// Desktops let the user switch an entry off by writing `Hidden=true` or `X-GNOME-Autostart-enabled=false`
-/// into it. That is the user's own word: an entry that is enabled again keeps such lines, and only its command
-/// is brought up to date, since the program may have moved. Disabling removes the file.
+/// into it. That is the user's own word: an entry that is enabled again keeps such lines, and only its
+/// command is brought up to date, since the program may have moved. Disabling removes the file.
 class AutostartLoginItems : public LoginItems {
 public:
     /// The user's autostart folder, and the program that an entry starts, as an absolute path.

@@ -6,9 +6,9 @@
 #include <QPixmapCache>
 
 #include "app/AppDelegate.h"
+#include "platform/linux/LaunchArguments.h"
 #include "platform/linux/LinuxDesktop.h"
 #include "platform/linux/Log.h"
-#include "platform/linux/LaunchArguments.h"
 #include "platform/linux/UnixSignals.h"
 #include "platform/linux/qt/TemplateIcon.h"
 #include "platform/linux/x11/SingleInstance.h"
@@ -59,7 +59,8 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Quorvane"));
     QApplication::setWindowIcon(quorvane::iconOfTemplate(quorvane::QtImages().imageNamed("menuBarIcon")));
     QApplication::setQuitOnLastWindowClosed(false);
-    // Its timer would wake an idle program half a minute after a picture was drawn, to throw a few pixels away.
+    // Its timer would wake an idle program half a minute after a picture was drawn, to throw a few pixels
+    // away.
     QPixmapCache::setCacheLimit(0);
 
     const auto x = quorvane::XConnection::open();

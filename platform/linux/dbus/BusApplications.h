@@ -8,7 +8,7 @@
 #include <QObject>
 
 #include "platform/Signal.h"
-#include "platform/linux/x11/BackgroundApplications.h"
+#include "platform/linux/applications/BackgroundApplications.h"
 
 class QDBusMessage;
 

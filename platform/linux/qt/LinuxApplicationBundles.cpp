@@ -5,8 +5,8 @@
 #include <QIcon>
 #include <QLocale>
 
+#include "platform/linux/applications/LauncherTable.h"
 #include "platform/linux/qt/QtImage.h"
-#include "platform/linux/x11/LauncherTable.h"
 
 namespace quorvane {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/ApplicationBundles.h"
-#include "platform/linux/x11/DesktopEntries.h"
+#include "platform/linux/applications/DesktopEntries.h"
 
 namespace quorvane {
 

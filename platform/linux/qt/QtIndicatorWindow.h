@@ -4,8 +4,8 @@
 #include <QTimer>
 
 #include "platform/Window.h"
-#include "platform/linux/x11/PictureWindow.h"
-#include "platform/linux/x11/X11Screens.h"
+#include "platform/linux/windows/PictureWindow.h"
+#include "platform/linux/windows/X11Screens.h"
 
 namespace quorvane {
 

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "platform/InterfaceFiles.h"
-#include "platform/linux/x11/X11Screens.h"
+#include "platform/linux/windows/X11Screens.h"
 #include "platform/linux/x11/XConnection.h"
 
 namespace quorvane {

@@ -6,7 +6,7 @@
 
 #include "linux/program/ProgramSession.h"
 #include "linux/support/TestWindow.h"
-#include "platform/linux/x11/StackedWindow.h"
+#include "platform/linux/windows/StackedWindow.h"
 #include "settings/InputShortcut.h"
 #include "settings/Keys.h"
 #include "virtual-desktop/WaitUntil.h"

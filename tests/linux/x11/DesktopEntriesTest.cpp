@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "platform/linux/applications/DesktopEntries.h"
 #include "platform/linux/x11/CompoundText.h"
-#include "platform/linux/x11/DesktopEntries.h"
 #include "virtual-desktop/ScratchFolders.h"
 
 namespace quorvane {

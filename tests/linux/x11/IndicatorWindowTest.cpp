@@ -8,13 +8,13 @@
 #include <xcb/xfixes.h>
 
 #include "linux/x11/X11Session.h"
+#include "platform/linux/keyboard/X11EventMonitor.h"
 #include "platform/linux/qt/QtImage.h"
 #include "platform/linux/qt/QtIndicatorWindow.h"
-#include "platform/linux/x11/StackedWindow.h"
-#include "platform/linux/x11/X11Cursor.h"
-#include "platform/linux/x11/X11EventMonitor.h"
-#include "platform/linux/x11/X11FrontWindow.h"
-#include "platform/linux/x11/X11WindowList.h"
+#include "platform/linux/windows/StackedWindow.h"
+#include "platform/linux/windows/X11Cursor.h"
+#include "platform/linux/windows/X11FrontWindow.h"
+#include "platform/linux/windows/X11WindowList.h"
 
 namespace quorvane {
 namespace {

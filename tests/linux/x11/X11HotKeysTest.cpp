@@ -2,9 +2,9 @@
 
 #include "contracts/HotKeysContract.h"
 #include "linux/x11/X11Session.h"
-#include "platform/linux/x11/KeyCodes.h"
-#include "platform/linux/x11/X11HotKeys.h"
-#include "platform/linux/x11/XkbKeyboard.h"
+#include "platform/linux/keyboard/KeyCodes.h"
+#include "platform/linux/keyboard/X11HotKeys.h"
+#include "platform/linux/keyboard/XkbKeyboard.h"
 
 namespace quorvane {
 namespace {

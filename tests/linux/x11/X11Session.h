@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "linux/support/TestWindow.h"
-#include "platform/linux/x11/X11Workspace.h"
+#include "platform/linux/applications/X11Workspace.h"
 #include "platform/linux/x11/XcbReply.h"
 #include "virtual-desktop/ScratchFolders.h"
 #include "virtual-desktop/WaitUntil.h"

@@ -1,0 +1,154 @@
+#include "platform/linux/applications/ApplicationIdentities.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include <unistd.h>
+
+#include "platform/linux/applications/ProcessFacts.h"
+#include "platform/linux/x11/XcbReply.h"
+
+namespace quorvane {
+
+namespace {
+
+constexpr std::uint32_t windowEvents =
+    XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_FOCUS_CHANGE;
+constexpr std::array identifyingProperties = {"WM_CLASS", "_GTK_APPLICATION_ID", "_KDE_NET_WM_DESKTOP_FILE"};
+
+/// Programs that run other programs: they do not tell which application it is.
+bool isInterpreter(std::string_view program) {
+    constexpr std::array names = {"bash", "dash", "electron", "flatpak", "gjs", "java", "mono",
+                                  "node", "perl", "python",   "ruby",    "sh",  "wine"};
+    return std::ranges::any_of(names, [&](std::string_view name) {
+        if (!program.starts_with(name)) return false;
+        return program.find_first_not_of("0123456789.-", name.size()) == std::string_view::npos;
+    });
+}
+
+std::string withoutPathAndSuffix(std::string file) {
+    file.erase(0, file.rfind('/') + 1);
+    constexpr std::string_view suffix = ".desktop";
+    if (file.ends_with(suffix)) file.resize(file.size() - suffix.size());
+    return file;
+}
+
+std::string firstNotEmpty(std::initializer_list<std::string> texts) {
+    const auto* const found = std::ranges::find_if(texts, [](const auto& text) { return !text.empty(); });
+    return found == texts.end() ? std::string() : *found;
+}
+
+} // namespace
+
+ApplicationIdentities::ApplicationIdentities(XConnection& x, DesktopEntries& entries)
+    : x_(x)
+    , entries_(entries)
+    , events_(x.onEvent([this](const auto& event) { handle(event); })) {
+    x_.internAtoms(
+        {"WM_CLASS", "_GTK_APPLICATION_ID", "_KDE_NET_WM_DESKTOP_FILE", "_NET_WM_PID", "COMPOUND_TEXT"});
+}
+
+void ApplicationIdentities::learn(std::span<const xcb_window_t> windows) {
+    std::vector<xcb_window_t> unknown;
+    std::ranges::copy_if(windows, std::back_inserter(unknown), [this](auto window) {
+        return window != XCB_WINDOW_NONE && !owners_.contains(window);
+    });
+    // First ask for changes, then for the present state: nothing can happen unseen in between.
+    std::vector<xcb_void_cookie_t> selections;
+    selections.reserve(unknown.size());
+    for (const auto window : unknown) {
+        selections.push_back(
+            xcb_change_window_attributes_checked(x_.xcb(), window, XCB_CW_EVENT_MASK, &windowEvents));
+    }
+    const auto facts = factsOf(x_, unknown);
+    for (std::size_t i = 0; i < unknown.size(); ++i) {
+        // A window that vanished before the first request, and whose number was another's before the second,
+        // would be remembered for ever.
+        const XcbReply<xcb_generic_error_t> refusal(xcb_request_check(x_.xcb(), selections[i]));
+        if (facts[i] && !refusal) owners_[unknown[i]] = identify(*facts[i]);
+    }
+}
+
+const WindowOwner* ApplicationIdentities::ownerOf(xcb_window_t window) {
+    learn({&window, 1});
+    const auto owner = owners_.find(window);
+    return owner == owners_.end() ? nullptr : &owner->second;
+}
+
+bool ApplicationIdentities::isIdentifying(xcb_atom_t property) const {
+    return std::ranges::any_of(identifyingProperties,
+                               [&](const char* name) { return x_.atom(name) == property; });
+}
+
+void ApplicationIdentities::handle(const xcb_generic_event_t& event) {
+    switch (event.response_type & 0x7f) {
+    case XCB_DESTROY_NOTIFY:
+        // The server gives the number to a new window soon.
+        owners_.erase(reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window);
+        break;
+    case XCB_PROPERTY_NOTIFY: {
+        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        if (owners_.contains(change.window) && isIdentifying(change.atom)) owners_.erase(change.window);
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+WindowOwner ApplicationIdentities::identify(const WindowFacts& facts) {
+    WindowOwner owner;
+    owner.pid = facts.pid;
+    owner.isThisProcess = facts.pid == getpid();
+    owner.launcher = launcherOfClass(facts.wmClass);
+    if (owner.launcher) {
+        owner.id = owner.launcher->bundleIdentifier();
+        owner.name = owner.launcher->ownerName();
+        return owner;
+    }
+    const auto flatpakId = flatpakIdOf(facts.pid);
+    const auto program = executableNameOf(facts.pid);
+    if (const auto entry = installed(facts, flatpakId, program)) {
+        owner.id = entry->id;
+        owner.name = entry->name;
+        return owner;
+    }
+    owner.id =
+        firstNotEmpty({facts.gtkApplicationId, withoutPathAndSuffix(facts.kdeDesktopFile), flatpakId,
+                       facts.wmClass, facts.wmInstance, idOfSameProcess(facts.pid), program, "unknown"});
+    owner.name = firstNotEmpty({facts.wmClass, program, owner.id});
+    return owner;
+}
+
+DesktopEntryRef ApplicationIdentities::installed(const WindowFacts& facts, const std::string& flatpakId,
+                                                 const std::string& program) {
+    for (const auto& id : {facts.gtkApplicationId, withoutPathAndSuffix(facts.kdeDesktopFile), flatpakId,
+                           snapIdOf(facts.pid)}) {
+        if (id.empty()) continue;
+        if (auto entry = entries_.withId(id)) return entry;
+    }
+    for (const auto& wmName : {facts.wmClass, facts.wmInstance}) {
+        if (auto entry = entries_.withStartupWmClass(wmName)) return entry;
+    }
+    for (const auto& wmName : {facts.wmClass, facts.wmInstance}) {
+        if (auto entry = installedFor(wmName)) return entry;
+    }
+    if (isInterpreter(program)) return nullptr;
+    if (auto entry = entries_.withProgram(program)) return entry;
+    return installedFor(program);
+}
+
+DesktopEntryRef ApplicationIdentities::installedFor(const std::string& wmName) {
+    if (wmName.empty()) return nullptr;
+    if (auto entry = entries_.withId(wmName)) return entry;
+    return entries_.withIdLike(wmName);
+}
+
+std::string ApplicationIdentities::idOfSameProcess(int pid) const {
+    const auto owner =
+        std::ranges::find_if(owners_, [&](const auto& each) { return pid != 0 && each.second.pid == pid; });
+    return owner == owners_.end() ? std::string() : owner->second.id;
+}
+
+} // namespace quorvane

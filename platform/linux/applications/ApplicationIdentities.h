@@ -1,0 +1,76 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <unordered_map>
+
+#include "platform/linux/applications/DesktopEntries.h"
+#include "platform/linux/applications/LauncherTable.h"
+#include "platform/linux/applications/WindowFacts.h"
+#include "platform/linux/x11/XConnection.h"
+
+namespace quorvane {
+
+/// The application a window belongs to.
+struct WindowOwner {
+    std::string id;   ///< A desktop-file id where there is one, see below. Never empty.
+    std::string name; ///< In the user's language.
+    int pid = 0;      ///< 0 when the server does not tell.
+    bool isThisProcess = false;
+    const KnownLauncher* launcher = nullptr; ///< If it is one; id and name are the launcher's then.
+};
+
+/// Finds out which application a window belongs to.
+///
+/// Its id is the first of these that is the id of an installed desktop file:
+///   1. `_GTK_APPLICATION_ID`;
+///   2. `_KDE_NET_WM_DESKTOP_FILE`;
+///   3. the process's name inside Flatpak;
+///   4. the process's name inside Snap;
+///   5. the file whose StartupWMClass is the class, then the instance, of WM_CLASS;
+///   6. the file whose id is the class, then the instance: exactly, then without regard to case, then the
+///   last
+///      part of a reverse-DNS id;
+///   7. the file whose Exec starts the process's program, then the one whose id is that program's name,
+///   unless
+///      the program is an interpreter.
+/// Without a desktop file it is the first of these that is not empty: 1, 2, 3, the class, the instance, the
+/// id of another window of the same process, the program's name. These, too, are the same at every start.
+///
+/// What has been found is kept until the window is destroyed or says something else: whoever wants to know of
+/// that must register with the connection after this object was made.
+class ApplicationIdentities {
+public:
+    ApplicationIdentities(XConnection& x, DesktopEntries& entries);
+    ApplicationIdentities(const ApplicationIdentities&) = delete;
+    ApplicationIdentities& operator=(const ApplicationIdentities&) = delete;
+
+    /// What `ownerOf` needs to know of all these windows, in one round trip. From now on, the connection gets
+    /// their property, structure and focus events.
+    void learn(std::span<const xcb_window_t> windows);
+
+    /// Null for a window that has vanished. No round trip for a known window. The pointer is valid until
+    /// control returns to the event loop.
+    const WindowOwner* ownerOf(xcb_window_t window);
+
+    /// True if the property takes part in finding a window's application.
+    bool isIdentifying(xcb_atom_t property) const;
+
+    DesktopEntries& entries() { return entries_; }
+
+private:
+    void handle(const xcb_generic_event_t& event);
+    WindowOwner identify(const WindowFacts& facts);
+    DesktopEntryRef installed(const WindowFacts& facts, const std::string& flatpakId,
+                              const std::string& program);
+    DesktopEntryRef installedFor(const std::string& wmName);
+    std::string idOfSameProcess(int pid) const;
+
+    XConnection& x_;
+    DesktopEntries& entries_;
+    std::unordered_map<xcb_window_t, WindowOwner> owners_;
+    Subscription events_;
+};
+
+} // namespace quorvane

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <xcb/xproto.h>
+
+#include "platform/Workspace.h"
+#include "platform/linux/applications/ApplicationIdentities.h"
+
+namespace quorvane {
+
+/// The applications that have, or had, windows. One runs as long as a window of it exists or the process of
+/// its first window lives: a window manager that restarts, or a window that closes into the notification
+/// area, ends no application.
+class WindowedApplications {
+public:
+    /// True when the window's application was not running before.
+    bool add(xcb_window_t window, const WindowOwner& owner, bool isHidden);
+
+    /// The window has been destroyed.
+    void remove(xcb_window_t window);
+
+    /// The window turned out to belong to another application.
+    void disown(xcb_window_t window);
+
+    bool contains(xcb_window_t window) const;
+
+    /// True when all windows of the window's application were hidden until now.
+    bool setHidden(xcb_window_t window, bool isHidden);
+
+    std::optional<RunningApplication> applicationOf(xcb_window_t window) const;
+    std::optional<RunningApplication> withId(std::string_view id) const;
+    std::vector<RunningApplication> all() const;
+
+private:
+    struct Window {
+        xcb_window_t window;
+        std::string id;
+        int pid;
+        bool isHidden;
+    };
+    struct Application {
+        std::string id;
+        std::string name;
+        int pid; ///< Of its first window.
+    };
+
+    const Window* windowOf(std::string_view id) const;
+    const Application* find(std::string_view id) const;
+    bool isRunning(const Application& application) const;
+
+    std::vector<Window> windows_;           ///< In the order of their appearance.
+    std::vector<Application> applications_; ///< In the order of their launch.
+};
+
+} // namespace quorvane

@@ -1,0 +1,216 @@
+#include "platform/linux/applications/X11Workspace.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/linux/Log.h"
+#include "platform/linux/x11/XProperties.h"
+
+namespace quorvane {
+
+X11Workspace::X11Workspace(XConnection& x, ApplicationIdentities& identities, X11Launchers& launchers,
+                           BackgroundApplications* background)
+    : x_(x)
+    , identities_(identities)
+    , launchers_(launchers)
+    , background_(background)
+    , events_(x.onEvent([this](const auto& event) { handle(event); })) {
+    x_.internAtoms({"_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST", "_NET_SUPPORTING_WM_CHECK", "_NET_WM_STATE",
+                    "_NET_WM_STATE_HIDDEN"});
+    x_.selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
+    readStart(); // Nobody observes yet, so what is there already is not told as news.
+    if (background_) {
+        backgroundStarts_ = background_->onStart([this](auto id) { backgroundApplicationStarted(id); });
+    }
+}
+
+void X11Workspace::readStart() {
+    XProperty active(x_, x_.root(), "_NET_ACTIVE_WINDOW");
+    XProperty clients(x_, x_.root(), "_NET_CLIENT_LIST");
+    const auto manager = XProperty(x_, x_.root(), "_NET_SUPPORTING_WM_CHECK").values();
+    // A window manager that died leaves its properties behind, but not the window they point to.
+    const bool hasManager =
+        !manager.empty() && !XProperty(x_, manager.front(), "_NET_SUPPORTING_WM_CHECK").values().empty();
+    if (!hasManager) {
+        logLine("no window manager tells which window is active (EWMH); waiting for one");
+        return;
+    }
+    adopt(clients.values());
+    if (const auto windows = active.values(); !windows.empty()) activate(windows.front());
+}
+
+std::vector<RunningApplication> X11Workspace::runningApplications() const {
+    auto running = launchers_.running();
+    std::ranges::move(applications_.all(), std::back_inserter(running));
+    if (!background_) return running;
+    for (const auto& id : background_->ids()) {
+        // A session bus has many names that are no application.
+        if (!applications_.withId(id) && identities_.entries().withId(id)) {
+            running.push_back(backgroundApplication(id));
+        }
+    }
+    return running;
+}
+
+std::vector<RunningApplication>
+X11Workspace::runningApplicationsWithBundleIdentifier(std::string_view bundleIdentifier) const {
+    if (auto application = applications_.withId(bundleIdentifier)) return {std::move(*application)};
+    if (background_ && background_->isRunning(bundleIdentifier))
+        return {backgroundApplication(bundleIdentifier)};
+    return {};
+}
+
+std::optional<RunningApplication> X11Workspace::frontmostApplication() const {
+    return front_;
+}
+
+Subscription X11Workspace::addObserver(WorkspaceNotification notification,
+                                       std::function<void(const RunningApplication&)> handler) {
+    switch (notification) {
+    case WorkspaceNotification::didActivateApplication:
+        return activated_.connect(std::move(handler));
+    case WorkspaceNotification::didUnhideApplication:
+        return unhidden_.connect(std::move(handler));
+    case WorkspaceNotification::didLaunchApplication:
+        return launched_.connect(std::move(handler));
+    }
+    return {};
+}
+
+void X11Workspace::handle(const xcb_generic_event_t& event) {
+    switch (event.response_type & 0x7f) {
+    case XCB_PROPERTY_NOTIFY:
+        handleProperty(reinterpret_cast<const xcb_property_notify_event_t&>(event));
+        break;
+    case XCB_FOCUS_IN:
+    case XCB_FOCUS_OUT:
+        handleFocus(reinterpret_cast<const xcb_focus_in_event_t&>(event));
+        break;
+    case XCB_DESTROY_NOTIFY:
+        forget(reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window);
+        break;
+    default:
+        break;
+    }
+}
+
+void X11Workspace::handleProperty(const xcb_property_notify_event_t& change) {
+    if (change.window == x_.root()) {
+        if (change.atom == x_.atom("_NET_ACTIVE_WINDOW")) readActiveWindow();
+        // The list is empty while a window manager restarts: only its additions mean something.
+        if (change.atom == x_.atom("_NET_CLIENT_LIST"))
+            adopt(XProperty(x_, x_.root(), "_NET_CLIENT_LIST").values());
+    } else if (applications_.contains(change.window)) {
+        if (change.atom == x_.atom("_NET_WM_STATE")) readState(change.window);
+        if (identities_.isIdentifying(change.atom)) identifyAgain(change.window);
+    }
+}
+
+// A grab borrows the keyboard and gives it back; a focus that only follows the pointer is none; and one that
+// moves into the window is still there.
+void X11Workspace::handleFocus(const xcb_focus_in_event_t& change) {
+    const bool isGrab = change.mode == XCB_NOTIFY_MODE_GRAB || change.mode == XCB_NOTIFY_MODE_UNGRAB;
+    const bool isKnown = applications_.contains(change.event) || launchers_.contains(change.event);
+    if (isGrab || change.detail >= XCB_NOTIFY_DETAIL_POINTER || !isKnown) return;
+    if ((change.response_type & 0x7f) == XCB_FOCUS_IN) {
+        focusedWindow_ = change.event;
+        focusMovedTo(focusedWindow_);
+    } else if (change.event == focusedWindow_ && change.detail != XCB_NOTIFY_DETAIL_INFERIOR) {
+        focusedWindow_ = XCB_WINDOW_NONE;
+    }
+}
+
+// The property holds none for a moment at nearly every switch (openbox), a second value (xfwm4), or the same
+// window once more; and its window may be gone by now.
+void X11Workspace::readActiveWindow() {
+    const auto windows = XProperty(x_, x_.root(), "_NET_ACTIVE_WINDOW").values();
+    if (windows.empty() || windows.front() == XCB_WINDOW_NONE) return;
+    // The property lags behind the focus: in a quick succession it tells of a window that has lost it again.
+    if (focusedWindow_ != XCB_WINDOW_NONE) return;
+    focusMovedTo(windows.front());
+}
+
+// First who comes to the front, then who went: a launcher that closes because another application came to the
+// front must not have the source of the one before selected.
+void X11Workspace::focusMovedTo(xcb_window_t window) {
+    if (window != activeWindow_ && !launchers_.contains(window)) activate(window);
+    launchers_.focusMovedTo(window);
+}
+
+void X11Workspace::activate(xcb_window_t window) {
+    if (!applications_.contains(window)) adopt({&window, 1});
+    const auto application = applications_.applicationOf(window);
+    if (!application) return;
+    activeWindow_ = window;
+    front_ = application;
+    const bool isShownAgain = std::exchange(shownAgain_, {}) == application->bundleIdentifier;
+    activated_.emit(*application);
+    if (isShownAgain) unhidden_.emit(*application);
+}
+
+void X11Workspace::adopt(std::span<const xcb_window_t> windows) {
+    identities_.learn(windows);
+    std::vector<std::pair<xcb_window_t, XProperty>> states;
+    for (const auto window : windows) {
+        const auto* owner = applications_.contains(window) ? nullptr : identities_.ownerOf(window);
+        if (owner && owner->launcher) {
+            launchers_.add(window, *owner->launcher);
+        } else if (owner && !owner->isThisProcess) {
+            states.emplace_back(window, XProperty(x_, window, "_NET_WM_STATE"));
+        }
+    }
+    for (auto& [window, state] : states) {
+        const auto* owner = identities_.ownerOf(window);
+        if (!owner) continue;
+        const bool ranBefore = background_ && background_->isRunning(owner->id);
+        const bool isNew = applications_.add(window, *owner, isHidden(state.values()));
+        if (isNew && !ranBefore) launched_.emit(*applications_.applicationOf(window));
+    }
+}
+
+// Shown again means that every window of it was minimised. The application in front is the one the user types
+// in: for any other one nothing is posted until it comes to the front, because the program would select the
+// input source of an application that is not being typed in.
+void X11Workspace::readState(xcb_window_t window) {
+    if (!applications_.setHidden(window, isHidden(XProperty(x_, window, "_NET_WM_STATE").values()))) return;
+    const auto application = applications_.applicationOf(window);
+    if (front_ && front_->bundleIdentifier == application->bundleIdentifier) {
+        unhidden_.emit(*application);
+    } else {
+        shownAgain_ = *application->bundleIdentifier;
+    }
+}
+
+// Some programs give their window its class only after it was shown.
+void X11Workspace::identifyAgain(xcb_window_t window) {
+    const auto before = applications_.applicationOf(window);
+    const auto* owner = identities_.ownerOf(window);
+    if (!before || !owner || owner->id == before->bundleIdentifier) return;
+    applications_.disown(window);
+    adopt({&window, 1});
+    if (window == activeWindow_) activate(window);
+}
+
+void X11Workspace::forget(xcb_window_t window) {
+    applications_.remove(window);
+    // The server reuses the number soon.
+    if (window == activeWindow_) activeWindow_ = XCB_WINDOW_NONE;
+    if (window == focusedWindow_) focusedWindow_ = XCB_WINDOW_NONE;
+}
+
+bool X11Workspace::isHidden(const std::vector<std::uint32_t>& states) const {
+    return std::ranges::find(states, x_.atom("_NET_WM_STATE_HIDDEN")) != states.end();
+}
+
+RunningApplication X11Workspace::backgroundApplication(std::string_view id) const {
+    if (const auto* launcher = launcherOfDesktopId(id))
+        return {launcher->bundleIdentifier(), launcher->ownerName(), ActivationPolicy::accessory, 0};
+    const auto entry = identities_.entries().withId(id);
+    return {std::string(id), entry ? entry->name : std::string(id), ActivationPolicy::accessory, 0};
+}
+
+void X11Workspace::backgroundApplicationStarted(std::string_view id) {
+    if (!applications_.withId(id)) launched_.emit(backgroundApplication(id));
+}
+
+} // namespace quorvane

@@ -1,0 +1,140 @@
+#include "platform/linux/keyboard/XkbInputSources.h"
+
+#include <algorithm>
+#include <cctype>
+
+namespace quorvane {
+namespace {
+
+InputSource sourceOf(const XkbLayout& layout) {
+    return {.id = layout.id(), .hasIconReference = true};
+}
+
+/// The letters on a layout's icon: its language's, in capitals.
+std::string lettersOf(const std::string& brief) {
+    auto letters = brief.substr(0, 2);
+    std::ranges::transform(letters, letters.begin(),
+                           [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
+    return letters;
+}
+
+} // namespace
+
+XkbInputSources::XkbInputSources(XConnection& x, DrawIcon drawIcon)
+    : keyboard_(x)
+    , drawIcon_(std::move(drawIcon))
+    , selectedID_(idOfGroup(keyboard_.effectiveGroup()))
+    , toldID_(selectedID_)
+    , groupChanges_(keyboard_.groupChanged.connect([this](unsigned group) { groupChanged(group); }))
+    , mapChanges_(keyboard_.mapChanged.connect([this] { mapChanged(); })) {}
+
+const XkbInputSources::Layouts& XkbInputSources::layouts() const {
+    if (!layouts_) {
+        auto map = keyboard_.readMap();
+        layouts_ = Layouts{layoutsOfGroups(map), std::move(map.groupNames)};
+    }
+    return *layouts_;
+}
+
+std::string XkbInputSources::idOfGroup(unsigned group) const {
+    const auto& groups = layouts().ofGroups;
+    // Beyond the last group, the server itself goes round at the next key.
+    return groups.empty() ? std::string() : groups[group % groups.size()].id();
+}
+
+std::vector<InputSource> XkbInputSources::createInputSourceList(std::optional<std::string_view> id) const {
+    std::vector<InputSource> list;
+    for (const auto& layout : layouts().ofGroups) {
+        auto source = sourceOf(layout);
+        if (!id || source.id == *id) list.push_back(std::move(source));
+    }
+    return list;
+}
+
+std::optional<InputSource> XkbInputSources::copyCurrentKeyboardInputSource() const {
+    const auto matching = createInputSourceList(idOfGroup(keyboard_.effectiveGroup()));
+    if (matching.empty()) return std::nullopt;
+    return matching.front();
+}
+
+std::optional<InputSource> XkbInputSources::copyCurrentKeyboardLayoutInputSource() const {
+    return copyCurrentKeyboardInputSource();
+}
+
+bool XkbInputSources::selectInputSource(const InputSource& source) {
+    const auto& groups = layouts().ofGroups;
+    const auto group = std::ranges::find(groups, source.id, &XkbLayout::id);
+    if (group == groups.end()) return false;
+    keyboard_.lockGroup(static_cast<unsigned>(group - groups.begin()));
+    selectedID_ = source.id;
+    return true;
+}
+
+const XkbLayoutNames& XkbInputSources::namesOf(const InputSource& source) const {
+    if (!names_) {
+        const auto& known = layouts();
+        names_ = namesOfLayouts(known.ofGroups);
+        for (std::size_t group = 0; group < known.ofGroups.size(); ++group) {
+            const auto& layout = known.ofGroups[group];
+            const bool hasName = group < known.groupNames.size() && !known.groupNames[group].empty();
+            names_->try_emplace(layout.id(), XkbLayoutNames{hasName ? known.groupNames[group] : layout.layout,
+                                                            layout.layout});
+        }
+    }
+    static const XkbLayoutNames none;
+    const auto names = names_->find(source.id);
+    return names == names_->end() ? none : names->second;
+}
+
+std::string XkbInputSources::localizedName(const InputSource& source) const {
+    const auto& description = namesOf(source).description;
+    return description.empty() ? source.id : description;
+}
+
+ImageRef XkbInputSources::iconOfReference(const InputSource& source) const {
+    const auto letters = lettersOf(namesOf(source).brief);
+    return letters.empty() ? nullptr : drawIcon_(letters);
+}
+
+void XkbInputSources::mapChanged() {
+    // One change of the map is told up to a dozen times; all of it has arrived when the loop comes round.
+    if (!std::exchange(mapChangePending_, true)) {
+        groupsBeforeChange_ = layouts().ofGroups;
+        QMetaObject::invokeMethod(
+            &later_, [this] { keepSelectionAcrossMaps(); }, Qt::QueuedConnection);
+    }
+    layouts_.reset();
+    names_.reset();
+}
+
+/// The server keeps the number of the locked group when the list of layouts is replaced, even beyond the end
+/// of the new list. What the user selected is a layout, not a number.
+void XkbInputSources::keepSelectionAcrossMaps() {
+    mapChangePending_ = false;
+    const auto& groups = layouts().ofGroups;
+    if (groups.empty()) return;
+    keyboard_.readGroup();
+    const auto effective = keyboard_.effectiveGroup();
+    auto wanted = effective % groups.size();
+    if (groups != groupsBeforeChange_) {
+        const auto kept = std::ranges::find(groups, selectedID_, &XkbLayout::id);
+        if (kept != groups.end()) wanted = static_cast<std::size_t>(kept - groups.begin());
+    }
+    if (wanted != effective) keyboard_.lockGroup(static_cast<unsigned>(wanted));
+    selectedID_ = groups[wanted].id();
+    tellSelection(selectedID_);
+}
+
+void XkbInputSources::groupChanged(unsigned group) {
+    if (mapChangePending_) return; // which layout the group means is told when the new map has been read
+    selectedID_ = idOfGroup(group);
+    tellSelection(selectedID_);
+}
+
+void XkbInputSources::tellSelection(std::string id) {
+    if (id == toldID_) return;
+    toldID_ = std::move(id);
+    selectionChanged.emit();
+}
+
+} // namespace quorvane

@@ -1,0 +1,74 @@
+#include "platform/linux/windows/X11FrontWindow.h"
+
+#include <chrono>
+
+#include "platform/linux/windows/StackedWindow.h"
+#include "platform/linux/x11/XProperties.h"
+
+namespace quorvane {
+
+namespace {
+
+constexpr std::chrono::milliseconds pauseBetweenChanges{30};
+
+/// The window whose bounds may have changed.
+xcb_window_t changedWindow(XConnection& x, const xcb_generic_event_t& event) {
+    switch (event.response_type & 0x7f) {
+    case XCB_CONFIGURE_NOTIFY:
+        return reinterpret_cast<const xcb_configure_notify_event_t&>(event).window;
+    case XCB_MAP_NOTIFY:
+        return reinterpret_cast<const xcb_map_notify_event_t&>(event).window;
+    case XCB_UNMAP_NOTIFY:
+        return reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window;
+    case XCB_DESTROY_NOTIFY:
+        return reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window;
+    case XCB_PROPERTY_NOTIFY: {
+        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        return change.atom == x.atom("_GTK_FRAME_EXTENTS") ? change.window : xcb_window_t{XCB_WINDOW_NONE};
+    }
+    default:
+        return XCB_WINDOW_NONE;
+    }
+}
+
+} // namespace
+
+X11FrontWindow::X11FrontWindow(XConnection& x, const X11Workspace& workspace, const X11Screens& screens)
+    : x_(x)
+    , workspace_(workspace)
+    , screens_(screens)
+    , followed_(workspace.activeWindow())
+    , events_(x.onEvent([this](const auto& event) { handle(event); })) {
+    x_.internAtoms({"_GTK_FRAME_EXTENTS"});
+    collecting_.setSingleShot(true);
+    collecting_.setInterval(pauseBetweenChanges);
+    QObject::connect(&collecting_, &QTimer::timeout, &collecting_, [this] { tell(); });
+}
+
+void X11FrontWindow::handle(const xcb_generic_event_t& event) {
+    // The workspace has seen the event before, and has no active window any more if that one was destroyed.
+    const auto active = workspace_.activeWindow();
+    if (active != XCB_WINDOW_NONE && active != followed_) {
+        followed_ = active;
+        told_.reset();
+    }
+    const auto window = changedWindow(x_, event);
+    const bool isFollowed = window != XCB_WINDOW_NONE && window == followed_;
+    if (isFollowed && !collecting_.isActive()) collecting_.start();
+}
+
+void X11FrontWindow::tell() {
+    std::optional<Rect> bounds;
+    if (const auto window = workspace_.activeWindow(); window != XCB_WINDOW_NONE) {
+        XProperty shadow(x_, window, "_GTK_FRAME_EXTENTS");
+        const auto found = stackedWindow(x_, window);
+        if (found.isPopUp) return; // None of those that a user works in.
+        if (found.isVisible)
+            bounds = screens_.points().fromTopLeft(withoutShadow(found.bounds, shadow.values()));
+    }
+    if (told_ == bounds) return;
+    told_ = bounds;
+    changed.emit(bounds);
+}
+
+} // namespace quorvane
