@@ -94,7 +94,7 @@ TEST(HotKeys, SelectTheirSourceWhateverTheLayout) {
     setShortcut(session.stores.standardUserDefaults(), "xkb:ru", {positionOfR, controlAndOption});
     session.startProgram();
     constexpr std::uint8_t keys[] = {37, 64, 27};
-    for (const std::string layout : {"us", "de"}) {
+    for (const std::string layout : {"de", "us"}) {
         session.setRule("In_" + layout, "xkb:" + layout);
         const TestWindow window({QString("class=In_%1").arg(layout.c_str())});
         ASSERT_TRUE(session.waitForGroup(layout == "us" ? 0 : 2));
