@@ -113,7 +113,7 @@ void AppDelegate::openPreferences() {
 
     // At the first request there is no window yet, and the registration covers every window: the handler
     // looks at the title for that.
-    const auto* window = preferences_ ? preferences_->window() : nullptr;
+    const auto* window = preferences_ ? &preferences_->window() : nullptr;
     subscriptions_.push_back(desktop_.notifications.addObserver(
         windowWillCloseNotification, window,
         [this](const Notification& notification) { preferencesWillClose(notification); }));
@@ -121,12 +121,14 @@ void AppDelegate::openPreferences() {
 
 void AppDelegate::showPreferences() {
     if (!preferences_) {
+        auto interface = desktop_.interfaceFiles.loadPreferences();
+        if (!interface)
+            return; // activating with nothing to show would only take the focus away from the user
         preferences_ = std::make_unique<AppPrefsWindowController>(
-            desktop_.interfaceFiles, preferencesNibName, [this](std::string_view id) { changeInputTo(id); });
+            desktop_, companion_, hotKeyCenter_, std::move(interface),
+            [this](std::string_view id) { changeInputTo(id); });
     }
-    auto* window = preferences_->window();
-    if (!window) return; // activating with nothing to show would only take the focus away from the user
-    window->makeKeyAndOrderFront();
+    preferences_->window().makeKeyAndOrderFront();
     desktop_.application.activateIgnoringOtherApps();
 }
 
@@ -163,7 +165,7 @@ void AppDelegate::restart() {
 Menu AppDelegate::statusMenu() {
     const auto& application = desktop_.application;
     return {
-        {application.localizedString("Preferences…"), desktop_.interfaceFiles.hasWindow(preferencesNibName),
+        {application.localizedString("Preferences…"), desktop_.interfaceFiles.hasPreferences(),
          [this] { openPreferences(); }},
         {application.localizedString("Quit Quorvane"), true, [this] { desktop_.application.terminate(); }}};
 }

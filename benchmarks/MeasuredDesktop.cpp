@@ -18,8 +18,8 @@ void writeSettings() {
     LinuxUserDefaults stores(LinuxUserDefaults::configFolder(), maker::bundleIdentifier);
     auto& standard = stores.standardUserDefaults();
     standard.setBool(true, key::notNeedRemindForAutoStartAtLogin);
-    setShortcut(standard, "xkb:us", shortcuts[0]);
-    setShortcut(standard, "xkb:ru", shortcuts[1]);
+    setShortcut(standard, "xkb:us", shortcuts[0].record());
+    setShortcut(standard, "xkb:ru", shortcuts[1].record());
     const auto shared = openSharedDefaults(stores);
     setRuleInput(*shared, "first", "xkb:us");
     setRuleInput(*shared, "second", "xkb:ru");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,9 @@ public:
 
     /// Returns when the user has answered. Closing the alert answers like its last button.
     virtual AlertAnswer runModal(const Alert& alert) = 0;
+
+    /// Shows it on the program's main window, or by itself when there is none, and returns at once.
+    virtual void beginSheet(const Alert& alert, std::function<void(const AlertAnswer&)> completion) = 0;
 };
 
 } // namespace quorvane

@@ -13,6 +13,9 @@ public:
     /// The text in the user's language; the key itself, which is the English text, when it has none.
     virtual std::string localizedString(std::string_view key) const = 0;
 
+    /// The version that users are told, like "1.2".
+    virtual std::string shortVersion() const = 0;
+
     /// Brings this program to the front, whatever is there now.
     virtual void activateIgnoringOtherApps() = 0;
 

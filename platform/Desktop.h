@@ -12,9 +12,11 @@
 #include "platform/HotKeys.h"
 #include "platform/Image.h"
 #include "platform/InterfaceFiles.h"
+#include "platform/Links.h"
 #include "platform/LoginItems.h"
 #include "platform/NotificationCenter.h"
 #include "platform/OnScreenWindowList.h"
+#include "platform/OpenPanel.h"
 #include "platform/Processes.h"
 #include "platform/RunLoop.h"
 #include "platform/Screens.h"
@@ -22,6 +24,7 @@
 #include "platform/SystemLog.h"
 #include "platform/TextInputSources.h"
 #include "platform/UserDefaults.h"
+#include "platform/WallClock.h"
 #include "platform/Workspace.h"
 
 namespace quorvane {
@@ -49,16 +52,19 @@ struct Desktop {
     Alerts& alerts;
     Application& application;
     ApplicationBundles& applicationBundles;
+    const WallClock& clock;
     Cursor& cursor;
     DistributedNotificationCenter& distributedNotifications;
     GlobalEventMonitor& globalEvents;
     HotKeys& hotKeys;
     Images& images;
     InterfaceFiles& interfaceFiles;
+    Links& links;
     SystemLog& log;
     LoginItems& loginItems;
     NotificationCenter& notifications;
     OnScreenWindowList& windowList;
+    OpenPanel& openPanel;
     Processes& processes;
     RunLoop& runLoop;
     Screens& screens;

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <memory>
-#include <string_view>
 
+#include "platform/PreferencesInterface.h"
 #include "platform/Window.h"
 
 namespace quorvane {
@@ -21,10 +21,10 @@ public:
 
     virtual MainInterface mainInterface() = 0;
 
-    /// The window of an interface file; null when this build of the desktop has no such file.
-    virtual std::unique_ptr<Window> loadWindow(std::string_view nibName) = 0;
+    /// The preferences window, new; null when this build of the desktop has none.
+    virtual std::unique_ptr<PreferencesInterface> loadPreferences() = 0;
 
-    virtual bool hasWindow(std::string_view nibName) const = 0;
+    virtual bool hasPreferences() const = 0;
 };
 
 } // namespace quorvane

@@ -25,6 +25,9 @@ public:
 
     virtual std::string title() const = 0;
     virtual void setStyle(const WindowStyle& style) = 0;
+    virtual void setLevel(int level) = 0; ///< As in `WindowStyle`, like the next two.
+    virtual void setCollectionBehavior(unsigned behavior) = 0;
+    virtual void setMovableByWindowBackground(bool movable) = 0;
     virtual void setFrameOrigin(Point origin) = 0; ///< Its bottom-left corner, from the primary screen's.
     virtual void makeKeyAndOrderFront() = 0;
     virtual void orderOut() = 0;

@@ -1,33 +1,88 @@
 #pragma once
 
+#include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string_view>
+#include <vector>
 
-#include "platform/InterfaceFiles.h"
-#include "shortcuts/PTHotKey.h"
+#include "input/CompanionLink.h"
+#include "platform/Desktop.h"
+#include "preferences/ApplicationRulesTable.h"
+#include "preferences/CompanionAlert.h"
+#include "preferences/LocationRulesTable.h"
+#include "preferences/PreferencesLinks.h"
+#include "preferences/PreferencesLists.h"
+#include "preferences/SetUpButton.h"
+#include "preferences/ShortcutTable.h"
 
 namespace quorvane {
 
-/// The name of the preferences window's interface file.
-inline constexpr std::string_view preferencesNibName = "Preferences";
-
-/// Owns the preferences window. Made at the first request and kept for the life of the process.
-class AppPrefsWindowController {
+/// Runs the preferences window. Made at the first request and kept for the life of the process. It edits
+/// settings only: what follows from an edit, others do who observe them.
+class AppPrefsWindowController : public PreferencesActions {
 public:
-    /// `changeInputTo` is asked for the input source whose hot key was pressed.
-    AppPrefsWindowController(InterfaceFiles& interfaceFiles, std::string_view windowNibName,
+    /// `changeInputTo` is asked for the input source whose hot key was pressed. The window is set up when
+    /// this returns, but for the tab, which is chosen once the run loop has had its turn.
+    AppPrefsWindowController(Desktop& desktop, const CompanionLink& companion, PTHotKeyCenter& hotKeyCenter,
+                             std::unique_ptr<PreferencesInterface> interface,
                              std::function<void(std::string_view id)> changeInputTo);
+    ~AppPrefsWindowController() override;
 
-    /// Null when the desktop has no such interface file.
-    Window* window() const { return window_.get(); }
+    Window& window() { return outlets_.window; }
 
     /// A hot key that was recorded in this window was pressed.
     void inputHotKeyAction(const PTHotKey& hotKey) { changeInputTo_(hotKey.identifier()); }
 
+    void preferencesWillClose(const Notification& notification);
+    void refreshSwitchTimes();
+    void addLocationInfoByTandrel() { locations_.reload(); }
+    void didLaunchApplicationNotification(const RunningApplication& application) {
+        applications_.applicationLaunched(application.bundleIdentifier);
+    }
+
+    // What the interface file calls.
+    void Rules() override { selectTab(0); }
+    void Preference() override { selectTab(1); }
+    void Learn() override { selectTab(2); }
+    void FreeApps() override { selectTab(3); }
+    void Contactus() override { selectTab(4); }
+    void defaultInputChanged() override { applications_.defaultInputChanged(); }
+    void AddApplication() override { applications_.AddApplication(); }
+    void RemoveApplication() override { applications_.RemoveApplication(); }
+    void mouseDownByApplication() override { applications_.checkRemoveByApplicationButton(); }
+    void RemoveLocation() override { locations_.RemoveLocation(); }
+    void mouseDownByLocation() override { locations_.checkRemoveByLocationButton(); }
+    void startOrStopSetUpButtonClick() override { setUpButton_.startOrStopSetUpButtonClick(); }
+    void openLink(std::string_view action) override { links_.open(action); }
+
+    int numberOfRowsInTableView(const TableView& table) const override;
+    CellView viewForTableColumn(const TableView& table, std::string_view column, int row) override;
+    double heightOfRow(const TableView& table, int row) const override;
+    bool textShouldEndEditing(const TextFieldPart& control, const std::string& stringValue) override;
+    bool acceptDrop(const TableView& table, const TableView* source, int draggedRow, int row) override;
+
 private:
+    void registerObservers();
+    void awakeFromNib();
+    void buildDefaultInputButton();
+    void selectTab(int index);
+
+    Desktop& desktop_;
+    std::unique_ptr<PreferencesInterface> interface_;
+    PreferencesOutlets outlets_;
     std::function<void(std::string_view id)> changeInputTo_;
-    std::unique_ptr<Window> window_;
+
+    PreferencesLists lists_;
+    CompanionAlert companionAlert_;
+    PreferencesLinks links_;
+    SetUpButton setUpButton_;
+    ApplicationRulesTable applications_;
+    LocationRulesTable locations_;
+    ShortcutTable shortcuts_;
+
+    std::vector<Subscription> subscriptions_;
 };
 
 } // namespace quorvane

@@ -29,15 +29,18 @@ std::optional<InputShortcut> InputShortcut::ofRecord(const PropertyList& record)
     return InputShortcut{keyCode.integerValue(), modifierFlags.integerValue()};
 }
 
-bool InputShortcut::isValid() const {
-    return modifierFlags != 0 || std::ranges::find(functionKeyCodes, keyCode) != functionKeyCodes.end();
+PropertyList InputShortcut::record() const {
+    return PropertyList::Dictionary{{std::string(keyCodeKey), keyCode},
+                                    {std::string(modifierFlagsKey), modifierFlags}};
 }
 
-void setShortcut(UserDefaults& standard, std::string_view inputSourceID, const InputShortcut& shortcut) {
+bool InputShortcut::isFunctionKey(std::int64_t keyCode) {
+    return std::ranges::find(functionKeyCodes, keyCode) != functionKeyCodes.end();
+}
+
+void setShortcut(UserDefaults& standard, std::string_view inputSourceID, const PropertyList& record) {
     changeDictionary(standard, key::shortcutOfInput, [&](PropertyList::Dictionary& shortcuts) {
-        shortcuts[std::string(inputSourceID)] =
-            PropertyList::Dictionary{{std::string(keyCodeKey), shortcut.keyCode},
-                                     {std::string(modifierFlagsKey), shortcut.modifierFlags}};
+        shortcuts.insert_or_assign(std::string(inputSourceID), record);
     });
 }
 

@@ -19,13 +19,20 @@ struct InputShortcut {
     /// None when the stored value is no dictionary of two numbers.
     static std::optional<InputShortcut> ofRecord(const PropertyList& record);
 
+    /// As it is stored.
+    PropertyList record() const;
+
     /// A combination without modifiers is valid only for the keys F1 to F20.
-    bool isValid() const;
+    bool isValid() const { return modifierFlags > 0 || isFunctionKey(keyCode); }
+
+    /// Whether it is one of F1 to F20.
+    static bool isFunctionKey(std::int64_t keyCode);
 };
 
 // Edits in the standard defaults, each followed by `synchronize`.
 
-void setShortcut(UserDefaults& standard, std::string_view inputSourceID, const InputShortcut& shortcut);
+/// `record` is stored as it is, whatever is in it.
+void setShortcut(UserDefaults& standard, std::string_view inputSourceID, const PropertyList& record);
 void removeShortcut(UserDefaults& standard, std::string_view inputSourceID);
 
 } // namespace quorvane

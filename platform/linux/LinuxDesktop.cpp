@@ -63,22 +63,26 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
         tellFrontWindow(bounds);
     }))
     , launcherChanges_(launchers_.onChange([this] { interfaceFiles_.raiseIndicator(); }))
+    , openPanel_(desktopEntries_)
     , processes_([this] { defaults_.flushPendingWrites(); })
     , loginItems_(autostartFolder(), QCoreApplication::applicationFilePath().toStdString())
     , desktop_{.facts = factsOfX11(),
                .alerts = alerts_,
                .application = application_,
                .applicationBundles = applicationBundles_,
+               .clock = clock_,
                .cursor = cursor_,
                .distributedNotifications = distributedNotifications_,
                .globalEvents = globalEvents_,
                .hotKeys = hotKeys_,
                .images = images_,
                .interfaceFiles = interfaceFiles_,
+               .links = links_,
                .log = log_,
                .loginItems = loginItems_,
                .notifications = notifications_,
                .windowList = windowList_,
+               .openPanel = openPanel_,
                .processes = processes_,
                .runLoop = runLoop_,
                .screens = screens_,

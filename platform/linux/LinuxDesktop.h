@@ -2,6 +2,7 @@
 
 #include "platform/Desktop.h"
 #include "platform/linux/AutostartLoginItems.h"
+#include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxLog.h"
 #include "platform/linux/LinuxProcesses.h"
 #include "platform/linux/applications/X11Workspace.h"
@@ -16,6 +17,8 @@
 #include "platform/linux/qt/QtApplicationPort.h"
 #include "platform/linux/qt/QtImages.h"
 #include "platform/linux/qt/QtInterfaceFiles.h"
+#include "platform/linux/qt/QtLinks.h"
+#include "platform/linux/qt/QtOpenPanel.h"
 #include "platform/linux/qt/QtRunLoop.h"
 #include "platform/linux/qt/QtStatusBar.h"
 #include "platform/linux/windows/X11Cursor.h"
@@ -68,6 +71,9 @@ private:
     Subscription launcherChanges_;
     QtStatusBar statusBar_;
     QtAlerts alerts_;
+    QtOpenPanel openPanel_;
+    QtLinks links_;
+    LinuxClock clock_;
     LinuxProcesses processes_;
     AutostartLoginItems loginItems_;
     LinuxLog log_;

@@ -57,6 +57,7 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "xcb");
     QApplication qt(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Quorvane"));
+    QApplication::setApplicationVersion(QStringLiteral(QUORVANE_VERSION));
     QApplication::setWindowIcon(quorvane::iconOfTemplate(quorvane::QtImages().imageNamed("menuBarIcon")));
     QApplication::setQuitOnLastWindowClosed(false);
     // Its timer would wake an idle program half a minute after a picture was drawn, to throw a few pixels

@@ -9,17 +9,21 @@
 #include "platform/Application.h"
 #include "platform/Cursor.h"
 #include "platform/GlobalEventMonitor.h"
+#include "platform/Links.h"
 #include "platform/LoginItems.h"
+#include "platform/OpenPanel.h"
 #include "platform/Processes.h"
 #include "platform/Signal.h"
 #include "platform/StatusBar.h"
 #include "platform/SystemLog.h"
+#include "platform/WallClock.h"
 
 namespace quorvane {
 
 class SimulatedApplication : public Application {
 public:
     std::string localizedString(std::string_view key) const override { return std::string(key); }
+    std::string shortVersion() const override { return "1.2"; }
     void activateIgnoringOtherApps() override { ++activations; }
     void terminate() override { isTerminated = true; }
 
@@ -35,8 +39,42 @@ public:
         return answer;
     }
 
+    void beginSheet(const Alert& alert, std::function<void(const AlertAnswer&)> completion) override {
+        shown.push_back(alert);
+        completion(answer);
+    }
+
     AlertAnswer answer{.response = alertFirstButtonReturn + 1};
     std::vector<Alert> shown;
+};
+
+/// Waits for the user.
+class SimulatedOpenPanel : public OpenPanel {
+public:
+    void beginChoosingApplication(
+        std::function<void(std::optional<std::string> bundleIdentifier)> completion) override {
+        completion_ = std::move(completion);
+    }
+
+    /// None: something that is no application.
+    void choose(std::optional<std::string> bundleIdentifier) { completion_(std::move(bundleIdentifier)); }
+
+private:
+    std::function<void(std::optional<std::string>)> completion_;
+};
+
+class SimulatedLinks : public Links {
+public:
+    void openURL(std::string_view url) override { opened.emplace_back(url); }
+
+    std::vector<std::string> opened;
+};
+
+class SimulatedClock : public WallClock {
+public:
+    double secondsSince1970() const override { return now; }
+
+    double now = 1.7e9;
 };
 
 class SimulatedProcesses : public Processes {

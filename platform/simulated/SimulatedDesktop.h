@@ -39,6 +39,9 @@ public:
     SimulatedProcesses processes;
     SimulatedLoginItems loginItems;
     SimulatedLog log;
+    SimulatedOpenPanel openPanel;
+    SimulatedLinks links;
+    SimulatedClock clock;
     SimulatedApplication application;
 
     /// What the program is given.

@@ -2,10 +2,9 @@
 
 namespace quorvane {
 
-std::unique_ptr<Window> SimulatedInterfaceFiles::loadWindow(std::string_view nibName) {
-    if (!hasWindow(nibName)) return nullptr;
-    auto loaded = std::make_unique<SimulatedWindow>(preferencesTitle, notifications_);
-    loadedWindows.push_back(loaded.get());
+std::unique_ptr<PreferencesInterface> SimulatedInterfaceFiles::loadPreferences() {
+    auto loaded = std::make_unique<SimulatedPreferences>(preferencesTitle, notifications_);
+    loadedPreferences.push_back(loaded.get());
     return loaded;
 }
 

@@ -1,37 +1,14 @@
 #pragma once
 
-#include <set>
 #include <string>
 #include <vector>
 
 #include "platform/InterfaceFiles.h"
 #include "platform/NotificationCenter.h"
+#include "platform/simulated/SimulatedPreferences.h"
+#include "platform/simulated/SimulatedWindow.h"
 
 namespace quorvane {
-
-class SimulatedWindow : public Window {
-public:
-    SimulatedWindow(std::string windowTitle, NotificationCenter& notifications)
-        : title_(std::move(windowTitle))
-        , notifications_(notifications) {}
-
-    std::string title() const override { return title_; }
-    void setStyle(const WindowStyle& newStyle) override { style = newStyle; }
-    void setFrameOrigin(Point newOrigin) override { origin = newOrigin; }
-    void makeKeyAndOrderFront() override { orders.emplace_back("front"); }
-    void orderOut() override { orders.emplace_back("out"); }
-
-    /// The user closes the window.
-    void close() { notifications_.post({std::string(windowWillCloseNotification), this}); }
-
-    WindowStyle style;
-    Point origin;
-    std::vector<std::string> orders; ///< "front" and "out", oldest first.
-
-private:
-    std::string title_;
-    NotificationCenter& notifications_;
-};
 
 class SimulatedView : public View {
 public:
@@ -57,8 +34,8 @@ public:
         , notifications_(notifications) {}
 
     MainInterface mainInterface() override { return {window, inputIconWindow, iconView, iconBox}; }
-    std::unique_ptr<Window> loadWindow(std::string_view nibName) override;
-    bool hasWindow(std::string_view nibName) const override { return nibName == "Preferences"; }
+    std::unique_ptr<PreferencesInterface> loadPreferences() override;
+    bool hasPreferences() const override { return true; }
 
     SimulatedWindow window;
     SimulatedWindow inputIconWindow;
@@ -66,8 +43,8 @@ public:
     SimulatedView iconBox;
     std::string preferencesTitle = "Quorvane"; ///< Another text where it is translated.
 
-    /// The windows made from interface files, oldest first. They belong to whoever loaded them.
-    std::vector<SimulatedWindow*> loadedWindows;
+    /// The preferences windows that were made, oldest first. They belong to whoever loaded them.
+    std::vector<SimulatedPreferences*> loadedPreferences;
 
 private:
     NotificationCenter& notifications_;

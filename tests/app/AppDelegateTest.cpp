@@ -155,12 +155,13 @@ TEST_F(Program, TheLoginItemIsSetAtLaunchAndAtEachWriteOfTheSetting) {
 TEST_F(Program, ThePreferencesOpenAMomentAfterTheyWereAskedFor) {
     launch();
     EXPECT_TRUE(program_->applicationShouldHandleReopen(false));
-    EXPECT_THAT(desktop_.interfaceFiles.loadedWindows, IsEmpty());
+    EXPECT_THAT(desktop_.interfaceFiles.loadedPreferences, IsEmpty());
     desktop_.runLoop.advance(0.01);
     program_->openPreferences();
     desktop_.runLoop.advance(0.01);
-    ASSERT_EQ(desktop_.interfaceFiles.loadedWindows.size(), 1U) << "one for the life of the process";
-    EXPECT_THAT(desktop_.interfaceFiles.loadedWindows.front()->orders, ElementsAre("front", "front"));
+    ASSERT_EQ(desktop_.interfaceFiles.loadedPreferences.size(), 1U) << "one for the life of the process";
+    EXPECT_THAT(desktop_.interfaceFiles.loadedPreferences.front()->window.orders,
+                ElementsAre("front", "front"));
     EXPECT_EQ(desktop_.application.activations, 2);
 }
 
@@ -182,7 +183,7 @@ TEST_F(Program, ClosingThePreferencesRelaunchesOnlyWhileTheStatusItemIsHidden) {
         desktop.defaults.standardUserDefaults().setBool(expected.hidden, key::hiddenIconInStatusBar);
         program.openPreferences();
         desktop.runLoop.advance(0.01);
-        desktop.interfaceFiles.loadedWindows.front()->close();
+        desktop.interfaceFiles.loadedPreferences.front()->window.close();
         EXPECT_EQ(desktop.processes.commands, expected.commands);
         EXPECT_EQ(desktop.processes.exitStatuses, std::vector<int>(expected.commands.size(), 0));
     }

@@ -85,7 +85,7 @@ TEST_F(Records, AShortcutWithoutModifiersIsValidOnlyOnAFunctionKey) {
         EXPECT_EQ(shortcut.has_value(), expected.isShortcut);
         EXPECT_EQ(shortcut && shortcut->isValid(), expected.isValid);
     }
-    setShortcut(standard_, "xkb:us", {.keyCode = 12, .modifierFlags = 0x40000});
+    setShortcut(standard_, "xkb:us", InputShortcut{12, 0x40000}.record());
     EXPECT_EQ(standard_.objectForKey(key::shortcutOfInput), (Dictionary{{"xkb:us", record(12, 0x40000)}}));
     removeShortcut(standard_, "xkb:us");
     EXPECT_EQ(standard_.objectForKey(key::shortcutOfInput), Dictionary{});

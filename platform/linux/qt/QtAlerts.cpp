@@ -16,37 +16,55 @@ constexpr int iconSize = 48;
 constexpr const char* lookOfTexts = "QLabel#qt_msgbox_label { font-weight: bold; }"
                                     "QLabel#qt_msgbox_informativelabel { min-width: 26em; }";
 
+/// A message box that shows an alert, and reads the answer from it.
+class AlertBox : public QMessageBox {
+public:
+    AlertBox(const Alert& alert, QWidget* parent) : QMessageBox(parent) {
+        setWindowTitle(QApplication::applicationName());
+        setIconPixmap(QApplication::windowIcon().pixmap(iconSize));
+        setText(QString::fromStdString(alert.messageText));
+        setStyleSheet(QString::fromLatin1(lookOfTexts));
+        setInformativeText(QString::fromStdString(alert.informativeText));
+        for (const auto& title : alert.buttons) {
+            const auto role = buttons_.isEmpty() ? QMessageBox::AcceptRole : QMessageBox::RejectRole;
+            buttons_.append(addButton(QString::fromStdString(title), role));
+        }
+        if (!buttons_.isEmpty()) {
+            setDefaultButton(qobject_cast<QPushButton*>(buttons_.first()));
+            setEscapeButton(buttons_.last());
+        }
+        if (!alert.suppressionButtonTitle.empty())
+            setCheckBox(new QCheckBox(QString::fromStdString(alert.suppressionButtonTitle), this));
+    }
+
+    AlertAnswer answer() const {
+        // Ended from outside, for instance when the program is told to quit, the alert has no clicked button.
+        const auto clicked = buttons_.indexOf(clickedButton());
+        const auto answered = clicked >= 0 ? clicked : buttons_.size() - 1;
+        return {.response = alertFirstButtonReturn + static_cast<int>(answered),
+                .suppressionButtonIsOn = checkBox() && checkBox()->isChecked()};
+    }
+
+private:
+    QList<QAbstractButton*> buttons_;
+};
+
 } // namespace
 
 AlertAnswer QtAlerts::runModal(const Alert& alert) {
-    QMessageBox box;
-    box.setWindowTitle(QApplication::applicationName());
-    box.setIconPixmap(QApplication::windowIcon().pixmap(iconSize));
-    box.setText(QString::fromStdString(alert.messageText));
-    box.setStyleSheet(QString::fromLatin1(lookOfTexts));
-    box.setInformativeText(QString::fromStdString(alert.informativeText));
+    AlertBox box(alert, nullptr);
     // The agent has no other window that would bring the alert to the user's eyes.
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
-
-    QList<QAbstractButton*> buttons;
-    for (const auto& title : alert.buttons) {
-        const auto role = buttons.isEmpty() ? QMessageBox::AcceptRole : QMessageBox::RejectRole;
-        buttons.append(box.addButton(QString::fromStdString(title), role));
-    }
-    if (!buttons.isEmpty()) {
-        box.setDefaultButton(qobject_cast<QPushButton*>(buttons.first()));
-        box.setEscapeButton(buttons.last());
-    }
-    if (!alert.suppressionButtonTitle.empty()) {
-        box.setCheckBox(new QCheckBox(QString::fromStdString(alert.suppressionButtonTitle), &box));
-    }
     box.exec();
+    return box.answer();
+}
 
-    // Ended from outside, for instance when the program is told to quit, the alert has no clicked button.
-    const auto clicked = buttons.indexOf(box.clickedButton());
-    const auto answered = clicked >= 0 ? clicked : buttons.size() - 1;
-    return {.response = alertFirstButtonReturn + static_cast<int>(answered),
-            .suppressionButtonIsOn = box.checkBox() && box.checkBox()->isChecked()};
+void QtAlerts::beginSheet(const Alert& alert, std::function<void(const AlertAnswer&)> completion) {
+    auto* box = new AlertBox(alert, QApplication::activeWindow());
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(box, &QDialog::finished, box,
+                     [box, completion = std::move(completion)] { completion(box->answer()); });
+    box->open();
 }
 
 } // namespace quorvane

@@ -9,6 +9,10 @@ std::string QtApplicationPort::localizedString(std::string_view key) const {
     return QCoreApplication::translate("Quorvane", std::string(key).c_str()).toStdString();
 }
 
+std::string QtApplicationPort::shortVersion() const {
+    return QCoreApplication::applicationVersion().toStdString();
+}
+
 void QtApplicationPort::activateIgnoringOtherApps() {
     for (auto* window : QApplication::topLevelWidgets()) {
         if (!window->isVisible() || window->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus)) continue;

@@ -8,6 +8,7 @@ namespace quorvane {
 class QtApplicationPort : public Application {
 public:
     std::string localizedString(std::string_view key) const override;
+    std::string shortVersion() const override;
     void activateIgnoringOtherApps() override;
     void terminate() override;
 };

@@ -21,6 +21,9 @@ public:
 
     std::string title() const override { return {}; }
     void setStyle(const WindowStyle& style) override;
+    void setLevel(int level) override { style_.level = level; }
+    void setCollectionBehavior(unsigned behavior) override { style_.collectionBehavior = behavior; }
+    void setMovableByWindowBackground(bool movable) override { style_.isMovableByWindowBackground = movable; }
     void setFrameOrigin(Point origin) override;
     void makeKeyAndOrderFront() override;
     void orderOut() override;

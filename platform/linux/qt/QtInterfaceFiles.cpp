@@ -12,6 +12,9 @@ class NoWindow : public Window {
 public:
     std::string title() const override { return {}; }
     void setStyle(const WindowStyle& /*style*/) override {}
+    void setLevel(int /*level*/) override {}
+    void setCollectionBehavior(unsigned /*behavior*/) override {}
+    void setMovableByWindowBackground(bool /*movable*/) override {}
     void setFrameOrigin(Point /*origin*/) override {}
     void makeKeyAndOrderFront() override {}
     void orderOut() override {}
@@ -36,12 +39,8 @@ MainInterface QtInterfaceFiles::mainInterface() {
             windows_->inputIconWindow.iconBox()};
 }
 
-std::unique_ptr<Window> QtInterfaceFiles::loadWindow(std::string_view /*nibName*/) {
+std::unique_ptr<PreferencesInterface> QtInterfaceFiles::loadPreferences() {
     return nullptr;
-}
-
-bool QtInterfaceFiles::hasWindow(std::string_view /*nibName*/) const {
-    return false;
 }
 
 void QtInterfaceFiles::raiseIndicator() {

@@ -16,8 +16,8 @@ public:
     ~QtInterfaceFiles() override;
 
     MainInterface mainInterface() override;
-    std::unique_ptr<Window> loadWindow(std::string_view nibName) override;
-    bool hasWindow(std::string_view nibName) const override;
+    std::unique_ptr<PreferencesInterface> loadPreferences() override;
+    bool hasPreferences() const override { return false; }
 
     /// Other windows have come to the front: the floating indicator belongs above them.
     void raiseIndicator();

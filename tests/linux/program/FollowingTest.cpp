@@ -91,7 +91,8 @@ TEST_P(Following, WindowsOnTwoMonitors) {
 TEST(HotKeys, SelectTheirSourceWhateverTheLayout) {
     ProgramSession session;
     constexpr std::int64_t positionOfR = 15, controlAndOption = 0xc0000;
-    setShortcut(session.stores.standardUserDefaults(), "xkb:ru", {positionOfR, controlAndOption});
+    setShortcut(session.stores.standardUserDefaults(), "xkb:ru",
+                InputShortcut{positionOfR, controlAndOption}.record());
     session.startProgram();
     constexpr std::uint8_t keys[] = {37, 64, 27};
     for (const std::string layout : {"de", "us"}) {
