@@ -4,8 +4,8 @@
 
 namespace quorvane {
 
-/// Fires again and again, one interval after it was last restarted for the first time, until it is disarmed.
-/// Must outlive the run loop's work, or be disarmed.
+/// Fires at every interval, counted from the last restart, until it is disarmed. Whatever its block uses must
+/// live until then.
 class RestartableTimer {
 public:
     /// `interval` in seconds.

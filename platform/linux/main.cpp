@@ -60,8 +60,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion(QStringLiteral(QUORVANE_VERSION));
     QApplication::setWindowIcon(quorvane::iconOfTemplate(quorvane::QtImages().imageNamed("menuBarIcon")));
     QApplication::setQuitOnLastWindowClosed(false);
-    // Its timer would wake an idle program half a minute after a picture was drawn, to throw a few pixels
-    // away.
+    // Its timer would wake an idle program half a minute after a picture was drawn, to free a few pixels.
     QPixmapCache::setCacheLimit(0);
 
     const auto x = quorvane::XConnection::open();

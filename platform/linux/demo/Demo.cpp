@@ -1,8 +1,7 @@
 // Plays a story on the display and prints, for each step, what happened to the keyboard layout. Each argument
 // is a step:
 //   CLASS=SOURCE         brings the program with that window class to the front
-//   WHAT=SOURCE@KEYS     presses keys: their numbers on the hardware, all held at once, with commas in
-//   between
+//   WHAT=SOURCE@KEYS     presses keys, all held at once: their hardware numbers, with commas in between
 // SOURCE is the input source that has to be selected then. Exits 0 only if it was, at every step.
 
 #include <algorithm>
