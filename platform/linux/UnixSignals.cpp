@@ -31,6 +31,9 @@ void install(void (*handler)(int)) {
 } // namespace
 
 UnixSignals::UnixSignals(std::function<void()> onTermination) : onTermination_(std::move(onTermination)) {
+    // Whoever read what the program writes may have gone, as when the terminal that it was launched from is
+    // closed, or the process that launched it anew has ended.
+    std::signal(SIGPIPE, SIG_IGN);
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) return; // the signals then end the process as always
     readEnd = ends[0];

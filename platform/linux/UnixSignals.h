@@ -7,8 +7,8 @@
 
 namespace quorvane {
 
-/// SIGTERM, SIGINT and SIGHUP as a call from the event loop, so that the program ends the normal way. One
-/// object a process.
+/// SIGTERM, SIGINT and SIGHUP as a call from the event loop, so that the program ends the normal way;
+/// a broken pipe does not end it. One object a process.
 class UnixSignals {
 public:
     explicit UnixSignals(std::function<void()> onTermination);

@@ -46,7 +46,9 @@ void SingleInstance::askTheOtherToReopen() {
     message.type = x_.atom(reopenMessage);
     xcb_send_event(x_.xcb(), false, message.window, XCB_EVENT_MASK_NO_EVENT,
                    reinterpret_cast<const char*>(&message));
-    xcb_flush(x_.xcb());
+    // This process ends now, and the server would throw away what it has not read yet if there were something
+    // here that this process has not read. With an answer, it has read everything.
+    owner();
 }
 
 void SingleInstance::waitForTheOtherToEnd() {
