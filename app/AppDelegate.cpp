@@ -121,11 +121,8 @@ void AppDelegate::openPreferences() {
 
 void AppDelegate::showPreferences() {
     if (!preferences_) {
-        auto interface = desktop_.interfaceFiles.loadPreferences();
-        if (!interface)
-            return; // activating with nothing to show would only take the focus away from the user
         preferences_ = std::make_unique<AppPrefsWindowController>(
-            desktop_, companion_, hotKeyCenter_, std::move(interface),
+            desktop_, companion_, hotKeyCenter_, desktop_.interfaceFiles.loadPreferences(),
             [this](std::string_view id) { changeInputTo(id); });
     }
     preferences_->window().makeKeyAndOrderFront();
@@ -165,8 +162,7 @@ void AppDelegate::restart() {
 Menu AppDelegate::statusMenu() {
     const auto& application = desktop_.application;
     return {
-        {application.localizedString("Preferences…"), desktop_.interfaceFiles.hasPreferences(),
-         [this] { openPreferences(); }},
+        {application.localizedString("Preferences…"), true, [this] { openPreferences(); }},
         {application.localizedString("Quit Quorvane"), true, [this] { desktop_.application.terminate(); }}};
 }
 

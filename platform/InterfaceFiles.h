@@ -21,10 +21,8 @@ public:
 
     virtual MainInterface mainInterface() = 0;
 
-    /// The preferences window, new; null when this build of the desktop has none.
+    /// The preferences window, new; never null.
     virtual std::unique_ptr<PreferencesInterface> loadPreferences() = 0;
-
-    virtual bool hasPreferences() const = 0;
 };
 
 } // namespace quorvane

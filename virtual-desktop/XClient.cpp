@@ -1,10 +1,12 @@
 #include "virtual-desktop/XClient.h"
 
+#include <cstring>
 #include <stdexcept>
 
 #include <xcb/xtest.h>
 
 #include "platform/linux/keyboard/XcbXkb.h"
+#include "platform/linux/windows/WindowManagerRequests.h"
 #include "platform/linux/x11/XProperties.h"
 #include "platform/linux/x11/XcbReply.h"
 
@@ -112,17 +114,20 @@ void XClient::fake(std::uint8_t type, std::uint8_t detail, int x, int y) {
 
 void XClient::tellManager(xcb_window_t window, std::string_view message, std::uint32_t first,
                           std::uint32_t second) {
-    xcb_client_message_event_t event{};
-    event.response_type = XCB_CLIENT_MESSAGE;
-    event.format = 32;
-    event.window = window;
-    event.type = x_->atom(message);
-    event.data.data32[0] = first;
-    event.data.data32[1] = second;
-    xcb_send_event(xcb(), 0, root(),
-                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
-                   reinterpret_cast<const char*>(&event));
+    askWindowManager(*x_, window, message, first, second);
     deliver();
+}
+
+std::uint32_t XClient::pixelAt(int x, int y) {
+    const XcbReply<xcb_get_image_reply_t> image(xcb_get_image_reply(
+        xcb(),
+        xcb_get_image(xcb(), XCB_IMAGE_FORMAT_Z_PIXMAP, root(), static_cast<std::int16_t>(x),
+                      static_cast<std::int16_t>(y), 1, 1, ~0U),
+        nullptr));
+    std::uint32_t pixel = 0;
+    if (image && xcb_get_image_data_length(image.get()) >= int(sizeof pixel))
+        std::memcpy(&pixel, xcb_get_image_data(image.get()), sizeof pixel);
+    return pixel;
 }
 
 void XClient::deliver() {

@@ -44,7 +44,8 @@ public:
     void destroy(xcb_window_t window);
     xcb_window_t show(); ///< A little one.
 
-    unsigned currentGroup(); ///< The keyboard layout that typing uses, as the server tells it.
+    std::uint32_t pixelAt(int x, int y); ///< What is to be seen on the screen there.
+    unsigned currentGroup();             ///< The keyboard layout that typing uses, as the server tells it.
 
     xcb_window_t root() const { return x_->root(); }
 

@@ -55,7 +55,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
             {std::string(selectedKeyboardInputSourceChangedNotification), {}});
     }))
     , applicationBundles_(desktopEntries_)
-    , interfaceFiles_(x, screens_)
+    , interfaceFiles_(screens_, {x, notifications_, defaults_.standardUserDefaults()})
     , activations_(workspace_.addObserver(WorkspaceNotification::didActivateApplication,
                                           [this](const auto&) { interfaceFiles_.raiseIndicator(); }))
     , frontWindowChanges_(frontWindow_.changed.connect([this](const auto& bounds) {

@@ -10,6 +10,8 @@
 #include "platform/linux/LinuxDesktop.h"
 #include "platform/linux/Log.h"
 #include "platform/linux/UnixSignals.h"
+#include "platform/linux/appearance/ColorScheme.h"
+#include "platform/linux/localization/Translations.h"
 #include "platform/linux/qt/TemplateIcon.h"
 #include "platform/linux/x11/SingleInstance.h"
 
@@ -31,6 +33,7 @@ int runProgram(quorvane::XConnection& x, const std::function<bool(const char*)>&
         return 0;
     }
 
+    const quorvane::ColorScheme colorScheme(x);
     quorvane::LinuxDesktop linuxDesktop(x);
     auto& application = linuxDesktop.application();
     const quorvane::UnixSignals signals([&application] { application.terminate(); });
@@ -62,6 +65,8 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     // Its timer would wake an idle program half a minute after a picture was drawn, to free a few pixels.
     QPixmapCache::setCacheLimit(0);
+
+    quorvane::installTranslations();
 
     const auto x = quorvane::XConnection::open();
     if (!x) {

@@ -35,7 +35,6 @@ public:
 
     MainInterface mainInterface() override { return {window, inputIconWindow, iconView, iconBox}; }
     std::unique_ptr<PreferencesInterface> loadPreferences() override;
-    bool hasPreferences() const override { return true; }
 
     SimulatedWindow window;
     SimulatedWindow inputIconWindow;

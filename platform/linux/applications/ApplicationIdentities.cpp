@@ -17,16 +17,6 @@ constexpr std::uint32_t windowEvents =
     XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_FOCUS_CHANGE;
 constexpr std::array identifyingProperties = {"WM_CLASS", "_GTK_APPLICATION_ID", "_KDE_NET_WM_DESKTOP_FILE"};
 
-/// Programs that run other programs: they do not tell which application it is.
-bool isInterpreter(std::string_view program) {
-    constexpr std::array names = {"bash", "dash", "electron", "flatpak", "gjs", "java", "mono",
-                                  "node", "perl", "python",   "ruby",    "sh",  "wine"};
-    return std::ranges::any_of(names, [&](std::string_view name) {
-        if (!program.starts_with(name)) return false;
-        return program.find_first_not_of("0123456789.-", name.size()) == std::string_view::npos;
-    });
-}
-
 std::string withoutPathAndSuffix(std::string file) {
     file.erase(0, file.rfind('/') + 1);
     constexpr std::string_view suffix = ".desktop";
@@ -132,17 +122,9 @@ DesktopEntryRef ApplicationIdentities::installed(const WindowFacts& facts, const
         if (auto entry = entries_.withStartupWmClass(wmName)) return entry;
     }
     for (const auto& wmName : {facts.wmClass, facts.wmInstance}) {
-        if (auto entry = installedFor(wmName)) return entry;
+        if (auto entry = entries_.named(wmName)) return entry;
     }
-    if (isInterpreter(program)) return nullptr;
-    if (auto entry = entries_.withProgram(program)) return entry;
-    return installedFor(program);
-}
-
-DesktopEntryRef ApplicationIdentities::installedFor(const std::string& wmName) {
-    if (wmName.empty()) return nullptr;
-    if (auto entry = entries_.withId(wmName)) return entry;
-    return entries_.withIdLike(wmName);
+    return entries_.ofRunningProgram(program);
 }
 
 std::string ApplicationIdentities::idOfSameProcess(int pid) const {

@@ -64,7 +64,6 @@ private:
     WindowOwner identify(const WindowFacts& facts);
     DesktopEntryRef installed(const WindowFacts& facts, const std::string& flatpakId,
                               const std::string& program);
-    DesktopEntryRef installedFor(const std::string& wmName);
     std::string idOfSameProcess(int pid) const;
 
     XConnection& x_;

@@ -1,6 +1,7 @@
 #include "platform/linux/applications/DesktopEntries.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdlib>
 #include <sstream>
@@ -63,6 +64,22 @@ std::string currentLocale() {
     return {};
 }
 
+/// Programs that run other programs: they do not tell which application it is.
+bool isInterpreter(std::string_view program) {
+    constexpr std::array names = {"bash", "dash", "electron", "flatpak", "gjs", "java", "mono",
+                                  "node", "perl", "python",   "ruby",    "sh",  "wine"};
+    return std::ranges::any_of(names, [&](std::string_view name) {
+        if (!program.starts_with(name)) return false;
+        return program.find_first_not_of("0123456789.-", name.size()) == std::string_view::npos;
+    });
+}
+
+std::string idInFolder(const fs::path& file, const fs::path& folder) {
+    auto id = file.lexically_relative(folder).replace_extension().string();
+    std::ranges::replace(id, '/', '-');
+    return id;
+}
+
 } // namespace
 
 DesktopEntries DesktopEntries::ofEnvironment() {
@@ -110,6 +127,48 @@ DesktopEntryRef DesktopEntries::withProgram(std::string_view program) {
     return find(&DesktopEntries::byProgram_, std::string(program));
 }
 
+DesktopEntryRef DesktopEntries::named(std::string_view name) {
+    if (name.empty()) return nullptr;
+    if (auto entry = withId(name)) return entry;
+    return withIdLike(name);
+}
+
+DesktopEntryRef DesktopEntries::ofRunningProgram(std::string_view program) {
+    if (isInterpreter(program)) return nullptr;
+    if (auto entry = withProgram(program)) return entry;
+    return named(program);
+}
+
+std::vector<DesktopEntryRef> DesktopEntries::all() {
+    if (!isListed_ || foldersHaveChanged()) {
+        forget();
+        list();
+    }
+    if (!isIndexed_) index();
+    std::vector<DesktopEntryRef> entries;
+    for (const auto& [id, candidate] : candidates_) {
+        if (candidate.entry && access(candidate.entry->path.c_str(), F_OK) == 0)
+            entries.push_back(candidate.entry);
+    }
+    return entries;
+}
+
+std::optional<std::string> DesktopEntries::idOfFile(const fs::path& file) const {
+    for (const auto& dataFolder : dataFolders_) {
+        const auto folder = dataFolder / "applications";
+        const auto relative = file.lexically_normal().lexically_relative(folder);
+        if (!relative.empty() && *relative.begin() != ".." && *relative.begin() != ".")
+            return idInFolder(file.lexically_normal(), folder);
+    }
+    return std::nullopt;
+}
+
+std::optional<DesktopEntry> DesktopEntries::entryInFile(const fs::path& file) const {
+    auto entry = parseDesktopEntry(contents(file), localeSuffixes_);
+    if (entry) entry->path = file.string();
+    return entry;
+}
+
 DesktopEntryRef DesktopEntries::lookUp(const std::function<DesktopEntryRef()>& find) {
     if (!isListed_) list();
     if (auto entry = find()) return entry;
@@ -133,10 +192,9 @@ const DesktopEntryRef& DesktopEntries::read(const std::string& id, Candidate& ca
     if (candidate.isRead) return candidate.entry;
     candidate.isRead = true;
     for (const auto& file : candidate.files) {
-        auto entry = parseDesktopEntry(contents(file), localeSuffixes_);
+        auto entry = entryInFile(file);
         if (!entry) continue;
         entry->id = id;
-        entry->path = file.string();
         if (!entry->isHidden) candidate.entry = std::make_shared<const DesktopEntry>(std::move(*entry));
         break;
     }
@@ -163,9 +221,7 @@ void DesktopEntries::listFolder(const fs::path& folder) {
          it.increment(error)) {
         if (it->is_directory(error)) note(it->path());
         if (it->path().extension() != ".desktop") continue;
-        auto id = it->path().lexically_relative(folder).replace_extension().string();
-        std::ranges::replace(id, '/', '-');
-        candidates_[id].files.push_back(it->path());
+        candidates_[idInFolder(it->path(), folder)].files.push_back(it->path());
     }
 }
 

@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -39,9 +40,25 @@ public:
     /// "org.kde.kate".
     DesktopEntryRef withIdLike(std::string_view name);
 
+    /// By the id, or else by what is like it.
+    DesktopEntryRef named(std::string_view name);
+
     /// The one application for the desktop that starts this program; null when several do, because then the
     /// program (an interpreter, a launcher) does not tell which application it is.
     DesktopEntryRef withProgram(std::string_view program);
+
+    /// The application that a running program of this name is: the one that starts it, or else the one that
+    /// is named like it. Null for an interpreter, which does not tell which application it runs.
+    DesktopEntryRef ofRunningProgram(std::string_view program);
+
+    /// All of them, sorted by id, as they are installed now.
+    std::vector<DesktopEntryRef> all();
+
+    /// The id of a file in one of the folders, whether it counts or not; none for a file elsewhere.
+    std::optional<std::string> idOfFile(const std::filesystem::path& file) const;
+
+    /// What a file says, wherever it is: with its path, without an id. None when it describes no application.
+    std::optional<DesktopEntry> entryInFile(const std::filesystem::path& file) const;
 
 private:
     struct Candidate {

@@ -76,6 +76,16 @@ std::string programOf(std::string_view command) {
     return {};
 }
 
+std::vector<std::string> listOf(std::string_view value) {
+    std::vector<std::string> elements;
+    while (!value.empty()) {
+        const auto end = std::min(value.find(';'), value.size());
+        if (end > 0) elements.emplace_back(value.substr(0, end));
+        value.remove_prefix(std::min(end + 1, value.size()));
+    }
+    return elements;
+}
+
 /// The lines of the group [Desktop Entry], read one by one.
 class Reader {
 public:
@@ -117,6 +127,12 @@ private:
             entry_.runsInTerminal = value == "true";
         else if (key == "NoDisplay")
             entry_.noDisplay = value == "true";
+        else if (key == "TryExec")
+            entry_.tryExec = unescaped(value);
+        else if (key == "OnlyShowIn")
+            entry_.onlyShowIn = listOf(value);
+        else if (key == "NotShowIn")
+            entry_.notShowIn = listOf(value);
     }
 
     void takeName(std::string_view bracketed, std::string_view value) {

@@ -18,6 +18,9 @@ struct DesktopEntry {
     bool isHidden = false;      ///< The file says that the application is to count as not installed.
     bool runsInTerminal = false;
     bool noDisplay = false; ///< Not for menus; an application all the same.
+    std::string tryExec;    ///< A program without which menus do not show it; empty when there is none.
+    std::vector<std::string> onlyShowIn; ///< The desktops whose menus show it; empty when all do.
+    std::vector<std::string> notShowIn;  ///< The desktops whose menus do not.
 };
 
 /// The locale suffixes of a key that fit a POSIX locale name, best first: for "de_AT.UTF-8@euro" these are

@@ -1,17 +1,13 @@
 #include "platform/linux/qt/LinuxApplicationBundles.h"
 
 #include <QFile>
-#include <QGuiApplication>
-#include <QIcon>
 #include <QLocale>
 
 #include "platform/linux/applications/LauncherTable.h"
-#include "platform/linux/qt/QtImage.h"
+#include "platform/linux/qt/ApplicationIcon.h"
 
 namespace quorvane {
 namespace {
-
-constexpr int iconSize = 32; // points
 
 std::optional<DesktopEntry> entryAtPath(std::string_view path) {
     QFile file(QString::fromUtf8(path.data(), qsizetype(path.size())));
@@ -37,9 +33,7 @@ std::string LinuxApplicationBundles::displayNameAtPath(std::string_view path) co
 ImageRef LinuxApplicationBundles::iconForFile(std::string_view path) const {
     const auto entry = entryAtPath(path);
     if (!entry || entry->icon.empty()) return nullptr;
-    const auto name = QString::fromStdString(entry->icon);
-    const auto icon = name.startsWith('/') ? QIcon(name) : QIcon::fromTheme(name);
-    return QtImage::make(icon.pixmap(QSize(iconSize, iconSize), qGuiApp->devicePixelRatio()).toImage());
+    return std::make_shared<ApplicationIcon>(QString::fromStdString(entry->icon));
 }
 
 } // namespace quorvane

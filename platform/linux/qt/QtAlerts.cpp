@@ -7,6 +7,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "platform/linux/qt/MainWindow.h"
+
 namespace quorvane {
 namespace {
 
@@ -60,7 +62,7 @@ AlertAnswer QtAlerts::runModal(const Alert& alert) {
 }
 
 void QtAlerts::beginSheet(const Alert& alert, std::function<void(const AlertAnswer&)> completion) {
-    auto* box = new AlertBox(alert, QApplication::activeWindow());
+    auto* box = new AlertBox(alert, mainWindow());
     box->setAttribute(Qt::WA_DeleteOnClose);
     QObject::connect(box, &QDialog::finished, box,
                      [box, completion = std::move(completion)] { completion(box->answer()); });

@@ -22,7 +22,8 @@ void QtApplicationPort::activateIgnoringOtherApps() {
 }
 
 void QtApplicationPort::terminate() {
-    QCoreApplication::quit();
+    // Not `quit`, which closes the windows first: the program does other things when the user closes one.
+    QCoreApplication::exit();
 }
 
 } // namespace quorvane

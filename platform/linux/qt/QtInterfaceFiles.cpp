@@ -29,8 +29,9 @@ struct QtInterfaceFiles::Windows {
     QtIndicatorWindow inputIconWindow;
 };
 
-QtInterfaceFiles::QtInterfaceFiles(XConnection& x, const X11Screens& screens)
-    : windows_(std::make_unique<Windows>(x, screens)) {}
+QtInterfaceFiles::QtInterfaceFiles(const X11Screens& screens, const QtPreferences::Neighbours& neighbours)
+    : neighbours_(neighbours)
+    , windows_(std::make_unique<Windows>(neighbours.x, screens)) {}
 
 QtInterfaceFiles::~QtInterfaceFiles() = default;
 
@@ -40,7 +41,7 @@ MainInterface QtInterfaceFiles::mainInterface() {
 }
 
 std::unique_ptr<PreferencesInterface> QtInterfaceFiles::loadPreferences() {
-    return nullptr;
+    return std::make_unique<QtPreferences>(neighbours_);
 }
 
 void QtInterfaceFiles::raiseIndicator() {

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "platform/InterfaceFiles.h"
+#include "platform/linux/preferences/QtPreferences.h"
 #include "platform/linux/windows/X11Screens.h"
 #include "platform/linux/x11/XConnection.h"
 
@@ -11,19 +12,19 @@ namespace quorvane {
 /// The program's windows, drawn by Qt.
 class QtInterfaceFiles : public InterfaceFiles {
 public:
-    /// The connection and the screens must outlive this object.
-    QtInterfaceFiles(XConnection& x, const X11Screens& screens);
+    /// Everything given must outlive this object and the windows it makes.
+    QtInterfaceFiles(const X11Screens& screens, const QtPreferences::Neighbours& neighbours);
     ~QtInterfaceFiles() override;
 
     MainInterface mainInterface() override;
     std::unique_ptr<PreferencesInterface> loadPreferences() override;
-    bool hasPreferences() const override { return false; }
 
     /// Other windows have come to the front: the floating indicator belongs above them.
     void raiseIndicator();
 
 private:
     struct Windows;
+    QtPreferences::Neighbours neighbours_;
     std::unique_ptr<Windows> windows_;
 };
 

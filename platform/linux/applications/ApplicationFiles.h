@@ -1,0 +1,19 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "platform/linux/applications/DesktopEntries.h"
+
+namespace quorvane {
+
+/// The bundle identifier of the application with that desktop-file id: the id, except for a launcher's.
+std::string bundleIdentifierOfDesktopId(const std::string& id);
+
+/// The bundle identifier under which the workspace reports the application that a file belongs to. A desktop
+/// file counts by the place where it is installed, or elsewhere by what it starts; an executable by the
+/// desktop file that starts it, or else by its name. None for any other file.
+std::optional<std::string> bundleIdentifierOfFile(DesktopEntries& entries, const std::filesystem::path& file);
+
+} // namespace quorvane

@@ -1,0 +1,306 @@
+#include "platform/linux/preferences/CellTable.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+
+#include "platform/linux/preferences/CellDelegate.h"
+#include "platform/linux/preferences/CellPopUp.h"
+#include "platform/linux/preferences/ShortcutRecorder.h"
+
+namespace quorvane {
+namespace {
+
+constexpr int narrowestColumn = 28;
+constexpr int besideColumn = 6;  ///< Between what is in a column and the next one.
+constexpr int aroundControl = 4; ///< Above and below it together.
+
+} // namespace
+
+CellTable::CellTable(QWidget* parent)
+    : QTableView(parent)
+    , icons_([this] { viewport()->update(); })
+    , controls_(*this, model_, [this](const QModelIndex& index) { pressControl(index); }) {
+    setItemDelegate(new CellDelegate(model_, icons_, this));
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(DoubleClicked);
+    setTabKeyNavigation(false);
+    setShowGrid(false);
+    setWordWrap(false);
+    setAlternatingRowColors(true);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollMode(ScrollPerPixel);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    auto& header = *horizontalHeader();
+    header.setHighlightSections(false);
+    header.setSectionsClickable(false);
+    header.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    header.setMinimumSectionSize(narrowestColumn);
+    setModel(&model_);
+    updateRowHeight();
+}
+
+CellTable::~CellTable() {
+    setModel(nullptr); // It goes before the table does.
+}
+
+void CellTable::setColumnIdentifiers(const QStringList& identifiers) {
+    model_.setColumnIdentifiers(identifiers);
+    hasWidths_ = false;
+}
+
+void CellTable::setKeyboard(ShortcutKeyboard& keyboard) {
+    model_.setKeyboard(keyboard);
+    controls_.setKeyboard(keyboard);
+}
+
+void CellTable::setSource(PreferencesActions& actions, const TableView& table, std::function<void()> action) {
+    actions_ = &actions;
+    port_ = &table;
+    action_ = std::move(action);
+    model_.setSource(actions, table);
+    reload();
+    updateRowHeight();
+}
+
+void CellTable::reload() {
+    const QScopedValueRollback quiet(isQuiet_, true);
+    const int count = model_.currentRowCount();
+    if (selectedRow() >= count) clearSelection();
+    // Or else the row that the toolkit goes to instead would be selected.
+    if (currentIndex().row() >= count)
+        selectionModel()->setCurrentIndex(model_.index(count - 1, currentIndex().column()),
+                                          QItemSelectionModel::NoUpdate);
+    if (drag_ && drag_->row() >= count) drag_.reset();
+    controls_.reload();
+    model_.reload();
+    updateSight();
+}
+
+int CellTable::selectedRow() const {
+    const auto rows = selectionModel()->selectedRows();
+    return rows.isEmpty() ? noRow : rows.first().row();
+}
+
+void CellTable::setSelectedRow(int row) {
+    const QScopedValueRollback quiet(isQuiet_, true);
+    const auto index = model_.index(row, std::max(0, currentIndex().column()));
+    if (!index.isValid()) return;
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void CellTable::deselectAll() {
+    const QScopedValueRollback quiet(isQuiet_, true);
+    clearSelection();
+}
+
+/// Room for the title, and for what is in the column as far as it is no text.
+int CellTable::sizeHintForColumn(int column) const {
+    const auto& cell = model_.sample(column);
+    int width = horizontalHeader()->sectionSizeHint(column);
+    const auto makeRoom = [&width](double wanted) {
+        width = std::max(width, static_cast<int>(std::ceil(wanted)));
+    };
+    if (const auto* image = partOf<ImageViewPart>(cell)) makeRoom(image->frame.x + image->frame.width);
+    if (const auto* popUp = partOf<PopUpButtonPart>(cell))
+        makeRoom(popUp->frame.x + CellPopUp::preferredWidth(*popUp, fontMetrics()));
+    if (const auto* recorder = partOf<ShortcutRecorderPart>(cell))
+        makeRoom(recorder->frame.x + ShortcutRecorder::preferredWidth(fontMetrics()));
+    return width + besideColumn;
+}
+
+/// Once, when the first row shows what is in the columns. From then on they are as the user makes them.
+void CellTable::layOutColumns() {
+    if (hasWidths_ || model_.columnCount() == 0) return;
+    hasWidths_ = model_.rowCount() > 0;
+    auto& header = *horizontalHeader();
+    int stretched = model_.columnCount() - 1;
+    for (int column = model_.columnCount() - 1; column >= 0; --column) {
+        if (partOf<TextFieldPart>(model_.sample(column))) stretched = column;
+        header.setSectionResizeMode(column, QHeaderView::Interactive);
+        header.resizeSection(column, sizeHintForColumn(column));
+    }
+    header.setSectionResizeMode(stretched, QHeaderView::Stretch);
+}
+
+void CellTable::updateRowHeight() {
+    const int control = std::max(QComboBox().sizeHint().height(), fontMetrics().height() + aroundControl);
+    const int height = std::max(static_cast<int>(std::ceil(model_.heightOfRow())), control + aroundControl);
+    verticalHeader()->setMinimumSectionSize(height);
+    verticalHeader()->setDefaultSectionSize(height);
+}
+
+/// Has what is to be seen in the rows that can be seen now, and nothing else.
+void CellTable::updateSight() {
+    if (isUpdatingSight_ || !isVisible()) return;
+    const QScopedValueRollback updating(isUpdatingSight_, true);
+    layOutColumns();
+    int first = rowAt(0);
+    int last = rowAt(viewport()->height() - 1);
+    if (first < 0)
+        first = last = -1;
+    else if (last < 0)
+        last = model_.rowCount() - 1;
+    const int screenful = last - first + 1;
+    model_.keepRows(first - screenful, last + screenful);
+    controls_.show(std::max(first, 0), last);
+
+    std::vector<IconLoader::Icon> icons;
+    for (int row = std::max(first, 0); row <= last; ++row) {
+        for (int column = 0; column < model_.columnCount(); ++column) {
+            const auto* image = partOf<ImageViewPart>(model_.cell(row, column));
+            const auto icon = image ? CellDelegate::iconToLoad(*image, devicePixelRatioF()) : std::nullopt;
+            if (icon) icons.push_back(*icon);
+        }
+    }
+    icons_.load(icons);
+}
+
+bool CellTable::act(const QModelIndex& index) {
+    if (!index.isValid()) return false;
+    scrollTo(index);
+    if (auto* control = controls_.at(index)) {
+        control->act();
+        return true;
+    }
+    return index.flags() & Qt::ItemIsEditable && edit(index, AllEditTriggers, nullptr);
+}
+
+/// A widget in a cell was pressed: its cell is where the keyboard goes on from.
+void CellTable::pressControl(const QModelIndex& index) {
+    const QScopedValueRollback quiet(isQuiet_, true);
+    setFocus(Qt::MouseFocusReason);
+    setCurrentIndex(index);
+    tellAction();
+}
+
+void CellTable::tellAction() {
+    if (action_) action_();
+}
+
+void CellTable::keyPressEvent(QKeyEvent* event) {
+    const bool isPlain = !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    switch (isPlain ? event->key() : 0) {
+    case Qt::Key_Escape:
+        if (!drag_) break;
+        drag_.reset();
+        pressedRow_ = noRow;
+        return;
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_F2:
+        if (act(currentIndex())) return;
+        break;
+    case Qt::Key_Delete:
+    case Qt::Key_Backspace:
+        if (auto* control = controls_.at(currentIndex())) control->clear();
+        return;
+    default:
+        break;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+void CellTable::mousePressEvent(QMouseEvent* event) {
+    {
+        const QScopedValueRollback quiet(isQuiet_, true);
+        QTableView::mousePressEvent(event);
+    }
+    rememberPress(*event);
+    tellAction();
+}
+
+void CellTable::mouseDoubleClickEvent(QMouseEvent* event) {
+    QTableView::mouseDoubleClickEvent(event);
+    rememberPress(*event);
+}
+
+/// From here a row may be dragged.
+void CellTable::rememberPress(const QMouseEvent& event) {
+    pressedAt_ = event.position().toPoint();
+    pressedRow_ = isReorderable_ && event.button() == Qt::LeftButton ? rowAt(pressedAt_.y()) : noRow;
+}
+
+void CellTable::mouseMoveEvent(QMouseEvent* event) {
+    if (pressedRow_ == noRow) {
+        QTableView::mouseMoveEvent(event);
+        return;
+    }
+    const auto position = event->position().toPoint();
+    const bool isFarEnough = (position - pressedAt_).manhattanLength() >= QApplication::startDragDistance();
+    if (!drag_ && isFarEnough && pressedRow_ < model_.rowCount())
+        drag_ = std::make_unique<RowDrag>(*this, pressedRow_, pressedAt_);
+    if (drag_) drag_->moveTo(position);
+}
+
+void CellTable::mouseReleaseEvent(QMouseEvent* event) {
+    QTableView::mouseReleaseEvent(event);
+    if (event->button() != Qt::LeftButton) return;
+    pressedRow_ = noRow;
+    const auto drag = std::move(drag_);
+    if (!drag) return;
+    drag->moveTo(event->position().toPoint());
+    if (actions_) actions_->acceptDrop(*port_, port_, drag->row(), drag->gap());
+}
+
+void CellTable::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QTableView::selectionChanged(selected, deselected);
+    if (!isQuiet_) tellAction();
+}
+
+/// The Tab key ends the editing of a name and does not begin that of the next one.
+void CellTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint /*hint*/) {
+    QTableView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
+void CellTable::updateGeometries() {
+    QTableView::updateGeometries();
+    updateSight();
+}
+
+void CellTable::scrollContentsBy(int dx, int dy) {
+    QTableView::scrollContentsBy(dx, dy);
+    updateSight();
+}
+
+void CellTable::showEvent(QShowEvent* event) {
+    QTableView::showEvent(event);
+    updateSight();
+}
+
+void CellTable::hideEvent(QHideEvent* event) {
+    QTableView::hideEvent(event);
+    drag_.reset();
+    pressedRow_ = noRow;
+    icons_.load({});
+    if (!window()->isVisible()) icons_.clear(); // The window is closed, not another tab chosen.
+}
+
+void CellTable::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
+    updateRowHeight();
+    updateSight();
+}
+
+void CellTable::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    if (model_.rowCount() > 0 || emptyText_.isEmpty()) return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    constexpr int around = 16;
+    painter.drawText(viewport()->rect().adjusted(around, around, -around, -around),
+                     Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+}
+
+} // namespace quorvane

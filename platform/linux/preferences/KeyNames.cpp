@@ -1,0 +1,132 @@
+#include "platform/linux/preferences/KeyNames.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <iterator>
+#include <string_view>
+
+#include <QKeySequence>
+#include <X11/keysym.h>
+#include <xkbcommon/xkbcommon.h>
+
+#include "platform/linux/keyboard/KeyCodes.h"
+#include "platform/linux/keyboard/XcbXkb.h"
+#include "platform/linux/x11/XcbReply.h"
+
+namespace quorvane {
+namespace {
+
+struct NamedKey {
+    std::int64_t keyCode;
+    QKeyCombination key;
+};
+
+// clang-format off
+constexpr NamedKey namedKeys[] = {
+    {0x35, Qt::Key_Escape}, {0x33, Qt::Key_Backspace}, {0x30, Qt::Key_Tab}, {0x24, Qt::Key_Return},
+    {0x31, Qt::Key_Space}, {0x6e, Qt::Key_Menu},
+    {0x7a, Qt::Key_F1}, {0x78, Qt::Key_F2}, {0x63, Qt::Key_F3}, {0x76, Qt::Key_F4}, {0x60, Qt::Key_F5},
+    {0x61, Qt::Key_F6}, {0x62, Qt::Key_F7}, {0x64, Qt::Key_F8}, {0x65, Qt::Key_F9}, {0x6d, Qt::Key_F10},
+    {0x67, Qt::Key_F11}, {0x6f, Qt::Key_F12}, {0x69, Qt::Key_F13}, {0x6b, Qt::Key_F14}, {0x71, Qt::Key_F15},
+    {0x6a, Qt::Key_F16}, {0x40, Qt::Key_F17}, {0x4f, Qt::Key_F18}, {0x50, Qt::Key_F19}, {0x5a, Qt::Key_F20},
+    {0x72, Qt::Key_Insert}, {0x75, Qt::Key_Delete}, {0x73, Qt::Key_Home}, {0x77, Qt::Key_End},
+    {0x74, Qt::Key_PageUp}, {0x79, Qt::Key_PageDown},
+    {0x7b, Qt::Key_Left}, {0x7c, Qt::Key_Right}, {0x7e, Qt::Key_Up}, {0x7d, Qt::Key_Down},
+    {0x47, Qt::Key_NumLock},
+    {0x52, Qt::KeypadModifier | Qt::Key_0}, {0x53, Qt::KeypadModifier | Qt::Key_1},
+    {0x54, Qt::KeypadModifier | Qt::Key_2}, {0x55, Qt::KeypadModifier | Qt::Key_3},
+    {0x56, Qt::KeypadModifier | Qt::Key_4}, {0x57, Qt::KeypadModifier | Qt::Key_5},
+    {0x58, Qt::KeypadModifier | Qt::Key_6}, {0x59, Qt::KeypadModifier | Qt::Key_7},
+    {0x5b, Qt::KeypadModifier | Qt::Key_8}, {0x5c, Qt::KeypadModifier | Qt::Key_9},
+    {0x41, Qt::KeypadModifier | Qt::Key_Period}, {0x43, Qt::KeypadModifier | Qt::Key_Asterisk},
+    {0x45, Qt::KeypadModifier | Qt::Key_Plus}, {0x4b, Qt::KeypadModifier | Qt::Key_Slash},
+    {0x4c, Qt::KeypadModifier | Qt::Key_Enter}, {0x4e, Qt::KeypadModifier | Qt::Key_Minus},
+    {0x51, Qt::KeypadModifier | Qt::Key_Equal}, {0x5f, Qt::KeypadModifier | Qt::Key_Comma},
+    {0x48, Qt::Key_VolumeUp}, {0x49, Qt::Key_VolumeDown}, {0x4a, Qt::Key_VolumeMute},
+};
+// clang-format on
+
+/// Of XK_dead_grave and those that follow it, which no code point stands for.
+constexpr std::u16string_view accents = u"`´^~¯˘˙¨°˝ˇ¸˛";
+
+constexpr std::size_t mostGroups = 4;
+
+/// What the keys type without modifiers, in each layout.
+using KeysymsOfGroups = std::array<std::map<std::uint8_t, std::uint32_t>, mostGroups>;
+
+void addKey(KeysymsOfGroups& groups, std::uint8_t keycode, const xcb_xkb_key_sym_map_t& key) {
+    const auto* const keysyms = xcb_xkb_key_sym_map_syms(&key);
+    const std::size_t groupCount = key.groupInfo & 0xf;
+    for (std::size_t group = 0; group < mostGroups && groupCount; ++group) {
+        const auto place = group % groupCount * key.width; // A key with fewer groups uses them in turn.
+        if (place < key.nSyms) groups[group][keycode] = keysyms[place];
+    }
+}
+
+KeysymsOfGroups readGroups(XConnection& x) {
+    KeysymsOfGroups groups;
+    auto* xcb = x.xcb();
+    const auto* extension = xcb_get_extension_data(xcb, &xcb_xkb_id);
+    if (!extension || !extension->present) return groups;
+    const auto first = xcb_get_setup(xcb)->min_keycode;
+    const auto count = static_cast<std::uint8_t>(xcb_get_setup(xcb)->max_keycode - first + 1);
+    xcb_discard_reply(xcb, xcb_xkb_use_extension(xcb, 1, 0).sequence);
+    const auto cookie = xcb_xkb_get_map(xcb, XCB_XKB_ID_USE_CORE_KBD, 0, XCB_XKB_MAP_PART_KEY_SYMS, 0, 0,
+                                        first, count, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+    const XcbReply<xcb_xkb_get_map_reply_t> reply(xcb_xkb_get_map_reply(xcb, cookie, nullptr));
+    if (!reply) return groups;
+    xcb_xkb_get_map_map_t map{};
+    xcb_xkb_get_map_map_unpack(xcb_xkb_get_map_map(reply.get()), reply->nTypes, reply->nKeySyms,
+                               reply->nKeyActions, reply->totalActions, reply->totalKeyBehaviors,
+                               reply->virtualMods, reply->totalKeyExplicit, reply->totalModMapKeys,
+                               reply->totalVModMapKeys, reply->present, &map);
+    auto keycode = reply->firstKeySym;
+    for (auto key = xcb_xkb_get_map_map_syms_rtrn_iterator(reply.get(), &map); key.rem;
+         xcb_xkb_key_sym_map_next(&key))
+        addKey(groups, keycode++, *key.data);
+    return groups;
+}
+
+/// Whether it types most of the Latin alphabet.
+bool isLatin(const std::map<std::uint8_t, std::uint32_t>& keysyms) {
+    constexpr int mostOfTheAlphabet = 14;
+    return std::ranges::count_if(keysyms, [](const auto& key) {
+               return key.second >= XK_a && key.second <= XK_z;
+           }) >= mostOfTheAlphabet;
+}
+
+QString nameOfKeysym(std::uint32_t keysym) {
+    if (keysym >= XK_dead_grave && keysym - XK_dead_grave < accents.size())
+        return QChar(accents[keysym - XK_dead_grave]);
+    const char32_t character = xkb_keysym_to_utf32(keysym);
+    if (QChar::isPrint(character)) {
+        const auto capital = QChar::toUpper(character);
+        return QString::fromUcs4(&capital, 1);
+    }
+    std::array<char, 64> name{};
+    return xkb_keysym_get_name(keysym, name.data(), name.size()) > 0 ? QString::fromUtf8(name.data())
+                                                                     : QString();
+}
+
+} // namespace
+
+KeyNames KeyNames::read(XConnection& x) {
+    auto groups = readGroups(x);
+    auto* const latin = std::ranges::find_if(groups, isLatin);
+    KeyNames names;
+    names.keysyms_ = std::move(latin == groups.end() ? groups.front() : *latin);
+    return names;
+}
+
+QString KeyNames::nameOf(std::int64_t keyCode) const {
+    const auto* const named = std::ranges::find(namedKeys, keyCode, &NamedKey::keyCode);
+    if (named != std::end(namedKeys)) return QKeySequence(named->key).toString(QKeySequence::NativeText);
+    const auto keysym = keysyms_.find(xKeycodeOf(keyCode).value_or(0));
+    const auto name = keysym == keysyms_.end() || keysym->second == XKB_KEY_NoSymbol
+                          ? QString()
+                          : nameOfKeysym(keysym->second);
+    return name.isEmpty() ? QStringLiteral("#%1").arg(keyCode) : name;
+}
+
+} // namespace quorvane

@@ -1,0 +1,113 @@
+#include "platform/linux/preferences/QtPreferences.h"
+
+#include <list>
+
+#include "platform/linux/preferences/CheckBoxBinding.h"
+#include "platform/linux/preferences/QtOutlets.h"
+#include "platform/linux/preferences/QtPreferencesWindow.h"
+#include "platform/linux/preferences/QtTableView.h"
+#include "platform/linux/preferences/ShortcutKeyboard.h"
+#include "ui_Preferences.h"
+
+namespace quorvane {
+
+struct QtPreferences::Widgets {
+    explicit Widgets(const Neighbours& neighbours);
+
+    void bindCheckBoxes(StandardUserDefaults& standard);
+
+    ShortcutKeyboard keyboard;
+    QtPreferencesWindow window;
+    Ui::Preferences form;
+    QtTabView tabView;
+    QtLabel version, switchTimes;
+    QtButton removeByApplication, removeByLocation, setUp;
+    QtPopUpButton defaultInput;
+    QtTableView applications, locations, shortcuts;
+    std::list<CheckBoxBinding> bindings;
+};
+
+QtPreferences::Widgets::Widgets(const Neighbours& neighbours)
+    : keyboard(neighbours.x)
+    , window(neighbours.x, neighbours.notifications)
+    , form([this] {
+        Ui::Preferences made;
+        made.setupUi(&window);
+        return made;
+    }())
+    , tabView(*form.tabView)
+    , version(*form.version)
+    , switchTimes(*form.switchTimes)
+    , removeByApplication(*form.removeByApplicationButton)
+    , removeByLocation(*form.removeByLocationButton)
+    , setUp(*form.StartOrStopSetUpButton)
+    , defaultInput(*form.buttonOfDefaultInpust)
+    , applications(*form.autoInputByApplicationTableView)
+    , locations(*form.autoInputByLocationTableView)
+    , shortcuts(*form.shortcutTableView) {
+    form.shortcutTableView->setKeyboard(keyboard);
+    bindCheckBoxes(neighbours.standard);
+    window.dressUp();
+}
+
+void QtPreferences::Widgets::bindCheckBoxes(StandardUserDefaults& standard) {
+    for (auto* checkBox : window.findChildren<QCheckBox*>()) {
+        const auto key = checkBox->property("defaultsKey").toString().toStdString();
+        if (!key.empty()) bindings.emplace_back(*checkBox, standard, key);
+    }
+}
+
+QtPreferences::QtPreferences(const Neighbours& neighbours)
+    : widgets_(std::make_unique<Widgets>(neighbours)) {}
+
+QtPreferences::~QtPreferences() = default;
+
+PreferencesOutlets QtPreferences::outlets() {
+    auto& form = widgets_->form;
+    return {.window = widgets_->window,
+            .tabView = widgets_->tabView,
+            .Rules1 = *form.Rules1,
+            .Preference1 = *form.Preference1,
+            .Learn1 = *form.Learn1,
+            .Contactus1 = *form.Contactus1,
+            .FreeApps1 = *form.FreeApps1,
+            .version = widgets_->version,
+            .switchTimes = widgets_->switchTimes,
+            .removeByApplicationButton = widgets_->removeByApplication,
+            .removeByLocationButton = widgets_->removeByLocation,
+            .StartOrStopSetUpButton = widgets_->setUp,
+            .autoInputByApplicationTableView = widgets_->applications,
+            .autoInputByLocationTableView = widgets_->locations,
+            .shortcutTableView = widgets_->shortcuts,
+            .buttonOfDefaultInpust = widgets_->defaultInput};
+}
+
+void QtPreferences::connect(PreferencesActions& actions) {
+    auto& form = widgets_->form;
+    const auto calls = [&actions](auto* button, void (PreferencesActions::*action)()) {
+        QObject::connect(button, &QAbstractButton::clicked, button,
+                         [&actions, action] { (actions.*action)(); });
+    };
+    calls(form.Rules1, &PreferencesActions::Rules);
+    calls(form.Preference1, &PreferencesActions::Preference);
+    calls(form.Learn1, &PreferencesActions::Learn);
+    calls(form.FreeApps1, &PreferencesActions::FreeApps);
+    calls(form.Contactus1, &PreferencesActions::Contactus);
+    calls(form.addApplicationButton, &PreferencesActions::AddApplication);
+    calls(form.removeByApplicationButton, &PreferencesActions::RemoveApplication);
+    calls(form.removeByLocationButton, &PreferencesActions::RemoveLocation);
+    calls(form.StartOrStopSetUpButton, &PreferencesActions::startOrStopSetUpButtonClick);
+    QObject::connect(form.buttonOfDefaultInpust, &QComboBox::activated, form.buttonOfDefaultInpust,
+                     [&actions] { actions.defaultInputChanged(); });
+    for (auto* button : widgets_->window.findChildren<QAbstractButton*>()) {
+        const auto link = button->property("linkAction").toString().toStdString();
+        if (!link.empty())
+            QObject::connect(button, &QAbstractButton::clicked, button,
+                             [&actions, link] { actions.openLink(link); });
+    }
+    widgets_->applications.connect(actions, [&actions] { actions.mouseDownByApplication(); });
+    widgets_->locations.connect(actions, [&actions] { actions.mouseDownByLocation(); });
+    widgets_->shortcuts.connect(actions, [] {});
+}
+
+} // namespace quorvane

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/NotificationCenter.h"
+#include "platform/PreferencesInterface.h"
+#include "platform/UserDefaults.h"
+#include "platform/linux/x11/XConnection.h"
+
+namespace quorvane {
+
+/// The preferences window of this desktop, made of `resources/Preferences.ui`.
+class QtPreferences : public PreferencesInterface {
+public:
+    /// What the window needs of the desktop; all of it must outlive the window.
+    struct Neighbours {
+        XConnection& x;
+        NotificationCenter& notifications;
+        StandardUserDefaults& standard;
+    };
+
+    explicit QtPreferences(const Neighbours& neighbours);
+    ~QtPreferences() override;
+
+    PreferencesOutlets outlets() override;
+    void connect(PreferencesActions& actions) override;
+
+private:
+    struct Widgets;
+    std::unique_ptr<Widgets> widgets_;
+};
+
+} // namespace quorvane

@@ -1,0 +1,109 @@
+#include "platform/linux/preferences/QtPreferencesWindow.h"
+
+#include <QAbstractButton>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
+#include <QWindow>
+
+#include "platform/linux/windows/WindowManagerRequests.h"
+
+namespace quorvane {
+namespace {
+
+constexpr double titleScale = 1.4; // of the usual text's size
+
+/// The shape filled with the colour that the palette has for texts on buttons.
+QIcon inColour(const QIcon& shape, QSize size, double scale, const QPalette& palette) {
+    QIcon coloured;
+    for (const auto mode : {QIcon::Normal, QIcon::Disabled}) {
+        auto pixmap = shape.pixmap(size, scale);
+        QPainter painter(&pixmap);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+        painter.fillRect(pixmap.rect(), palette.color(group, QPalette::ButtonText));
+        painter.end();
+        coloured.addPixmap(pixmap, mode);
+    }
+    return coloured;
+}
+
+} // namespace
+
+QtPreferencesWindow::QtPreferencesWindow(XConnection& x, NotificationCenter& notifications)
+    : x_(x)
+    , notifications_(notifications) {
+    auto* closeKey = new QShortcut(QKeySequence(QKeySequence::Close), this);
+    connect(closeKey, &QShortcut::activated, this, &QWidget::close);
+}
+
+void QtPreferencesWindow::setStyle(const WindowStyle& style) {
+    setLevel(style.level);
+    setCollectionBehavior(style.collectionBehavior);
+    setMovableByWindowBackground(style.isMovableByWindowBackground);
+}
+
+void QtPreferencesWindow::setLevel(int level) {
+    if (isVisible()) keepAboveOthers(x_, static_cast<xcb_window_t>(winId()), level > 0);
+}
+
+void QtPreferencesWindow::setCollectionBehavior(unsigned behavior) {
+    if (isVisible()) showOnAllDesktops(x_, static_cast<xcb_window_t>(winId()), behavior != 0);
+}
+
+void QtPreferencesWindow::setFrameOrigin(Point origin) {
+    move(static_cast<int>(origin.x), screen()->geometry().height() - static_cast<int>(origin.y) - height());
+}
+
+void QtPreferencesWindow::makeKeyAndOrderFront() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
+void QtPreferencesWindow::dressUp() {
+    for (auto* label : findChildren<QLabel*>()) {
+        if (label->property("isSecondary").toBool()) label->setForegroundRole(QPalette::PlaceholderText);
+        if (!label->property("isTitle").toBool()) continue;
+        auto font = label->font();
+        font.setPointSizeF(font.pointSizeF() * titleScale);
+        label->setFont(font);
+    }
+    applyPalette();
+}
+
+void QtPreferencesWindow::applyPalette() {
+    for (auto* button : findChildren<QAbstractButton*>()) {
+        const auto file = button->property("templateIcon").toString();
+        if (!file.isEmpty())
+            button->setIcon(inColour(QIcon(file), button->iconSize(), devicePixelRatio(), palette()));
+    }
+    for (auto* button : findChildren<QPushButton*>()) {
+        if (!button->isFlat() || !button->property("linkAction").isValid()) continue;
+        auto colours = palette();
+        colours.setBrush(QPalette::ButtonText, colours.link());
+        button->setPalette(colours);
+    }
+}
+
+void QtPreferencesWindow::closeEvent(QCloseEvent* event) {
+    notifications_.post({std::string(windowWillCloseNotification), this});
+    event->accept();
+}
+
+void QtPreferencesWindow::mousePressEvent(QMouseEvent* event) {
+    // Whatever is in the window takes its own presses: what arrives here was meant for the background.
+    if (isMovableByBackground_ && event->button() == Qt::LeftButton) windowHandle()->startSystemMove();
+}
+
+void QtPreferencesWindow::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange) applyPalette();
+    QMainWindow::changeEvent(event);
+}
+
+} // namespace quorvane

@@ -1,0 +1,41 @@
+#include "platform/linux/windows/WindowManagerRequests.h"
+
+#include "platform/linux/x11/XProperties.h"
+
+namespace quorvane {
+namespace {
+
+constexpr std::uint32_t removeState = 0;
+constexpr std::uint32_t addState = 1;
+constexpr std::uint32_t everyDesktop = 0xFFFFFFFF;
+
+} // namespace
+
+void askWindowManager(XConnection& x, xcb_window_t window, std::string_view message, std::uint32_t first,
+                      std::uint32_t second) {
+    xcb_client_message_event_t event{};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = x.atom(message);
+    event.data.data32[0] = first;
+    event.data.data32[1] = second;
+    xcb_send_event(x.xcb(), 0, x.root(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                   reinterpret_cast<const char*>(&event));
+}
+
+void keepAboveOthers(XConnection& x, xcb_window_t window, bool above) {
+    askWindowManager(x, window, "_NET_WM_STATE", above ? addState : removeState,
+                     x.atom("_NET_WM_STATE_ABOVE"));
+}
+
+void showOnAllDesktops(XConnection& x, xcb_window_t window, bool all) {
+    const auto current = XProperty(x, x.root(), "_NET_CURRENT_DESKTOP").values();
+    if (all)
+        askWindowManager(x, window, "_NET_WM_DESKTOP", everyDesktop);
+    else if (!current.empty())
+        askWindowManager(x, window, "_NET_WM_DESKTOP", current.front());
+}
+
+} // namespace quorvane

@@ -1,0 +1,191 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTemporaryDir>
+
+#include "linux/preferences/ShownTable.h"
+
+namespace quorvane {
+namespace {
+
+constexpr std::uint8_t escape = 9, keyZ = 52, tab = 23, enter = 36, space = 65, keyA = 38, f2 = 68,
+                       down = 116, right = 114, deleteKey = 119;
+
+TEST(CellTableTest, TellsWhichMenuOpensBeforeWhatIsChosenInIt) {
+    ShownTable shown(5);
+    shown.click(shown.middleOf(2, input));
+    ASSERT_TRUE(waitUntil([] { return QApplication::activePopupWidget() != nullptr; }));
+    EXPECT_EQ(shown.log, Log({"opens 2"}));
+    EXPECT_EQ(shown.table.currentIndex().row(), 2);
+    shown.port.reloadData();
+    auto* comboBox = shown.widgetAt<QComboBox>(2, input);
+    ASSERT_TRUE(comboBox && comboBox->view()->isVisible()) << "a reload leaves the menu open";
+    auto* list = comboBox->view();
+    const auto item = list->visualRect(list->model()->index(1, 0)).center();
+    shown.click(list->viewport()->mapToGlobal(item));
+    EXPECT_TRUE(shown.waitFor({"opens 2", "chose Greek"}));
+
+    shown.log.clear();
+    ASSERT_TRUE(waitUntil([&] { return shown.table.hasFocus() && !QApplication::activePopupWidget(); }));
+    shown.tap({down, space});
+    ASSERT_TRUE(waitUntil([] { return QApplication::activePopupWidget() != nullptr; }));
+    shown.tap({down, down, enter});
+    EXPECT_TRUE(shown.waitFor({"opens 3", "chose German"}));
+
+    shown.log.clear();
+    ASSERT_TRUE(waitUntil([] { return !QApplication::activePopupWidget(); }));
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    QApplication::sendEvent(shown.widgetAt<QComboBox>(0, input), &key);
+    EXPECT_EQ(shown.log, Log({"opens 0", "chose Greek"})) << "also without being open";
+}
+
+TEST(CellTableTest, HasRowsDraggedIntoGaps) {
+    ShownTable shown(5);
+    const int height = shown.table.rowHeight(0);
+    const auto isDragging = [&] { return shown.table.viewport()->cursor().shape() == Qt::ClosedHandCursor; };
+    const auto drag = [&](int row, double to) { // In rows from the top of the first one.
+        shown.log.clear();
+        shown.actions = 0;
+        const auto start = shown.middleOf(row, name);
+        shown.moveTo(start);
+        shown.user.pressButton(1);
+        EXPECT_TRUE(waitUntil([&] { return shown.actions > 0; }));
+        shown.moveTo({start.x(), start.y() + static_cast<int>((to - row - 0.5) * height)});
+    };
+    const auto letGo = [&] {
+        shown.user.releaseButton(1);
+        shown.click(shown.middleOf(0, check));
+        return waitUntil([&] { return !shown.log.empty() && shown.log.back().starts_with("check 0"); });
+    };
+    drag(1, 3.9);
+    EXPECT_TRUE(letGo());
+    EXPECT_EQ(shown.log.size(), 1U) << "not of this table";
+    shown.port.registerForDraggedRows();
+    for (const auto& [row, to, drops] :
+         {std::tuple(1, 3.9, "drops 1 4"), {3, 0.2, "drops 3 0"}, {0, 7, "drops 0 5"}}) {
+        drag(row, to);
+        EXPECT_TRUE(waitUntil(isDragging));
+        shown.user.releaseButton(1);
+        EXPECT_TRUE(shown.waitFor({drops})) << drops;
+    }
+    drag(2, 4.2);
+    EXPECT_TRUE(waitUntil(isDragging));
+    shown.tap({escape});
+    EXPECT_TRUE(waitUntil([&] { return !isDragging(); }));
+    EXPECT_TRUE(letGo());
+    EXPECT_EQ(shown.log.size(), 1U) << "given up";
+}
+
+TEST(CellTableTest, HasNamesEditedInTheirPlaces) {
+    ShownTable shown(5);
+    const auto editor = [&] { return shown.table.viewport()->findChild<QLineEdit*>(); };
+    const auto edits = [&](const QString& text) {
+        return waitUntil([&] { return editor() && editor()->text() == text; });
+    };
+    const auto isOver = [&] { return waitUntil([&] { return !editor() && shown.table.hasFocus(); }); };
+    shown.click(shown.middleOf(1, name));
+    ASSERT_TRUE(waitUntil([&] { return shown.port.selectedRow() == 1; }));
+    shown.user.click(1);
+    ASSERT_TRUE(edits("1"));
+    shown.tap({keyA});
+    ASSERT_TRUE(edits("a"));
+    shown.port.reloadData();
+    ASSERT_TRUE(edits("a")) << "a reload leaves it alone";
+    shown.tap({keyZ, enter});
+    EXPECT_TRUE(isOver());
+    shown.tap({f2});
+    ASSERT_TRUE(edits("1"));
+    shown.tap({keyA, escape});
+    EXPECT_TRUE(isOver());
+    shown.tap({enter});
+    ASSERT_TRUE(edits("1"));
+    shown.tap({tab});
+    EXPECT_TRUE(isOver()) << "nothing was typed";
+    shown.tap({space});
+    ASSERT_TRUE(edits("1"));
+    shown.tap({space});
+    shown.click(shown.middleOf(4, icon));
+    EXPECT_TRUE(shown.waitFor({"renames 1 az", "renames 1  "}));
+}
+
+TEST(CellTableTest, AsksOnlyForWhatIsSeenAndStaysWhereItIs) {
+    ShownTable shown(1000);
+    EXPECT_LT(shown.asked.size(), 20U);
+    auto& bar = *shown.table.verticalScrollBar();
+    shown.moveTo(shown.middleOf(3, input));
+    constexpr std::uint8_t wheelDown = 5;
+    shown.user.click(wheelDown);
+    EXPECT_TRUE(waitUntil([&] { return bar.value() > 0; })) << "the wheel scrolls the table";
+    EXPECT_EQ(shown.log, Log());
+    bar.setValue(bar.maximum() / 2);
+    shown.port.selectRow(500);
+    const int place = bar.value();
+    EXPECT_EQ(shown.actions, 0) << "the user has done nothing";
+    shown.asked.clear();
+    for (const int rows : {1000, 1001, 900}) {
+        shown.rowCount = rows;
+        shown.port.reloadData();
+        EXPECT_EQ(bar.value(), place);
+        EXPECT_EQ(shown.port.selectedRow(), 500);
+    }
+    EXPECT_FALSE(shown.asked.empty());
+    EXPECT_GT(*shown.asked.begin(), 470);
+    EXPECT_LT(*shown.asked.rbegin(), 530);
+    for (const int rows : {500, 3, 0}) {
+        shown.rowCount = rows;
+        shown.port.reloadData();
+        EXPECT_EQ(shown.port.selectedRow(), noRow);
+    }
+}
+
+TEST(CellTableTest, IsUsedWithTheKeyboardAlone) {
+    ShownTable shown(10);
+    shown.table.setCurrentIndex(shown.table.model()->index(0, name));
+    shown.tap({keyZ});
+    EXPECT_TRUE(waitUntil([&] { return shown.port.selectedRow() == 7; })) << "the name that begins with it";
+    EXPECT_GT(shown.actions, 0);
+    shown.tap({right, right, space, space, down, f2});
+    EXPECT_TRUE(shown.waitFor({"check 7 1", "check 7 0", "check 8 1"}));
+    auto& bar = *shown.table.verticalScrollBar();
+    shown.table.resize(900, 100);
+    waitUntil([&] { return bar.maximum() > 0; });
+    bar.setValue(0);
+    bar.setValue(bar.maximum());
+    const auto* checkBox = shown.widgetAt<QAbstractButton>(8, check);
+    ASSERT_TRUE(checkBox);
+    EXPECT_TRUE(checkBox->isChecked()) << "as it was clicked";
+    EXPECT_EQ(checkBox->accessibleName(), "Check, 8");
+    shown.port.reloadData();
+    EXPECT_FALSE(checkBox->isChecked()) << "as the program has it";
+    shown.recorded = InputShortcut{0x28, 0x40000}.record();
+    shown.port.reloadData();
+    shown.tap({right, deleteKey});
+    EXPECT_TRUE(waitUntil([&] { return shown.recordings == 1 && shown.recorded.isNothing(); }));
+}
+
+TEST(CellTableTest, LoadsIconsWhileNothingElseIsToBeDone) {
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("red.svg"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'><rect width='9' height='9' "
+               "fill='#ff0000'/></svg>");
+    file.close();
+    ShownTable shown(3);
+    const auto colour = [&] {
+        const auto cell = shown.table.visualRect(shown.table.model()->index(0, icon));
+        return shown.table.viewport()->grab(cell).toImage().pixelColor(16, cell.height() / 2);
+    };
+    for (const auto* name : {"red.svg", "missing.svg"}) {
+        shown.iconFile = folder.filePath(name);
+        const bool isThere = QFile::exists(shown.iconFile);
+        shown.port.reloadData();
+        EXPECT_NE(colour(), Qt::red);
+        EXPECT_EQ(waitUntil([&] { return !isThere || colour() == Qt::red; }), true);
+    }
+}
+
+} // namespace
+} // namespace quorvane

@@ -1,0 +1,149 @@
+#include <filesystem>
+#include <set>
+
+#include <QApplication>
+#include <QFile>
+#include <QRegularExpression>
+#include <QXmlStreamReader>
+#include <gtest/gtest.h>
+
+#include "platform/linux/localization/Languages.h"
+#include "platform/linux/localization/Localized.h"
+#include "platform/linux/localization/Translations.h"
+
+namespace quorvane {
+namespace {
+
+namespace fs = std::filesystem;
+using Keys = std::set<QString>;
+
+const fs::path root(QUORVANE_SOURCE_DIR);
+
+QString contents(const fs::path& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QFile::ReadOnly)) << path;
+    return QString::fromUtf8(file.readAll());
+}
+
+/// Adds the literals that calls in a source file look up. Every call must have one.
+void addKeysOfSource(const fs::path& path, Keys& keys) {
+    static const QRegularExpression call(R"(\blocalized(?:String)?\(\s*((?:"(?:[^"\\]|\\.)*"\s*)+)?)");
+    static const QRegularExpression declaration(
+        R"(\blocalized(?:String)?\((?:const char\*|std::string_view) key\))");
+    static const QRegularExpression seam(R"("\s*")");
+    const auto text = contents(path).remove(declaration);
+    for (const auto& match : call.globalMatch(text)) {
+        const auto key = match.captured(1).trimmed().remove(seam).replace("\\n", "\n").replace("\\\"", "\"");
+        EXPECT_GT(key.size(), 2) << path << ": " << text.mid(match.capturedStart(), 80).toStdString();
+        keys.insert(key.mid(1, key.size() - 2));
+    }
+}
+
+void addKeysOfInterface(const fs::path& path, Keys& keys) {
+    QXmlStreamReader xml(contents(path));
+    bool isListTranslated = true;
+    while (!xml.atEnd()) {
+        xml.readNext();
+        const bool isTranslated = xml.attributes().value("notr") != u"true";
+        if (xml.isStartElement() && xml.name() == u"stringlist") isListTranslated = isTranslated;
+        if (xml.isEndElement() && xml.name() == u"stringlist") isListTranslated = true;
+        if (!xml.isStartElement() || xml.name() != u"string") continue;
+        const auto text = xml.readElementText();
+        if (isTranslated && isListTranslated && !text.isEmpty()) keys.insert(text);
+    }
+    EXPECT_FALSE(xml.hasError()) << path;
+}
+
+Keys keysOfProgram() {
+    Keys keys;
+    for (const auto* folder :
+         {"app", "indicator", "input", "platform", "preferences", "settings", "shortcuts", "switching"}) {
+        for (const auto& entry : fs::recursive_directory_iterator(root / folder)) {
+            const auto extension = entry.path().extension();
+            if (extension == ".cpp" || extension == ".h") addKeysOfSource(entry.path(), keys);
+        }
+    }
+    for (const auto& entry : fs::directory_iterator(root / "resources"))
+        if (entry.path().extension() == ".ui") addKeysOfInterface(entry.path(), keys);
+    return keys;
+}
+
+QStringList found(const QString& text, const char* pattern) {
+    QStringList parts;
+    for (const auto& match : QRegularExpression(pattern).globalMatch(text))
+        parts.append(match.captured());
+    parts.sort();
+    return parts;
+}
+
+class StringTablesTest : public testing::TestWithParam<const char*> {};
+
+TEST_P(StringTablesTest, HaveEveryTextOnceAndAsItsKeyIs) {
+    static const auto wanted = keysOfProgram();
+    ASSERT_GT(wanted.size(), 10U);
+    const StringTable table(
+        contents(root / "resources" / (std::string(GetParam()) + ".lproj/Localizable.strings")));
+    EXPECT_EQ(table.faultyLine(), std::nullopt);
+    const Keys keys(table.keys().begin(), table.keys().end());
+    EXPECT_EQ(qsizetype(keys.size()), table.keys().size()) << "a key is there twice";
+    for (const auto& key : keys)
+        EXPECT_TRUE(wanted.contains(key)) << "not in the program: " << key.toStdString();
+    for (const auto& key : wanted) {
+        const auto value = table.value(key);
+        EXPECT_FALSE(value.trimmed().isEmpty()) << "missing: " << key.toStdString();
+        for (const auto* alike : {R"(%(\d+\$)?[@\d])", R"(^\s+|\s+$)", "Quorvane|Tandrel", R"(\n)"})
+            EXPECT_EQ(found(value, alike), found(key, alike)) << key.toStdString();
+    }
+}
+INSTANTIATE_TEST_SUITE_P(Languages, StringTablesTest,
+                         testing::Values("de", "es", "fr", "ja", "ko", "ru", "zh-Hans", "zh-Hant"));
+
+TEST(StringTable, IsReadUpToTheFirstFault) {
+    const std::tuple<const char*, const char*, std::optional<int>> tables[] = {
+        {"/* c */ \"k\" = \"a\\n\\\"\\\\\\U00e9\\Ud83d\\Ude00\";", "a\n\"\\é😀", {}},
+        {"// c\nk.1=x;\nk = bare-word ; // end", "bare-word", {}},
+        {"k=a; k=\"b\";", "b", {}},
+        {"", "", {}},
+        {"k=\"a\";\n\"b\" \"c\";", "a", 2},
+        {"k=a;\n\nb=\"never ends;\n\n", "a", 3},
+        {"k=a;\n/* never ends", "a", 2},
+        {"k=\"a\\", "", 1},
+        {"k=\"\\Uzz\"", "", 1},
+        {"\xff\"=;", "", 1},
+    };
+    for (const auto& [text, value, line] : tables) {
+        const StringTable table(QString::fromUtf8(text));
+        EXPECT_EQ(table.value("k"), QString::fromUtf8(value)) << text;
+        EXPECT_EQ(table.faultyLine(), line) << text;
+    }
+}
+
+TEST(Languages, AreTheFirstOfTheUsersThatThereIs) {
+    const std::pair<QStringList, const char*> cases[] = {
+        {{"de-AT"}, "de"},
+        {{"zh-CN"}, "zh-Hans"},
+        {{"zh_SG", "zh"}, "zh-Hans"},
+        {{"zh"}, "zh-Hans"},
+        {{"zh-TW"}, "zh-Hant"},
+        {{"zh-HK"}, "zh-Hant"},
+        {{"zh-Hant-CN"}, "zh-Hant"},
+        {{"zh-Hans-HK", "zh"}, "zh-Hans"},
+        {{"it-IT", "de"}, "de"},
+        {{"en-GB", "de"}, ""},
+        {{"C"}, ""},
+        {{"it"}, ""},
+        {{}, ""},
+    };
+    for (const auto& [users, wanted] : cases)
+        EXPECT_EQ(languageFor(users, {"de", "zh-Hans", "zh-Hant"}), wanted) << users.join(' ').toStdString();
+}
+
+TEST(StringTableTranslator, AnswersInEveryContext) {
+    StringTableTranslator translator(StringTable("Known = Bekannt;"));
+    ASSERT_TRUE(QCoreApplication::installTranslator(&translator));
+    EXPECT_EQ(QCoreApplication::translate("Preferences", "Known"), "Bekannt");
+    EXPECT_EQ(localized("Unknown"), "Unknown");
+}
+
+} // namespace
+} // namespace quorvane

@@ -1,0 +1,36 @@
+#include <QApplication>
+#include <QWidget>
+#include <gtest/gtest.h>
+
+#include "platform/linux/qt/QtAlerts.h"
+#include "virtual-desktop/WaitUntil.h"
+#include "virtual-desktop/XClient.h"
+
+namespace quorvane {
+namespace {
+
+TEST(QtAlerts, ShowASheetOnTheOpenWindowWhileThatIsThere) {
+    XClient user;
+    QtAlerts alerts;
+    constexpr std::uint8_t enter = 36, escape = 9, none = 0;
+    for (const auto& [key, answer] :
+         {std::pair(enter, alertFirstButtonReturn), {escape, alertFirstButtonReturn + 1}, {none, 0}}) {
+        QWidget window;
+        window.show();
+        ASSERT_TRUE(waitUntil([&] { return window.isActiveWindow(); }));
+        int given = 0;
+        alerts.beginSheet({.messageText = "?", .buttons = {"First", "Second"}},
+                          [&](const auto& alertAnswer) { given = alertAnswer.response; });
+        ASSERT_TRUE(waitUntil([&] {
+            auto* sheet = QApplication::activeWindow();
+            return sheet && sheet->parentWidget() == &window;
+        }));
+        if (key == none) continue; // The window goes, and the sheet with it.
+        user.pressTogether({key});
+        EXPECT_TRUE(waitUntil([&, wanted = answer] { return given == wanted; })) << given;
+    }
+    EXPECT_TRUE(waitUntil([] { return QApplication::topLevelWidgets().isEmpty(); }));
+}
+
+} // namespace
+} // namespace quorvane
