@@ -54,7 +54,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
         distributedNotifications_.deliverLocally(
             {std::string(selectedKeyboardInputSourceChangedNotification), {}});
     }))
-    , applicationBundles_(desktopEntries_)
+    , applicationBundles_(desktopEntries_, workspace_)
     , interfaceFiles_(screens_, {x, notifications_, defaults_.standardUserDefaults()})
     , activations_(workspace_.addObserver(WorkspaceNotification::didActivateApplication,
                                           [this](const auto&) { interfaceFiles_.raiseIndicator(); }))

@@ -1,46 +1,13 @@
 #include <QApplication>
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusVariant>
-#include <QDBusVirtualObject>
 #include <QPalette>
 #include <gtest/gtest.h>
 
+#include "linux/support/Portal.h"
 #include "platform/linux/appearance/ColorScheme.h"
 #include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
 namespace {
-
-/// A desktop portal that knows one setting.
-class Portal : public QDBusVirtualObject {
-public:
-    explicit Portal(unsigned scheme) : scheme_(scheme) {
-        bus_.registerVirtualObject(path, this);
-        bus_.registerService("org.freedesktop.portal.Desktop");
-    }
-    ~Portal() override { QDBusConnection::disconnectFromBus("portal"); }
-
-    void change(unsigned scheme) {
-        scheme_ = scheme;
-        auto signal = QDBusMessage::createSignal(path, "org.freedesktop.portal.Settings", "SettingChanged");
-        bus_.send(signal << "org.freedesktop.appearance"
-                         << "color-scheme" << wrapped());
-    }
-    QString introspect(const QString& /*path*/) const override { return {}; }
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override {
-        return message.member() == "Read" && bus.send(message.createReply(wrapped()));
-    }
-
-private:
-    QVariant wrapped() const {
-        return QVariant::fromValue(QDBusVariant(QVariant::fromValue(QDBusVariant(scheme_))));
-    }
-
-    const QString path = "/org/freedesktop/portal/desktop";
-    QDBusConnection bus_ = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "portal");
-    unsigned scheme_;
-};
 
 /// Settings with a number, a colour and the theme's name.
 std::string settingsBytes(const std::string& theme) {
