@@ -35,6 +35,7 @@ void ColorScheme::apply() {
     if (std::exchange(isDark_, isDark) == isDark) return;
     // An empty palette takes back what was set: Qt's own one is light.
     QApplication::setPalette(isDark ? darkPalette() : QPalette());
+    if (isDark) QApplication::setPalette(darkCheckBoxPalette(), "QCheckBox");
 }
 
 } // namespace quorvane

@@ -26,4 +26,10 @@ QPalette darkPalette() {
     return palette;
 }
 
+QPalette darkCheckBoxPalette() {
+    auto palette = darkPalette();
+    palette.setColor(QPalette::Window, QColor(176, 180, 188));
+    return palette;
+}
+
 } // namespace quorvane

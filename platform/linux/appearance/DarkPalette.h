@@ -8,4 +8,8 @@ namespace quorvane {
 /// what is disabled or a placeholder by at least 3 to 1.
 QPalette darkPalette();
 
+/// Qt's style outlines a check box in a darker shade of the window's colour, which cannot be seen on a dark
+/// ground.
+QPalette darkCheckBoxPalette();
+
 } // namespace quorvane

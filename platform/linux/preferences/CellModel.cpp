@@ -2,24 +2,7 @@
 
 #include <algorithm>
 
-#include <QFont>
-#include <QGuiApplication>
-
 namespace quorvane {
-namespace {
-
-/// The size of the usual system font on the desktop whose points the program's font sizes are.
-constexpr double usualFontSize = 13;
-
-QFont fontOf(const TextFieldPart& text) {
-    auto font = QGuiApplication::font();
-    if (text.fontSize > 0 && font.pointSizeF() > 0)
-        font.setPointSizeF(font.pointSizeF() * text.fontSize / usualFontSize);
-    return font;
-}
-
-} // namespace
-
 void CellModel::setColumnIdentifiers(const QStringList& identifiers) {
     beginResetModel();
     cells_.clear();
@@ -149,10 +132,6 @@ QVariant CellModel::data(const QModelIndex& index, int role) const {
     case Qt::EditRole: {
         const auto* text = textOf();
         return text ? QVariant(QString::fromStdString(text->stringValue)) : QVariant();
-    }
-    case Qt::FontRole: {
-        const auto* text = textOf();
-        return text ? QVariant(fontOf(*text)) : QVariant();
     }
     case Qt::CheckStateRole: {
         const auto* checkBox = partOf<CheckBoxPart>(cell(index.row(), index.column()));

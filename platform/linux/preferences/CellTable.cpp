@@ -124,6 +124,8 @@ void CellTable::layOutColumns() {
     hasWidths_ = model_.rowCount() > 0;
     auto& header = *horizontalHeader();
     int stretched = model_.columnCount() - 1;
+    while (!hasWidths_ && stretched > 0 && !model_.columnTitles().value(stretched - 1).isEmpty())
+        --stretched; // Nothing is known of what will be in it: the first one with a title.
     for (int column = model_.columnCount() - 1; column >= 0; --column) {
         if (partOf<TextFieldPart>(model_.sample(column))) stretched = column;
         header.setSectionResizeMode(column, QHeaderView::Interactive);
