@@ -1,6 +1,6 @@
 // Stands in for the companion application: owns its name on the session bus and prints, for every request to
-// switch, the input source it finds in the shared suite. Every line it reads is the name of a location that
-// the user has marked.
+// switch, the input source it finds in the shared suite, and the requests to start and stop the setup. Every
+// line it reads is the name of a location that the user has marked.
 
 #include <cstdio>
 
@@ -40,6 +40,13 @@ int main(int argc, char** argv) {
         std::printf("%s\n", wanted.value_or("nothing").c_str());
         std::fflush(stdout);
     });
+    std::vector<Subscription> setUps;
+    for (const char* each : {"StartSetUpSwitchInputByLocation", "StopSetUpSwitchInputByLocation"}) {
+        setUps.push_back(notifications.addObserver(each, [each](const auto&) {
+            std::puts(each);
+            std::fflush(stdout);
+        }));
+    }
     QSocketNotifier marks(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(&marks, &QSocketNotifier::activated, &application, [&] {
         char line[100];

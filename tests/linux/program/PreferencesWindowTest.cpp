@@ -91,6 +91,29 @@ TEST_F(PreferencesWindow, ALocationIsRenamedWhileTheCompanionAddsAnother) {
     EXPECT_EQ(stored.array()->front()["Kind"], PropertyList("the companion's own"));
 }
 
+TEST_F(PreferencesWindow, WhileTheCompanionSetsUpItStaysAboveOnAllDesktops) {
+    open();
+    click("check box", "Start Setup");
+    click("push button", "Cancel"); // of the sheet that says what it needs
+    EXPECT_TRUE(waitUntil([&] { return !tree.isChecked("check box", "Start Setup"); }));
+    TestProgram companion(QUORVANE_TEST_COMPANION);
+    ASSERT_TRUE(waitUntil([&] { return companion.output() == "ready\n"; }));
+    const auto seen = window();
+    const auto above = XConnection::open()->atom("_NET_WM_STATE_ABOVE");
+    const auto isSetUp = [&](const QString& told) {
+        const bool isOnAll = session.user.values(seen, "_NET_WM_DESKTOP") == std::vector{0xFFFFFFFFU};
+        const bool isAbove = std::ranges::count(session.user.values(seen, "_NET_WM_STATE"), above) > 0;
+        return isOnAll && isAbove && companion.output().endsWith(told);
+    };
+    click("check box", "Start Setup");
+    EXPECT_TRUE(waitUntil([&] { return isSetUp("StartSetUpSwitchInputByLocation\n"); }));
+    session.user.pressTogether({control, 25}); // W
+    EXPECT_TRUE(waitUntil([&] { return companion.output().endsWith("StopSetUpSwitchInputByLocation\n"); }));
+    launchAgain();
+    EXPECT_FALSE(tree.placeOf("check box", "Start Setup").isEmpty());
+    EXPECT_FALSE(isSetUp(""));
+}
+
 TEST_F(PreferencesWindow, ARecordedHotKeyWorksInOtherProgramsAtOnce) {
     open();
     showTab("Preference");
