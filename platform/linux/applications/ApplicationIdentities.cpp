@@ -35,8 +35,9 @@ ApplicationIdentities::ApplicationIdentities(XConnection& x, DesktopEntries& ent
     : x_(x)
     , entries_(entries)
     , events_(x.onEvent([this](const auto& event) { handle(event); })) {
-    x_.internAtoms(
-        {"WM_CLASS", "_GTK_APPLICATION_ID", "_KDE_NET_WM_DESKTOP_FILE", "_NET_WM_PID", "COMPOUND_TEXT"});
+    x_.internAtoms({"WM_CLASS", "_GTK_APPLICATION_ID", "_KDE_NET_WM_DESKTOP_FILE", "_NET_WM_PID",
+                    "COMPOUND_TEXT", "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DOCK",
+                    "_NET_WM_WINDOW_TYPE_DESKTOP"});
 }
 
 void ApplicationIdentities::learn(std::span<const xcb_window_t> windows) {
@@ -91,6 +92,7 @@ WindowOwner ApplicationIdentities::identify(const WindowFacts& facts) {
     WindowOwner owner;
     owner.pid = facts.pid;
     owner.isThisProcess = facts.pid == getpid();
+    owner.isPartOfDesktop = facts.isPartOfDesktop;
     owner.launcher = launcherOfClass(facts.wmClass);
     if (owner.launcher) {
         owner.id = owner.launcher->bundleIdentifier();

@@ -18,6 +18,7 @@ struct WindowOwner {
     std::string name; ///< In the user's language.
     int pid = 0;      ///< 0 when the server does not tell.
     bool isThisProcess = false;
+    bool isPartOfDesktop = false;            ///< The window is a panel or the desktop's background.
     const KnownLauncher* launcher = nullptr; ///< If it is one; id and name are the launcher's then.
 };
 

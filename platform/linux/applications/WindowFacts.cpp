@@ -17,7 +17,8 @@ public:
         , gtkId_(x, window, "_GTK_APPLICATION_ID")
         , kdeFile_(x, window, "_KDE_NET_WM_DESKTOP_FILE")
         , wmClass_(x, window, "WM_CLASS")
-        , netPid_(x, window, "_NET_WM_PID") {
+        , netPid_(x, window, "_NET_WM_PID")
+        , types_(x, window, "_NET_WM_WINDOW_TYPE") {
         const auto* resources = xcb_get_extension_data(x.xcb(), &xcb_res_id);
         hasResources_ = resources && resources->present;
         const xcb_res_client_id_spec_t spec{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
@@ -34,6 +35,10 @@ public:
         const auto claimed = netPid_.values();
         facts.pid = connectedPid();
         if (facts.pid == 0 && !claimed.empty()) facts.pid = static_cast<int>(claimed.front());
+        for (const auto type : types_.values()) {
+            facts.isPartOfDesktop = facts.isPartOfDesktop || type == x_.atom("_NET_WM_WINDOW_TYPE_DOCK") ||
+                                    type == x_.atom("_NET_WM_WINDOW_TYPE_DESKTOP");
+        }
         if (netPid_.isRefused()) return std::nullopt;
         return facts;
     }
@@ -60,6 +65,7 @@ private:
     XProperty kdeFile_;
     XProperty wmClass_;
     XProperty netPid_;
+    XProperty types_;
     bool hasResources_ = false;
     xcb_res_query_client_ids_cookie_t clientIds_{};
 };

@@ -16,6 +16,7 @@ struct WindowFacts {
     std::string wmClass;
     std::string wmInstance;
     int pid = 0;
+    bool isPartOfDesktop = false; ///< A panel or the desktop's background, which no user calls a program.
 };
 
 /// Asks all the windows in one round trip. None for a window that has vanished.

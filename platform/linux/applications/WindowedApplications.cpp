@@ -10,7 +10,7 @@ bool WindowedApplications::add(xcb_window_t window, const WindowOwner& owner, bo
     if (contains(window)) return false;
     const auto* known = find(owner.id);
     const bool wasRunning = known && isRunning(*known);
-    windows_.push_back({window, owner.id, owner.pid, isHidden});
+    windows_.push_back({window, owner.id, owner.pid, isHidden, owner.isPartOfDesktop});
     if (wasRunning) return false;
     std::erase_if(applications_, [&](const auto& each) { return each.id == owner.id; });
     applications_.push_back({owner.id, owner.name, owner.pid});
@@ -54,7 +54,11 @@ std::optional<RunningApplication> WindowedApplications::applicationOf(xcb_window
 std::optional<RunningApplication> WindowedApplications::withId(std::string_view id) const {
     const auto* application = find(id);
     if (!application || !isRunning(*application)) return std::nullopt;
-    return RunningApplication{application->id, application->name, ActivationPolicy::regular,
+    const bool isPartOfDesktop = windowOf(id) && std::ranges::all_of(windows_, [id](const auto& each) {
+                                     return each.id != id || each.isPartOfDesktop;
+                                 });
+    return RunningApplication{application->id, application->name,
+                              isPartOfDesktop ? ActivationPolicy::accessory : ActivationPolicy::regular,
                               application->pid};
 }
 

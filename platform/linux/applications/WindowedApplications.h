@@ -14,7 +14,7 @@ namespace quorvane {
 
 /// The applications that have, or had, windows. One runs as long as a window of it exists or the process of
 /// its first window lives: a window manager that restarts, or a window that closes into the notification
-/// area, ends no application.
+/// area, ends no application. One with nothing but panels and the desktop's background is an accessory.
 class WindowedApplications {
 public:
     /// True when the window's application was not running before.
@@ -41,6 +41,7 @@ private:
         std::string id;
         int pid;
         bool isHidden;
+        bool isPartOfDesktop;
     };
     struct Application {
         std::string id;

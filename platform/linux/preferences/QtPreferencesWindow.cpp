@@ -1,6 +1,7 @@
 #include "platform/linux/preferences/QtPreferencesWindow.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QMouseEvent>
@@ -96,9 +97,23 @@ void QtPreferencesWindow::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
+// Whatever is in the window takes its own presses: what arrives here was meant for the background.
 void QtPreferencesWindow::mousePressEvent(QMouseEvent* event) {
-    // Whatever is in the window takes its own presses: what arrives here was meant for the background.
-    if (isMovableByBackground_ && event->button() == Qt::LeftButton) windowHandle()->startSystemMove();
+    if (isMovableByBackground_ && event->button() == Qt::LeftButton) pressedAt_ = event->position().toPoint();
+}
+
+// Not at the press: a window manager that hears of the move after the button was released goes on moving the
+// window until the next click.
+void QtPreferencesWindow::mouseMoveEvent(QMouseEvent* event) {
+    if (!pressedAt_) return;
+    const auto moved = event->position().toPoint() - *pressedAt_;
+    if (moved.manhattanLength() < QApplication::startDragDistance()) return;
+    pressedAt_.reset();
+    windowHandle()->startSystemMove();
+}
+
+void QtPreferencesWindow::mouseReleaseEvent(QMouseEvent* /*event*/) {
+    pressedAt_.reset();
 }
 
 void QtPreferencesWindow::changeEvent(QEvent* event) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include <QMainWindow>
 
 #include "platform/NotificationCenter.h"
@@ -30,6 +32,8 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
@@ -38,6 +42,7 @@ private:
     XConnection& x_;
     NotificationCenter& notifications_;
     bool isMovableByBackground_ = false;
+    std::optional<QPoint> pressedAt_; ///< Where on the background the button was pressed that is still held.
 };
 
 } // namespace quorvane

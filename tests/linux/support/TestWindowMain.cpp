@@ -2,7 +2,8 @@
 //   class=CLASS instance=INSTANCE title=TITLE   what the window says; nothing by default
 //   at=X,Y,WIDTH,HEIGHT                         where it is
 //   popup=1                                     no business of the window manager's, like a menu
-//   PROPERTY=TEXT                               any other property, as UTF-8
+//   type=DOCK                                   what kind of window it is, by the last part of the type's
+//   name PROPERTY=TEXT                               any other property, as UTF-8
 
 #include <cstdio>
 #include <cstdlib>
@@ -77,6 +78,11 @@ private:
         if (!instance.empty() || !wmClass.empty())
             setText("WM_CLASS", "STRING", instance + '\0' + wmClass + '\0');
         if (const auto title = take("title"); !title.empty()) setText("_NET_WM_NAME", "UTF8_STRING", title);
+        if (const auto type = take("type"); !type.empty()) {
+            const auto value = atom("_NET_WM_WINDOW_TYPE_" + type);
+            xcb_change_property(xcb_, XCB_PROP_MODE_REPLACE, window_, atom("_NET_WM_WINDOW_TYPE"),
+                                XCB_ATOM_ATOM, 32, 1, &value);
+        }
         for (const auto& [property, text] : options_)
             setText(property, "UTF8_STRING", text);
     }

@@ -164,5 +164,17 @@ TEST_F(X11WorkspaceTest, TellsOnceThatTheServerIsLost) {
     EXPECT_EQ(lost, 1);
 }
 
+TEST_F(X11WorkspaceTest, APanelIsAnAccessory) {
+    const TestWindow program({"class=Program"});
+    const TestWindow panel({"class=Panel", "type=DOCK"});
+    const auto policyOf = [&](std::string_view id) -> std::optional<ActivationPolicy> {
+        for (const auto& each : session_.workspace.runningApplications())
+            if (each.bundleIdentifier == id) return each.activationPolicy;
+        return std::nullopt;
+    };
+    EXPECT_TRUE(waitUntil([&] { return policyOf("Panel") == ActivationPolicy::accessory; }));
+    EXPECT_TRUE(waitUntil([&] { return policyOf("Program") == ActivationPolicy::regular; }));
+}
+
 } // namespace
 } // namespace quorvane
