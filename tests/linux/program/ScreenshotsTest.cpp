@@ -57,9 +57,17 @@ protected:
         setOrderOfAppsRule(standard(), order);
         setShortcut(standard(), "xkb:ru", InputShortcut{15, 0x40000 + 0x80000}.record());
         standard().setBool(true, key::enableTipOfState);
+        preferences_.session.shared()->setObject(
+            PropertyList::Array{place("application1", "Address field", "xkb:us"),
+                                place("application3", "聊天窗口", "xkb:de")},
+            key::arrOfLocationInfo);
     }
     ~Screenshots() override { qunsetenv("LANGUAGE"); }
 
+    static PropertyList place(const char* application, const char* name, const char* input) {
+        return PropertyList::Dictionary{
+            {"BundleIdentifier", application}, {"Name", name}, {"InputID", input}};
+    }
     static QString folder() { return QUORVANE_SCREENSHOTS; }
     UserDefaults& standard() { return preferences_.session.stores.standardUserDefaults(); }
 
