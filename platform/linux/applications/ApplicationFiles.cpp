@@ -29,7 +29,7 @@ std::string idOfProgram(DesktopEntries& entries, const std::string& program) {
 
 std::optional<std::string> idOfDesktopFile(DesktopEntries& entries, const fs::path& file) {
     for (const auto& path : {file, target(file)}) {
-        const auto id = entries.idOfFile(path);
+        auto id = entries.idOfFile(path);
         if (id && entries.withId(*id)) return id;
     }
     const auto entry = entries.entryInFile(file);

@@ -17,7 +17,7 @@ QString tableNameOf(const QString& language) {
 
 QString languageFor(const QStringList& usersLanguages, const QStringList& available) {
     for (const auto& language : usersLanguages) {
-        const auto name = tableNameOf(language);
+        auto name = tableNameOf(language);
         if (name == QStringLiteral("en") || name == QStringLiteral("c")) return {};
         if (available.contains(name)) return name;
     }
