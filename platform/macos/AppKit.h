@@ -1,0 +1,6 @@
+#pragma once
+
+// The door to Apple's Objective-C interfaces: no other file includes them. For files of Objective-C++ only.
+#import <Cocoa/Cocoa.h>
+#import <ImageIO/ImageIO.h>
+#import <ServiceManagement/ServiceManagement.h>

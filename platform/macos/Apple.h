@@ -1,0 +1,6 @@
+#pragma once
+
+// The door to Apple's C interfaces: no other file of C++ includes them.
+#include <Carbon/Carbon.h>
+#include <CoreFoundation/CoreFoundation.h>
+#include <CoreGraphics/CoreGraphics.h>

@@ -1,0 +1,71 @@
+#import "platform/macos/appkit/MacAlerts.h"
+
+#include "platform/macos/foundation/CallProgram.h"
+#import "platform/macos/foundation/PropertyListBridge.h"
+
+namespace quorvane {
+namespace {
+
+NSAlert* makeAlert(const Alert& alert) {
+    NSAlert* made = [[NSAlert alloc] init];
+    if (NSString* text = toNSString(alert.messageText)) made.messageText = text;
+    if (NSString* text = toNSString(alert.informativeText)) made.informativeText = text;
+    for (const auto& title : alert.buttons) {
+        NSString* text = toNSString(title);
+        NSButton* button = [made addButtonWithTitle:text ? text : @""];
+        // The system lets Escape press a button only if that is called "Cancel".
+        const bool isLastOfSeveral = &title != &alert.buttons.front() && &title == &alert.buttons.back();
+        if (isLastOfSeveral) button.keyEquivalent = @"\033";
+    }
+    NSString* suppressionTitle = toNSString(alert.suppressionButtonTitle);
+    if (suppressionTitle && !alert.suppressionButtonTitle.empty()) {
+        made.showsSuppressionButton = YES;
+        made.suppressionButton.title = suppressionTitle;
+    }
+    return made;
+}
+
+AlertAnswer answerOf(NSAlert* alert, NSModalResponse response) {
+    // Ended from outside, for instance when the program is told to quit, the alert was answered by no button.
+    // One without buttons of ours gets one from the system.
+    const auto buttons = static_cast<NSModalResponse>(alert.buttons.count);
+    const auto last = NSAlertFirstButtonReturn + (buttons > 0 ? buttons - 1 : 0);
+    const bool isButton = response >= NSAlertFirstButtonReturn && response <= last;
+    return {.response = static_cast<int>(isButton ? response : last),
+            .suppressionButtonIsOn = alert.suppressionButton.state == NSControlStateValueOn};
+}
+
+AlertAnswer run(NSAlert* alert) {
+    // An agent is not active: the alert would be behind other windows, and keys would go past it.
+    [NSApplication.sharedApplication activateIgnoringOtherApps:YES];
+    const auto response = [alert runModal];
+    return answerOf(alert, response);
+}
+
+} // namespace
+
+AlertAnswer MacAlerts::runModal(const Alert& alert) {
+    return run(makeAlert(alert));
+}
+
+void MacAlerts::beginSheet(const Alert& alert, std::function<void(const AlertAnswer&)> completion) {
+    NSAlert* made = makeAlert(alert);
+    if (NSWindow* window = windowForSheet()) {
+        [made beginSheetModalForWindow:window
+                     completionHandler:^(NSModalResponse response) {
+                       callProgram(completion, answerOf(made, response));
+                     }];
+        return;
+    }
+    dispatch_async(dispatch_get_main_queue(), ^{
+      callProgram(completion, run(made));
+    });
+}
+
+NSWindow* MacAlerts::windowForSheet() const {
+    if (NSWindow* window = NSApplication.sharedApplication.mainWindow) return window;
+    NSWindow* preferences = preferencesWindow_();
+    return preferences.visible ? preferences : nil;
+}
+
+} // namespace quorvane

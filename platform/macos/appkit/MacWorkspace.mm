@@ -1,0 +1,117 @@
+#import "platform/macos/appkit/MacWorkspace.h"
+
+#include <utility>
+
+#include "platform/macos/foundation/CallProgram.h"
+#import "platform/macos/foundation/PropertyListBridge.h"
+
+namespace quorvane {
+namespace {
+
+ActivationPolicy policyOf(NSApplicationActivationPolicy policy) {
+    switch (policy) {
+    case NSApplicationActivationPolicyRegular:
+        return ActivationPolicy::regular;
+    case NSApplicationActivationPolicyAccessory:
+        return ActivationPolicy::accessory;
+    default:
+        return ActivationPolicy::prohibited;
+    }
+}
+
+RunningApplication describe(NSRunningApplication* application) {
+    NSString* bundleIdentifier = application.bundleIdentifier;
+    return {.bundleIdentifier =
+                bundleIdentifier ? std::optional(fromNSString(bundleIdentifier)) : std::nullopt,
+            .localizedName = fromNSString(application.localizedName),
+            .activationPolicy = policyOf(application.activationPolicy),
+            // -1 for an application that has no process any more.
+            .processIdentifier = application.processIdentifier > 0 ? application.processIdentifier : 0};
+}
+
+std::vector<RunningApplication> describeAll(NSArray<NSRunningApplication*>* applications) {
+    std::vector<RunningApplication> described;
+    described.reserve(applications.count);
+    for (NSRunningApplication* application in applications)
+        described.push_back(describe(application));
+    return described;
+}
+
+} // namespace
+
+MacWorkspace::MacWorkspace() {
+    observe(NSWorkspaceDidActivateApplicationNotification, &MacWorkspace::activated);
+    observe(NSWorkspaceDidUnhideApplicationNotification, &MacWorkspace::unhidden);
+    observe(NSWorkspaceDidLaunchApplicationNotification, &MacWorkspace::launched);
+}
+
+MacWorkspace::~MacWorkspace() {
+    for (id observer : observers_)
+        [NSWorkspace.sharedWorkspace.notificationCenter removeObserver:observer];
+}
+
+std::vector<RunningApplication> MacWorkspace::runningApplications() const {
+    return describeAll(NSWorkspace.sharedWorkspace.runningApplications);
+}
+
+std::vector<RunningApplication>
+MacWorkspace::runningApplicationsWithBundleIdentifier(std::string_view bundleIdentifier) const {
+    NSString* identifier = toNSString(bundleIdentifier);
+    if (!identifier) return {};
+    return describeAll([NSRunningApplication runningApplicationsWithBundleIdentifier:identifier]);
+}
+
+std::optional<RunningApplication> MacWorkspace::frontmostApplication() const {
+    NSRunningApplication* front = NSWorkspace.sharedWorkspace.frontmostApplication;
+    return front ? std::optional(describe(front)) : std::nullopt;
+}
+
+Subscription MacWorkspace::addObserver(WorkspaceNotification notification,
+                                       std::function<void(const RunningApplication&)> handler) {
+    switch (notification) {
+    case WorkspaceNotification::didActivateApplication:
+        return activated_.connect(std::move(handler));
+    case WorkspaceNotification::didUnhideApplication:
+        return unhidden_.connect(std::move(handler));
+    case WorkspaceNotification::didLaunchApplication:
+        return launched_.connect(std::move(handler));
+    }
+    return {};
+}
+
+void MacWorkspace::observe(NSNotificationName name,
+                           void (MacWorkspace::*received)(const RunningApplication&)) {
+    // Without a queue, the block is called on the main thread, which posts.
+    observers_.push_back([NSWorkspace.sharedWorkspace.notificationCenter
+        addObserverForName:name
+                    object:nil
+                     queue:nil
+                usingBlock:^(NSNotification* notification) {
+                  id application = notification.userInfo[NSWorkspaceApplicationKey];
+                  if (![application isKindOfClass:[NSRunningApplication class]]) return;
+                  callProgram([&] { (this->*received)(describe(application)); });
+                }]);
+}
+
+void MacWorkspace::activated(const RunningApplication& application) {
+    const int shownAgain = std::exchange(shownAgain_, 0);
+    activated_.emit(application);
+    if (shownAgain != 0 && shownAgain == application.processIdentifier) unhidden_.emit(application);
+}
+
+// The application in front is the one the user types in: for any other one nothing is posted until it comes
+// to the front, because the program would select the input source of an application that is not being typed
+// in.
+void MacWorkspace::unhidden(const RunningApplication& application) {
+    const auto front = frontmostApplication();
+    if (front && front->processIdentifier == application.processIdentifier)
+        unhidden_.emit(application);
+    else
+        shownAgain_ = application.processIdentifier;
+}
+
+void MacWorkspace::launched(const RunningApplication& application) {
+    launched_.emit(application);
+}
+
+} // namespace quorvane

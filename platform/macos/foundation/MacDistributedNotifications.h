@@ -1,0 +1,37 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+
+#include "platform/DistributedNotificationCenter.h"
+#include "platform/Signal.h"
+#import "platform/macos/AppKit.h"
+
+@class QuorvaneNotificationReceiver;
+
+namespace quorvane {
+
+/// The system's distributed notifications, delivered on the main thread also while another application is
+/// active.
+class MacDistributedNotifications : public DistributedNotificationCenter {
+public:
+    /// `beforePost` makes what was written to the user's defaults visible to others.
+    explicit MacDistributedNotifications(std::function<void()> beforePost);
+    MacDistributedNotifications(const MacDistributedNotifications&) = delete;
+    MacDistributedNotifications& operator=(const MacDistributedNotifications&) = delete;
+    ~MacDistributedNotifications() override;
+
+    Subscription addObserver(std::string_view name,
+                             std::function<void(const DistributedNotification&)> handler) override;
+    void post(const DistributedNotification& notification) override;
+
+private:
+    void received(NSNotification* notification);
+
+    std::function<void()> beforePost_;
+    std::map<std::string, Signal<const DistributedNotification&>, std::less<>> observed_; // by name
+    QuorvaneNotificationReceiver* receiver_;
+};
+
+} // namespace quorvane

@@ -1,0 +1,78 @@
+#import "platform/macos/foundation/MacDistributedNotifications.h"
+
+#include "platform/macos/foundation/CallProgram.h"
+#import "platform/macos/foundation/PropertyListBridge.h"
+
+/// Only with a receiver and its selector can immediate delivery be asked for.
+@interface QuorvaneNotificationReceiver : NSObject
+- (instancetype)initWithHandler:(std::function<void(NSNotification*)>)handler;
+- (void)receiveNotification:(NSNotification*)notification;
+@end
+
+@implementation QuorvaneNotificationReceiver {
+    std::function<void(NSNotification*)> _handler;
+}
+
+- (instancetype)initWithHandler:(std::function<void(NSNotification*)>)handler {
+    self = [super init];
+    if (self) _handler = std::move(handler);
+    return self;
+}
+
+- (void)receiveNotification:(NSNotification*)notification {
+    quorvane::callProgram(_handler, notification);
+}
+
+@end
+
+namespace quorvane {
+
+MacDistributedNotifications::MacDistributedNotifications(std::function<void()> beforePost)
+    : beforePost_(std::move(beforePost))
+    , receiver_([[QuorvaneNotificationReceiver alloc]
+          initWithHandler:[this](NSNotification* notification) { received(notification); }]) {}
+
+MacDistributedNotifications::~MacDistributedNotifications() {
+    [NSDistributedNotificationCenter.defaultCenter removeObserver:receiver_];
+}
+
+Subscription
+MacDistributedNotifications::addObserver(std::string_view name,
+                                         std::function<void(const DistributedNotification&)> handler) {
+    NSString* observedName = toNSString(name);
+    // Without a name the system would deliver every notification there is.
+    if (!observedName) return {};
+    const auto [entry, isNew] = observed_.try_emplace(std::string(name));
+    if (isNew) {
+        [NSDistributedNotificationCenter.defaultCenter
+                   addObserver:receiver_
+                      selector:@selector(receiveNotification:)
+                          name:observedName
+                        object:nil
+            suspensionBehavior:NSNotificationSuspensionBehaviorDeliverImmediately];
+    }
+    return entry->second.connect(std::move(handler));
+}
+
+void MacDistributedNotifications::post(const DistributedNotification& notification) {
+    NSString* name = toNSString(notification.name);
+    if (!name) return;
+    beforePost_();
+    NSDictionary* userInfo = notification.userInfo.dictionary() ? toNSObject(notification.userInfo) : nil;
+    [NSDistributedNotificationCenter.defaultCenter
+        postNotificationName:name
+                      object:nil
+                    userInfo:userInfo
+                     options:NSDistributedNotificationDeliverImmediately |
+                             NSDistributedNotificationPostToAllSessions];
+}
+
+void MacDistributedNotifications::received(NSNotification* notification) {
+    const auto observers = observed_.find(fromNSString(notification.name));
+    if (observers == observed_.end()) return;
+    auto userInfo = fromNSObject(notification.userInfo);
+    if (const auto* entries = userInfo.dictionary(); entries && entries->empty()) userInfo = {};
+    observers->second.emit({observers->first, std::move(userInfo)});
+}
+
+} // namespace quorvane

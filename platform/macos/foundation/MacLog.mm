@@ -1,0 +1,11 @@
+#include "platform/macos/foundation/MacLog.h"
+
+#import "platform/macos/foundation/PropertyListBridge.h"
+
+namespace quorvane {
+
+void MacLog::log(std::string_view line) {
+    NSLog(@"%@", toNSString(line));
+}
+
+} // namespace quorvane

@@ -1,0 +1,280 @@
+// The contracts of the ports, and what they leave open, on the services of macOS over stand-ins for Apple's
+// libraries.
+
+#include <algorithm>
+#include <thread>
+
+#include "contracts/HotKeysContract.h"
+#include "contracts/OnScreenWindowListContract.h"
+#include "contracts/TextInputSourcesContract.h"
+#include "macos/standins/StandIns.h"
+#include "platform/macos/CFRef.h"
+#include "platform/macos/CFValues.h"
+#include "platform/macos/input/TISInputSources.h"
+#include "platform/macos/keyboard/CarbonHotKeys.h"
+#include "platform/macos/windows/CGWindowList.h"
+
+namespace quorvane {
+namespace {
+
+using standins::restartSystem;
+using standins::system;
+using Dictionary = PropertyList::Dictionary;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+/// A fresh system, which must have been used without a fault when it ends.
+class FreshSystem {
+public:
+    FreshSystem() { restartSystem(); }
+    ~FreshSystem() { EXPECT_THAT(restartSystem(), IsEmpty()); }
+    FreshSystem(const FreshSystem&) = delete;
+    FreshSystem& operator=(const FreshSystem&) = delete;
+};
+
+template <class Bench>
+class MacBench : public Bench {
+public:
+    bool waitUntil(const std::function<bool()>& condition) override { return condition(); }
+
+private:
+    FreshSystem system_;
+};
+
+class MacInputSourcesBench : public MacBench<TextInputSourcesBench> {
+public:
+    MacInputSourcesBench() {
+        for (const auto* id : {"xkb:us", "xkb:ru", "xkb:de:neo"})
+            system().sources.push_back({{"TISPropertyInputSourceID", id},
+                                        {"TISPropertyInputSourceCategory", "TISCategoryKeyboardInputSource"},
+                                        {"TISPropertyInputSourceIsSelectCapable", true},
+                                        {"TISPropertyLocalizedName", std::string("name of ") + id}});
+    }
+    TextInputSources& sources() override { return sources_; }
+    int changesTold() const override { return system().selectionsTold; }
+    void selectFromOutside(const std::string& id) override { system().select(id); }
+    void disable(const std::string& id) override {
+        auto& sources = system().sources;
+        std::erase_if(sources, [&](Dictionary& each) { return each["TISPropertyInputSourceID"] == id; });
+        if (system().selectedID == id) system().select(*sources[0]["TISPropertyInputSourceID"].string());
+    }
+
+private:
+    TISInputSources sources_{{}};
+};
+
+class MacWindowListBench : public MacBench<OnScreenWindowListBench> {
+public:
+    OnScreenWindowList& windowList() override { return list_; }
+    void openWindow(const std::string& owner, const std::string& title, Rect bounds) override {
+        open(owner, title, bounds, 0);
+    }
+    void openMenu(const std::string& owner, const std::string& title, Rect bounds) override {
+        open(owner, title, bounds, 101);
+    }
+    void bringToFront(const std::string& title) override {
+        const auto window = windowOf(title);
+        std::rotate(system().windows.begin(), window, std::next(window));
+    }
+    void minimise(const std::string& title) override { windowOf(title)->erase("kCGWindowIsOnscreen"); }
+
+private:
+    static std::vector<Dictionary>::iterator windowOf(const std::string& title) {
+        return std::ranges::find_if(system().windows,
+                                    [&](Dictionary& each) { return each["kCGWindowName"] == title; });
+    }
+    static void open(const std::string& owner, const std::string& title, Rect bounds, int layer) {
+        const Dictionary rect{
+            {"X", bounds.x}, {"Y", bounds.y}, {"Width", bounds.width}, {"Height", bounds.height}};
+        system().windows.insert(system().windows.begin(), {{"kCGWindowOwnerName", owner},
+                                                           {"kCGWindowName", title},
+                                                           {"kCGWindowBounds", rect},
+                                                           {"kCGWindowLayer", layer},
+                                                           {"kCGWindowIsOnscreen", true}});
+    }
+    CGWindowList list_;
+};
+
+class MacHotKeysBench : public MacBench<HotKeysBench> {
+public:
+    HotKeys& hotKeys() override { return hotKeys_; }
+    void press(const KeyCombination& combination) override {
+        system().press(static_cast<UInt32>(combination.keyCode), modifiersOf(combination));
+    }
+    void takeFromOutside(const KeyCombination& combination) override {
+        system().combinationsOfOthers.push_back(standins::System::combination(
+            static_cast<UInt32>(combination.keyCode), modifiersOf(combination)));
+    }
+
+private:
+    static UInt32 modifiersOf(const KeyCombination& combination) {
+        const auto pick = [&](std::uint64_t flag, UInt32 modifier) {
+            return combination.modifierFlags & flag ? modifier : 0;
+        };
+        return pick(ModifierFlag::capsLock, alphaLock) | pick(ModifierFlag::shift, shiftKey) |
+               pick(ModifierFlag::control, controlKey) | pick(ModifierFlag::option, optionKey) |
+               pick(ModifierFlag::command, cmdKey);
+    }
+    CarbonHotKeys hotKeys_;
+};
+
+template <class Bench>
+auto mac() {
+    return testing::Values([] { return std::make_unique<Bench>(); });
+}
+
+INSTANTIATE_TEST_SUITE_P(Mac, HotKeysContract, mac<MacHotKeysBench>());
+INSTANTIATE_TEST_SUITE_P(Mac, OnScreenWindowListContract, mac<MacWindowListBench>());
+INSTANTIATE_TEST_SUITE_P(Mac, TextInputSourcesContract, mac<MacInputSourcesBench>());
+
+class MacServices : public testing::Test {
+private:
+    FreshSystem system_;
+};
+
+class Drawing : public Image {
+public:
+    Size size() const override { return {}; }
+    std::vector<std::uint8_t> pixelData() const override { return {}; }
+    ImageRef redrawn(Size) const override { return nullptr; }
+};
+
+TEST_F(MacServices, InputSourcesAreDescribedAsFarAsTheSystemTells) {
+    constexpr auto other = InputSourceCategory::other;
+    const std::pair<Dictionary, InputSource> cases[] = {
+        {{{"TISPropertyInputSourceID", "a"},
+          {"TISPropertyInputSourceCategory", "TISCategoryKeyboardInputSource"},
+          {"TISPropertyInputSourceIsSelectCapable", true},
+          {"TISPropertyIconRef", true},
+          {"TISPropertyIconImageURL", "file:///a.png"}},
+         {.id = "a", .hasIconReference = true, .iconImageURL = "file:///a.png"}},
+        {{{"TISPropertyInputSourceID", "b"},
+          {"TISPropertyInputSourceCategory", "TISCategoryPaletteInputSource"},
+          {"TISPropertyInputSourceIsSelectCapable", false}},
+         {.id = "b", .category = other, .isSelectCapable = false}},
+        {{{"TISPropertyInputSourceID", "c"}}, {.id = "c", .category = other, .isSelectCapable = false}}};
+    const auto drawing = std::make_shared<Drawing>();
+    TISInputSources sources([&](IconRef icon) { return icon == standins::icon ? drawing : nullptr; });
+    system().sources.push_back({{"TISPropertyLocalizedName", "has no id"}});
+    std::vector<InputSource> expected;
+    for (const auto& [facts, source] : cases) {
+        system().sources.push_back(facts);
+        expected.push_back(source);
+    }
+    EXPECT_EQ(sources.createInputSourceList(), expected);
+    EXPECT_EQ(sources.localizedName(expected[0]), "a") << "where there is no name";
+    EXPECT_EQ(sources.iconOfReference(expected[0]), drawing);
+    EXPECT_EQ(sources.iconOfReference(expected[1]), nullptr);
+    EXPECT_FALSE(sources.selectInputSource(expected[1]));
+    for (const bool isNull : {false, true}) {
+        system() = {.emptyListsAreNull = isNull};
+        EXPECT_THAT(sources.createInputSourceList(), IsEmpty());
+        for (const auto* id : {"a", "", "no UTF-8: \xff"}) {
+            EXPECT_THAT(sources.createInputSourceList(id), IsEmpty());
+            EXPECT_FALSE(sources.selectInputSource({.id = id}));
+            EXPECT_EQ(sources.localizedName({.id = id}), id);
+            EXPECT_EQ(sources.iconOfReference({.id = id}), nullptr);
+        }
+        EXPECT_FALSE(sources.copyCurrentKeyboardInputSource());
+        EXPECT_FALSE(sources.copyCurrentKeyboardLayoutInputSource());
+    }
+}
+
+TEST_F(MacServices, WindowsAreDescribedAsFarAsTheSystemTells) {
+    system().windows = {{{"kCGWindowIsOnscreen", 1},
+                         {"kCGWindowOwnerName", 1},
+                         {"kCGWindowName", Dictionary{}},
+                         {"kCGWindowBounds", "{{0, 0}, {1, 1}}"},
+                         {"kCGWindowLayer", "1"}},
+                        {{"kCGWindowIsOnscreen", true},
+                         {"kCGWindowName", ""},
+                         {"kCGWindowBounds", Dictionary{{"X", 1}}},
+                         {"kCGWindowLayer", 0.5}},
+                        {{"kCGWindowIsOnscreen", true}, {"kCGWindowLayer", -2147483601.0}},
+                        {{"kCGWindowOwnerName", "not on the screen"}}};
+    const CGWindowList list;
+    EXPECT_THAT(list.windows(),
+                ElementsAre(WindowDescription{}, WindowDescription{.name = "", .isOnScreen = true},
+                            WindowDescription{.layer = -2147483601, .isOnScreen = true}));
+    system().hasWindowServer = false;
+    EXPECT_THAT(list.windows(), IsEmpty());
+}
+
+TEST_F(MacServices, HotKeysEndWithTheirOwner) {
+    constexpr KeyCombination combination{0x28, ModifierFlag::command};
+    auto hotKeys = std::make_unique<CarbonHotKeys>();
+    auto outlives = hotKeys->registerHotKey(combination, [] {});
+    hotKeys.reset();
+    outlives->end();
+    system().installsHandlers = false;
+    EXPECT_FALSE(CarbonHotKeys().registerHotKey(combination, [] {}));
+}
+
+TEST_F(MacServices, BelongToTheMainThread) {
+    EXPECT_DEATH(std::thread([] { TISInputSources({}).createInputSourceList(); }).join(), "main thread");
+    EXPECT_DEATH(std::thread([] { CarbonHotKeys(); }).join(), "main thread");
+}
+
+TEST_F(MacServices, StringsAreWholeOrNothing) {
+    for (const auto* text : {"", "q", "\xC3\x9C \xE2\x82\xAC", "\xF0\x9F\x90\x8E"})
+        EXPECT_EQ(stringOf(makeString(text).get()), text);
+    const auto* half = standins::addObject({.type = standins::string, .text = "a", .length = 2});
+    EXPECT_FALSE(stringOf(CFRef<CFTypeRef>::adopt(half).get()));
+}
+
+TEST_F(MacServices, ReferencesAreCopiedMovedAndReplaced) {
+    auto first = makeString("first");
+    const auto same = first;
+    auto second = CFRef<CFStringRef>::retain(makeString("second").get());
+    first = std::move(second);
+    second = same;
+    first = CFRef<CFStringRef>::retain(nullptr);
+    EXPECT_FALSE(first);
+    EXPECT_EQ(stringOf(second.get()), "first");
+}
+
+EventHotKeyRef registerAny() {
+    EventHotKeyRef key = nullptr;
+    RegisterEventHotKey(0, 0, {}, GetEventDispatcherTarget(), 0, &key);
+    return key;
+}
+
+TEST(MacStandIns, FindFaultsOfOwnershipAndThreads) {
+    const std::pair<void (*)(), const char*> cases[] = {
+        {[] { standins::addString("text"); }, "leaked"},
+        {[] { CFRelease(nullptr); }, "CFRelease: null"},
+        {[] { CFRetain(standins::icon); }, "CFRetain: no object"},
+        {[] { CFRelease(kTISPropertyIconRef); }, "retained and released unequally"},
+        {[] { CFRelease(makeString("text").get()); }, "CFRelease: used after its release"},
+        {[] {
+             const auto* gone = makeString("text").get();
+             CFStringGetLength(gone);
+         },
+         "CFStringGetLength: used after its release"},
+        {[] {
+             system().sources = {{{"TISPropertyInputSourceID", "a"}}};
+             const auto* list = TISCreateInputSourceList(nullptr, false);
+             const auto* source = CFArrayGetValueAtIndex(list, 0);
+             CFRelease(list);
+             CFRetain(source);
+         },
+         "CFRetain: used after its release"},
+        {[] { CFBooleanGetValue(reinterpret_cast<CFBooleanRef>(makeString("text").get())); }, "another type"},
+        {[] { std::thread([] { TISCopyCurrentKeyboardInputSource(); }).join(); }, "not the main thread"},
+        {[] { registerAny(); }, "leaked"},
+        {[] {
+             const auto key = registerAny();
+             UnregisterEventHotKey(key);
+             UnregisterEventHotKey(key);
+         },
+         "UnregisterEventHotKey: used after its release"}};
+    restartSystem();
+    for (const auto& [use, fault] : cases) {
+        use();
+        EXPECT_THAT(restartSystem(), testing::Contains(HasSubstr(fault)));
+    }
+}
+
+} // namespace
+} // namespace quorvane

@@ -1,0 +1,38 @@
+#pragma once
+
+// The part of Core Graphics that the macOS desktop uses, declared anew, for checks on other systems.
+
+#include <CoreFoundation/CoreFoundation.h>
+
+extern "C" {
+
+// Geometry: public SDK documentation.
+using CGFloat = double;
+struct CGPoint {
+    CGFloat x;
+    CGFloat y;
+};
+struct CGSize {
+    CGFloat width;
+    CGFloat height;
+};
+struct CGRect {
+    CGPoint origin;
+    CGSize size;
+};
+bool CGRectMakeWithDictionaryRepresentation(CFDictionaryRef dictionary, CGRect* rect);
+
+// The window list: public SDK documentation, constants from the metadata of PyObjC.
+using CGWindowID = std::uint32_t;
+using CGWindowListOption = std::uint32_t;
+enum : CGWindowListOption { kCGWindowListOptionOnScreenOnly = 1 };
+constexpr CGWindowID kCGNullWindowID = 0;
+CFArrayRef CGWindowListCreate(CGWindowListOption option, CGWindowID relativeToWindow);
+CFArrayRef CGWindowListCreateDescriptionFromArray(CFArrayRef windows);
+extern const CFStringRef kCGWindowOwnerName;
+extern const CFStringRef kCGWindowName;
+extern const CFStringRef kCGWindowBounds;
+extern const CFStringRef kCGWindowLayer;
+extern const CFStringRef kCGWindowIsOnscreen;
+
+} // extern "C"

@@ -1,0 +1,73 @@
+#include <algorithm>
+#include <cstring>
+
+#include "macos/standins/StandIns.h"
+
+using namespace quorvane::standins;
+
+namespace {
+
+EventHandlerUPP handlerFunction = nullptr;
+void* handlerUserData = nullptr;
+
+} // namespace
+
+std::string System::combination(UInt32 keyCode, UInt32 modifiers) {
+    return std::to_string(keyCode) + ' ' + std::to_string(modifiers);
+}
+
+void System::press(UInt32 keyCode, UInt32 modifiers) {
+    auto* key = find(hotKey, combination(keyCode, modifiers & ~UInt32{alphaLock}));
+    if (key && find(handler, "")) handlerFunction(nullptr, reinterpret_cast<EventRef>(key), handlerUserData);
+}
+
+EventTargetRef GetEventDispatcherTarget() {
+    return reinterpret_cast<EventTargetRef>(&handlerFunction);
+}
+
+OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP function, ItemCount count,
+                             const EventTypeSpec* types, void* userData, EventHandlerRef* reference) {
+    requireMain(__func__);
+    const bool isForHotKeys = count == 1 && types->eventClass == kEventClassKeyboard &&
+                              types->eventKind == kEventHotKeyPressed && target == GetEventDispatcherTarget();
+    if (!isForHotKeys || !system().installsHandlers || find(handler, "")) return paramErr;
+    handlerFunction = function;
+    handlerUserData = userData;
+    *reference = static_cast<EventHandlerRef>(const_cast<void*>(addObject({.type = handler})));
+    return noErr;
+}
+
+OSStatus RemoveEventHandler(EventHandlerRef reference) {
+    auto* object = use(reference, __func__, handler);
+    if (!object) return paramErr;
+    object->references = 0;
+    return noErr;
+}
+
+OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType type, EventParamType*,
+                           ByteCount room, ByteCount*, void* data) {
+    const auto* key = use(event, __func__, hotKey);
+    if (!key || name != kEventParamDirectObject || type != typeEventHotKeyID || room != sizeof key->id)
+        return paramErr;
+    std::memcpy(data, &key->id, room);
+    return noErr;
+}
+
+OSStatus RegisterEventHotKey(UInt32 keyCode, UInt32 modifiers, EventHotKeyID id, EventTargetRef target,
+                             OptionBits, EventHotKeyRef* reference) {
+    requireMain(__func__);
+    if (target != GetEventDispatcherTarget()) return paramErr;
+    const auto text = System::combination(keyCode, modifiers);
+    if (find(hotKey, text) || std::ranges::count(system().combinationsOfOthers, text))
+        return eventHotKeyExistsErr;
+    const auto* key = addObject({.type = hotKey, .text = text, .id = id});
+    *reference = static_cast<EventHotKeyRef>(const_cast<void*>(key));
+    return noErr;
+}
+
+OSStatus UnregisterEventHotKey(EventHotKeyRef reference) {
+    auto* object = use(reference, __func__, hotKey);
+    if (!object) return eventHotKeyInvalidErr;
+    object->references = 0;
+    return noErr;
+}

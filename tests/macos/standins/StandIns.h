@@ -1,0 +1,68 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/PropertyList.h"
+#include "platform/macos/Apple.h"
+
+namespace quorvane::standins {
+
+/// What a user and other programs can change. Dictionaries have the names of Apple's keys.
+struct System {
+    using Dictionary = PropertyList::Dictionary;
+
+    std::vector<Dictionary> sources; ///< Whose "TISPropertyIconRef" says whether they have an icon.
+    std::string selectedID;
+    int selectionsTold = 0;
+    bool emptyListsAreNull = false;
+
+    std::vector<Dictionary> windows; ///< Front to back.
+    bool hasWindowServer = true;
+
+    std::vector<std::string> combinationsOfOthers;
+    bool installsHandlers = true;
+
+    void select(const std::string& id);
+    static std::string combination(UInt32 keyCode, UInt32 modifiers);
+    static void press(UInt32 keyCode, UInt32 modifiers);
+};
+
+System& system();
+
+/// A fresh system. Tells all faults in the use of the old one, and what is owned still.
+std::vector<std::string> restartSystem();
+
+extern const IconRef icon; ///< Of all input sources that have one.
+
+enum Type : CFTypeID { any, string, boolean, number, url, array, dictionary, inputSource, hotKey, handler };
+
+/// Anything that is owned. It is remembered when it is gone, so that later uses are found.
+struct Object {
+    CFTypeID type = any;
+    std::string text{}; ///< In UTF-8, as far as it can be converted to that.
+    CFIndex length = 0; ///< Of a string: in UTF-16.
+    double value = 0;
+    std::vector<const void*> parts{}; ///< Elements, or keys and values by turns.
+    bool ownsParts = true;            ///< False for plain numbers in the place of objects.
+    EventHotKeyID id{};
+    int references = 1; ///< 0: gone.
+};
+
+const void* addObject(Object object);
+CFTypeRef addString(std::string_view utf8);
+CFTypeRef addValue(const PropertyList& value);
+CFStringRef constant(std::string_view ascii); ///< Lives for ever.
+
+void addFault(std::string_view caller, std::string_view fault);
+void requireMain(std::string_view caller);
+
+/// The object behind a reference. Null, and a fault, when it is gone, none, of another type, or used on
+/// another thread than the main one.
+Object* use(const void* reference, std::string_view caller, CFTypeID type = any);
+
+/// One that is not gone; null when there is none.
+Object* find(CFTypeID type, std::string_view text);
+
+} // namespace quorvane::standins
