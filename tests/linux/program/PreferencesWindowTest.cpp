@@ -13,7 +13,7 @@
 namespace quorvane {
 namespace {
 
-constexpr unsigned us = 0, ru = 1, de = 2;
+constexpr unsigned us = 0, ru = 1;
 constexpr std::uint8_t a = 38, b = 56, k = 45, down = 116, enter = 36, control = 37, option = 64, f2 = 68;
 
 const QString applications = "Switch by application";
