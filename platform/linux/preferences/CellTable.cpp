@@ -55,7 +55,7 @@ CellTable::~CellTable() {
 
 void CellTable::setColumnIdentifiers(const QStringList& identifiers) {
     model_.setColumnIdentifiers(identifiers);
-    hasWidths_ = false;
+    widths_ = Widths::none;
 }
 
 void CellTable::setKeyboard(ShortcutKeyboard& keyboard) {
@@ -120,11 +120,15 @@ int CellTable::sizeHintForColumn(int column) const {
 
 /// Once, when the first row shows what is in the columns. From then on they are as the user makes them.
 void CellTable::layOutColumns() {
-    if (hasWidths_ || model_.columnCount() == 0) return;
-    hasWidths_ = model_.rowCount() > 0;
+    // Once for the titles, and once more when there is something below them: every change of a width comes
+    // back here.
+    const auto wanted = model_.rowCount() > 0 ? Widths::ofCells : Widths::ofTitles;
+    if (widths_ >= wanted || model_.columnCount() == 0) return;
+    widths_ = wanted;
     auto& header = *horizontalHeader();
     int stretched = model_.columnCount() - 1;
-    while (!hasWidths_ && stretched > 0 && !model_.columnTitles().value(stretched - 1).isEmpty())
+    while (widths_ == Widths::ofTitles && stretched > 0 &&
+           !model_.columnTitles().value(stretched - 1).isEmpty())
         --stretched; // Nothing is known of what will be in it: the first one with a title.
     for (int column = model_.columnCount() - 1; column >= 0; --column) {
         if (partOf<TextFieldPart>(model_.sample(column))) stretched = column;

@@ -66,6 +66,8 @@ protected:
     void updateGeometries() override;
 
 private:
+    enum class Widths { none, ofTitles, ofCells };
+
     void layOutColumns();
     void updateRowHeight();
     void updateSight();
@@ -81,7 +83,7 @@ private:
     const TableView* port_ = nullptr;
     std::function<void()> action_;
     QString emptyText_;
-    bool hasWidths_ = false; ///< The columns' widths are right for what is in them.
+    Widths widths_ = Widths::none; ///< What the columns' widths are right for.
     bool isUpdatingSight_ = false;
     bool isQuiet_ = false; ///< It is the program who moves the selection, or a click that is told of anyway.
 
