@@ -187,5 +187,23 @@ TEST(CellTableTest, LoadsIconsWhileNothingElseIsToBeDone) {
     }
 }
 
+TEST(CellTable, ComesToRestWithAndWithoutRows) {
+    struct Paints : QObject {
+        bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+            count += event->type() == QEvent::Paint;
+            return false;
+        }
+        int count = 0;
+    };
+    for (const int rows : {0, 3}) {
+        ShownTable shown(rows);
+        Paints paints;
+        shown.table.viewport()->installEventFilter(&paints);
+        int turns = 0;
+        waitUntil([&] { return ++turns > 200; });
+        EXPECT_LT(paints.count, 50) << rows;
+    }
+}
+
 } // namespace
 } // namespace quorvane
