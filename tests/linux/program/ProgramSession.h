@@ -23,7 +23,6 @@ public:
 
     void write(const QByteArray& line) { process_.write(line); } ///< To its standard input.
 
-    qint64 pid() const { return process_.processId(); }
     bool isRunning() const { return process_.state() == QProcess::Running; }
     bool waitForEnd();
     void terminate() { process_.terminate(); }
