@@ -62,25 +62,24 @@ ShortcutRecorder::ShortcutRecorder(ShortcutKeyboard& keyboard, QWidget* parent)
 }
 
 ShortcutRecorder::~ShortcutRecorder() {
-    if (state_ != State::idle) releaseKeyboard();
+    if (recording_.state() != State::idle) releaseKeyboard();
 }
 
 void ShortcutRecorder::setPart(const ShortcutRecorderPart& part) {
     part_ = part;
+    recording_.setRules(part.allowedModifierFlags, part.allowsEmptyModifierFlags);
     refresh();
 }
 
 void ShortcutRecorder::toggle() {
-    if (state_ == State::recording)
+    if (recording_.state() == State::recording)
         end();
     else
         begin();
 }
 
 void ShortcutRecorder::begin() {
-    state_ = State::recording;
-    hasRefused_ = false;
-    held_ = keyboard_.heldFlags() & part_.allowedModifierFlags;
+    recording_.begin(keyboard_.heldFlags());
     setFocus(Qt::OtherFocusReason);
     grabKeyboard();
     qApp->installEventFilter(this);
@@ -88,8 +87,8 @@ void ShortcutRecorder::begin() {
 }
 
 void ShortcutRecorder::end() {
-    if (state_ == State::idle) return;
-    state_ = State::idle;
+    if (!isInUse()) return;
+    recording_.end();
     qApp->removeEventFilter(this);
     releaseKeyboard();
     // Also where another window has the focus: this one would get it back with its window.
@@ -131,45 +130,32 @@ void ShortcutRecorder::hideEvent(QHideEvent* event) {
 }
 
 void ShortcutRecorder::handlePress(const QKeyEvent& event) {
-    if (state_ != State::recording || event.isAutoRepeat()) return;
+    if (recording_.state() != State::recording || event.isAutoRepeat()) return;
     if (isModifier(event)) {
         handleModifiers();
         return;
     }
-    const auto flags = keyboard_.flagsOfState(event.nativeModifiers()) & part_.allowedModifierFlags;
-    if (event.key() == Qt::Key_Escape && !flags) {
-        endWhenReleased(event);
-        return;
-    }
     const auto scanCode = event.nativeScanCode();
-    const auto keyCode = scanCode <= 0xff ? keyCodeOf(static_cast<std::uint8_t>(scanCode)) : std::nullopt;
-    hasRefused_ = !keyCode || (!flags && !part_.allowsEmptyModifierFlags);
-    if (hasRefused_) {
-        refresh();
-        return;
-    }
-    endWhenReleased(event);
-    tell(InputShortcut{*keyCode, static_cast<std::int64_t>(flags)}.record());
+    const auto recorded = recording_.press(
+        {.key = scanCode,
+         .keyCode = scanCode <= 0xff ? keyCodeOf(static_cast<std::uint8_t>(scanCode)) : std::nullopt,
+         .modifierFlags = keyboard_.flagsOfState(event.nativeModifiers()),
+         .meaning = event.key() == Qt::Key_Escape ? Meaning::leavesAsItWas : Meaning::recorded});
+    refresh();
+    if (recorded) tell(*recorded);
 }
 
 void ShortcutRecorder::handleRelease(const QKeyEvent& event) {
     if (event.isAutoRepeat()) return;
-    if (state_ == State::releasing && event.nativeScanCode() == lastKey_)
+    if (recording_.isOverWithRelease(event.nativeScanCode()))
         end();
-    else if (state_ == State::recording && isModifier(event))
+    else if (recording_.state() == State::recording && isModifier(event))
         handleModifiers();
 }
 
 /// The event tells what was held before it.
 void ShortcutRecorder::handleModifiers() {
-    held_ = keyboard_.heldFlags() & part_.allowedModifierFlags;
-    hasRefused_ = false;
-    refresh();
-}
-
-void ShortcutRecorder::endWhenReleased(const QKeyEvent& event) {
-    state_ = State::releasing;
-    lastKey_ = event.nativeScanCode();
+    recording_.holdModifiers(keyboard_.heldFlags());
     refresh();
 }
 
@@ -186,14 +172,22 @@ void ShortcutRecorder::tell(const PropertyList& objectValue) {
 
 void ShortcutRecorder::refresh() {
     const auto shortcut = InputShortcut::ofRecord(part_.objectValue);
-    if (state_ == State::recording && hasRefused_)
-        setText(localized("This key cannot be used"));
-    else if (state_ == State::recording)
-        setText(held_ ? keyboard_.textOfModifiers(held_) + QStringLiteral("…") : localized("Press the keys"));
-    else
+    switch (recording_.display()) {
+    case Display::objectValue:
         setText(shortcut ? keyboard_.textOf(*shortcut) : localized("Record shortcut"));
+        break;
+    case Display::prompt:
+        setText(localized("Press the keys"));
+        break;
+    case Display::heldModifiers:
+        setText(keyboard_.textOfModifiers(recording_.heldFlags()) + QStringLiteral("…"));
+        break;
+    case Display::refusal:
+        setText(localized("This key cannot be used"));
+        break;
+    }
     setAccessibleDescription(text());
-    clearButton_->setVisible(shortcut && state_ == State::idle);
+    clearButton_->setVisible(shortcut && !isInUse());
     const bool fits = fontMetrics().horizontalAdvance(text()) <= placeOfText().width();
     setToolTip(fits ? QString() : text());
     update();
@@ -235,11 +229,11 @@ void ShortcutRecorder::paintEvent(QPaintEvent* /*event*/) {
     frame.rect = rect();
     frame.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &frame, this);
     frame.state |= QStyle::State_Sunken;
-    const bool isRecording = state_ == State::recording;
+    const bool isRecording = recording_.state() == State::recording;
     frame.state.setFlag(QStyle::State_HasFocus, isRecording);
     if (!isRecording) frame.palette.setBrush(QPalette::Base, palette().brush(QPalette::Window));
     painter.drawPrimitive(QStyle::PE_PanelLineEdit, frame);
-    const bool isHint = isRecording ? held_ == 0 || hasRefused_ : isEmpty();
+    const bool isHint = isRecording ? recording_.display() != Display::heldModifiers : isEmpty();
     painter.setPen(palette().color(isHint ? QPalette::PlaceholderText : QPalette::Text));
     const auto place = placeOfText();
     painter.drawText(place, Qt::AlignCenter | Qt::TextSingleLine,

@@ -7,6 +7,7 @@
 #include "platform/CellView.h"
 #include "platform/linux/preferences/CellControl.h"
 #include "platform/linux/preferences/ShortcutKeyboard.h"
+#include "shortcuts/ShortcutRecording.h"
 
 namespace quorvane {
 
@@ -31,7 +32,7 @@ public:
     QRect placeIn(const QRect& cell) const override;
     void act() override { click(); }
     void clear() override;
-    bool isInUse() const override { return state_ != State::idle; }
+    bool isInUse() const override { return recording_.state() != State::idle; }
     void endUse() override { end(); }
 
 protected:
@@ -43,11 +44,9 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    enum class State {
-        idle,
-        recording,
-        releasing, ///< It is over, but its last key is still held and would go on as a hot key.
-    };
+    using State = ShortcutRecording::State;
+    using Meaning = ShortcutRecording::Meaning;
+    using Display = ShortcutRecording::Display;
 
     void toggle();
     void begin();
@@ -55,7 +54,6 @@ private:
     void handlePress(const QKeyEvent& event);
     void handleRelease(const QKeyEvent& event);
     void handleModifiers();
-    void endWhenReleased(const QKeyEvent& event);
     void tell(const PropertyList& objectValue);
     bool isEmpty() const { return !InputShortcut::ofRecord(part_.objectValue); }
     QRect placeOfText() const;
@@ -63,10 +61,7 @@ private:
 
     ShortcutKeyboard& keyboard_;
     ShortcutRecorderPart part_;
-    State state_ = State::idle;
-    bool hasRefused_ = false; ///< The last key was none that can be recorded.
-    std::uint64_t held_ = 0;  ///< The modifiers, while it records.
-    std::uint32_t lastKey_ = 0;
+    ShortcutRecording recording_;
     QAbstractButton* clearButton_;
     Subscription keyboardChanges_;
 };
