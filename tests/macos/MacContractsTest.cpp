@@ -7,7 +7,7 @@
 #include "contracts/HotKeysContract.h"
 #include "contracts/OnScreenWindowListContract.h"
 #include "contracts/TextInputSourcesContract.h"
-#include "macos/standins/StandIns.h"
+#include "macos/standins/FreshSystem.h"
 #include "platform/macos/CFRef.h"
 #include "platform/macos/CFValues.h"
 #include "platform/macos/input/TISInputSources.h"
@@ -17,21 +17,13 @@
 namespace quorvane {
 namespace {
 
+using standins::FreshSystem;
 using standins::restartSystem;
 using standins::system;
 using Dictionary = PropertyList::Dictionary;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-/// A fresh system, which must have been used without a fault when it ends.
-class FreshSystem {
-public:
-    FreshSystem() { restartSystem(); }
-    ~FreshSystem() { EXPECT_THAT(restartSystem(), IsEmpty()); }
-    FreshSystem(const FreshSystem&) = delete;
-    FreshSystem& operator=(const FreshSystem&) = delete;
-};
 
 template <class Bench>
 class MacBench : public Bench {
@@ -209,6 +201,39 @@ TEST_F(MacServices, HotKeysEndWithTheirOwner) {
     outlives->end();
     system().installsHandlers = false;
     EXPECT_FALSE(CarbonHotKeys().registerHotKey(combination, [] {}));
+}
+
+TEST_F(MacServices, HotKeysRestWhileTheyAreSuspended) {
+    constexpr KeyCombination early{0x28, ModifierFlag::command}, late{0x26, ModifierFlag::command},
+        ended{0x25, 0}, taken{0x60, 0};
+    CarbonHotKeys hotKeys;
+    std::vector<std::int64_t> fired;
+    const auto add = [&](const KeyCombination& combination) {
+        return hotKeys.registerHotKey(combination,
+                                      [&, combination] { fired.push_back(combination.keyCode); });
+    };
+    const auto firedOfAll = [&] {
+        for (const auto& each : {early, late, ended, taken})
+            system().press(static_cast<UInt32>(each.keyCode), each.modifierFlags ? UInt32{cmdKey} : 0);
+        return std::exchange(fired, {});
+    };
+    const auto first = add(early);
+    auto second = add(ended);
+    auto outer = hotKeys.suspend();
+    auto inner = hotKeys.suspend();
+    EXPECT_FALSE(add(early)) << "this program has it, though the system does not know";
+    const auto third = add(late);
+    EXPECT_TRUE(third);
+    const auto fourth = add(taken);
+    system().combinationsOfOthers.push_back(standins::System::combination(0x60, 0));
+    EXPECT_FALSE(add({0x60, ModifierFlag::capsLock}));
+    second->end();
+    EXPECT_THAT(firedOfAll(), IsEmpty());
+    outer.end();
+    EXPECT_THAT(firedOfAll(), IsEmpty());
+    inner.end();
+    EXPECT_THAT(firedOfAll(), ElementsAre(early.keyCode, late.keyCode));
+    inner = CarbonHotKeys().suspend(); // which ends before what it returned
 }
 
 TEST_F(MacServices, BelongToTheMainThread) {

@@ -1,5 +1,6 @@
 #include "platform/macos/keyboard/CarbonHotKeys.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/GlobalEventMonitor.h"
@@ -35,8 +36,8 @@ CarbonHotKeys::CarbonHotKeys() {
 }
 
 CarbonHotKeys::~CarbonHotKeys() {
-    for (const auto& [number, key] : keys_)
-        UnregisterEventHotKey(key.reference);
+    for (auto& [number, key] : keys_)
+        giveBack(key);
     if (handler_) RemoveEventHandler(handler_);
 }
 
@@ -45,18 +46,50 @@ std::optional<Subscription> CarbonHotKeys::registerHotKey(const KeyCombination& 
     requireMainThread();
     if (!handler_ || combination.keyCode < 0 || combination.keyCode > lastKeyCode) return std::nullopt;
     const auto number = ++lastNumber_;
-    constexpr OptionBits shared = 0;
-    EventHotKeyRef reference = nullptr;
-    const auto status = RegisterEventHotKey(static_cast<UInt32>(combination.keyCode),
-                                            carbonModifiers(combination.modifierFlags), {signature, number},
-                                            GetEventDispatcherTarget(), shared, &reference);
-    if (status != noErr || !reference) return std::nullopt;
-    keys_.emplace(number, HotKey{reference, std::move(pressed)});
+    HotKey key{static_cast<UInt32>(combination.keyCode), carbonModifiers(combination.modifierFlags),
+               std::move(pressed), nullptr};
+    const auto isTheSame = [&key](const auto& other) {
+        return other.second.keyCode == key.keyCode && other.second.modifiers == key.modifiers;
+    };
+    // The system knows of none while they are suspended.
+    if (std::ranges::any_of(keys_, isTheSame)) return std::nullopt;
+    key.reference = take(number, key);
+    if (!key.reference) return std::nullopt;
+    if (suspensions_ > 0) giveBack(key); // It was only tried.
+    keys_.emplace(number, std::move(key));
     return Subscription([this, alive = std::weak_ptr(alive_), number] {
         if (alive.expired()) return;
-        const auto key = keys_.extract(number);
-        UnregisterEventHotKey(key.mapped().reference);
+        auto ended = keys_.extract(number);
+        giveBack(ended.mapped());
     });
+}
+
+EventHotKeyRef CarbonHotKeys::take(UInt32 number, const HotKey& key) {
+    constexpr OptionBits shared = 0;
+    EventHotKeyRef reference = nullptr;
+    const auto status = RegisterEventHotKey(key.keyCode, key.modifiers, {signature, number},
+                                            GetEventDispatcherTarget(), shared, &reference);
+    return status == noErr ? reference : nullptr;
+}
+
+void CarbonHotKeys::giveBack(HotKey& key) {
+    if (key.reference) UnregisterEventHotKey(std::exchange(key.reference, nullptr));
+}
+
+Subscription CarbonHotKeys::suspend() {
+    requireMainThread();
+    if (++suspensions_ == 1) {
+        for (auto& [number, key] : keys_)
+            giveBack(key);
+    }
+    return Subscription([this, alive = std::weak_ptr(alive_)] {
+        if (!alive.expired() && --suspensions_ == 0) resume();
+    });
+}
+
+void CarbonHotKeys::resume() {
+    for (auto& [number, key] : keys_)
+        key.reference = take(number, key);
 }
 
 /// What a handler throws would have to go through frames of the system, which cannot be unwound: it ends the
@@ -71,7 +104,8 @@ OSStatus CarbonHotKeys::press(EventRef event) const {
                                           sizeof id, nullptr, &id);
     if (status != noErr || id.signature != signature) return eventNotHandledErr;
     const auto key = keys_.find(id.id);
-    if (key == keys_.end()) return eventNotHandledErr;
+    // A press that was under way when they were suspended is none any more.
+    if (key == keys_.end() || !key->second.reference) return eventNotHandledErr;
     const auto pressed = key->second.pressed; // It may end its own registration.
     pressed();
     return noErr;

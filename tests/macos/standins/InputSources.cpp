@@ -12,6 +12,7 @@ const CFStringRef kTISPropertyInputSourceIsSelectCapable = constant("TISProperty
 const CFStringRef kTISPropertyLocalizedName = constant("TISPropertyLocalizedName");
 const CFStringRef kTISPropertyIconRef = constant("TISPropertyIconRef");
 const CFStringRef kTISPropertyIconImageURL = constant("TISPropertyIconImageURL");
+const CFStringRef kTISPropertyUnicodeKeyLayoutData = constant("TISPropertyUnicodeKeyLayoutData");
 const CFStringRef kTISCategoryKeyboardInputSource = constant("TISCategoryKeyboardInputSource");
 
 const IconRef standins::icon = reinterpret_cast<IconRef>(&standins::system());
@@ -64,6 +65,12 @@ TISInputSourceRef TISCopyCurrentKeyboardInputSource() {
 
 TISInputSourceRef TISCopyCurrentKeyboardLayoutInputSource() {
     return copySelected(__func__);
+}
+
+TISInputSourceRef TISCopyCurrentASCIICapableKeyboardLayoutInputSource() {
+    requireMain(__func__);
+    const auto& layout = system().asciiCapableLayout;
+    return layout.empty() ? nullptr : static_cast<TISInputSourceRef>(const_cast<void*>(makeSource(layout)));
 }
 
 void* TISGetInputSourceProperty(TISInputSourceRef reference, CFStringRef key) {

@@ -66,6 +66,8 @@ CFTypeRef addValue(const PropertyList& value) {
     if (const auto* integer = value.integer())
         return addObject({.type = number, .value = static_cast<double>(*integer)});
     if (const auto* real = value.real()) return addObject({.type = number, .value = *real});
+    if (const auto* bytes = value.data())
+        return addObject({.type = data, .text = {bytes->begin(), bytes->end()}});
     Object entries{.type = dictionary};
     for (const auto& [key, entry] : *value.dictionary())
         entries.parts.insert(entries.parts.end(), {addString(key), addValue(entry)});
@@ -178,6 +180,20 @@ CFIndex CFStringGetBytes(CFStringRef reference, CFRange range, CFStringEncoding 
     if (buffer) object->text.copy(reinterpret_cast<char*>(buffer), static_cast<std::size_t>(room));
     *used = size;
     return lengthInUtf16(object->text);
+}
+
+CFTypeID CFDataGetTypeID() {
+    return data;
+}
+
+CFIndex CFDataGetLength(CFDataRef reference) {
+    const auto* object = use(reference, __func__, data);
+    return object ? static_cast<CFIndex>(object->text.size()) : 0;
+}
+
+const UInt8* CFDataGetBytePtr(CFDataRef reference) {
+    const auto* object = use(reference, __func__, data);
+    return object ? reinterpret_cast<const UInt8*>(object->text.data()) : nullptr;
 }
 
 Boolean CFBooleanGetValue(CFBooleanRef reference) {

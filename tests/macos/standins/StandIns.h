@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +18,8 @@ struct System {
     std::string selectedID;
     int selectionsTold = 0;
     bool emptyListsAreNull = false;
+    Dictionary asciiCapableLayout; ///< None when it is empty.
+    std::map<UInt16, std::u16string> typedByKeys;
 
     std::vector<Dictionary> windows; ///< Front to back.
     bool hasWindowServer = true;
@@ -36,12 +39,24 @@ std::vector<std::string> restartSystem();
 
 extern const IconRef icon; ///< Of all input sources that have one.
 
-enum Type : CFTypeID { any, string, boolean, number, url, array, dictionary, inputSource, hotKey, handler };
+enum Type : CFTypeID {
+    any,
+    string,
+    boolean,
+    number,
+    data,
+    url,
+    array,
+    dictionary,
+    inputSource,
+    hotKey,
+    handler
+};
 
 /// Anything that is owned. It is remembered when it is gone, so that later uses are found.
 struct Object {
     CFTypeID type = any;
-    std::string text{}; ///< In UTF-8, as far as it can be converted to that.
+    std::string text{}; ///< In UTF-8, as far as it can be converted to that; of data: the bytes.
     CFIndex length = 0; ///< Of a string: in UTF-16.
     double value = 0;
     std::vector<const void*> parts{}; ///< Elements, or keys and values by turns.

@@ -1,0 +1,104 @@
+#import "platform/macos/recorder/RecorderFace.h"
+
+#include <algorithm>
+#include <cmath>
+
+#import "platform/macos/foundation/Localized.h"
+#import "platform/macos/foundation/PropertyListBridge.h"
+#include "platform/macos/recorder/KeyNames.h"
+
+namespace quorvane {
+namespace {
+
+using Display = ShortcutRecording::Display;
+
+constexpr CGFloat fontSize = 12;
+constexpr CGFloat padding = 6;
+constexpr CGFloat clearSide = 16;
+
+NSButton* makeClearButton(id target, SEL action) {
+    NSButton* button = [[NSButton alloc] initWithFrame:NSZeroRect];
+    [button setButtonType:NSButtonTypeMomentaryChange];
+    button.bordered = NO;
+    button.title = @"";
+    button.imagePosition = NSImageOnly;
+    button.image = [NSImage imageWithSystemSymbolName:@"xmark.circle.fill" accessibilityDescription:nil];
+    button.contentTintColor = NSColor.secondaryLabelColor;
+    button.refusesFirstResponder = YES;
+    button.toolTip = localized(@"Clear shortcut");
+    button.accessibilityLabel = localized(@"Clear shortcut");
+    button.target = target;
+    button.action = action;
+    return button;
+}
+
+NSString* shown(const std::string& text) {
+    NSString* converted = toNSString(text);
+    return converted ? converted : @"";
+}
+
+NSString* hintOf(Display display) {
+    if (display == Display::prompt) return localized(@"Press the keys");
+    if (display == Display::refusal) return localized(@"This key cannot be used");
+    return localized(@"Record shortcut");
+}
+
+/// Empty when there is none, nor a part of one.
+std::string combinationOf(const ShortcutRecording& recording, const PropertyList& objectValue) {
+    if (recording.display() == Display::heldModifiers) return textOfModifiers(recording.heldFlags()) + "…";
+    const auto shortcut = InputShortcut::ofRecord(objectValue);
+    if (recording.display() != Display::objectValue || !shortcut) return {};
+    return textOf(*shortcut, fromNSString(localized(@"Space")));
+}
+
+} // namespace
+
+RecorderFace::RecorderFace(NSView* view, SEL clear) : clearButton_(makeClearButton(view, clear)) {
+    [view addSubview:clearButton_];
+}
+
+bool RecorderFace::show(const ShortcutRecording& recording, const PropertyList& objectValue) {
+    const auto combination = combinationOf(recording, objectValue);
+    NSString* before = text_;
+    isHint_ = combination.empty();
+    text_ = isHint_ ? hintOf(recording.display()) : shown(combination);
+    const bool isIdle = recording.state() == ShortcutRecording::State::idle;
+    clearButton_.hidden = !isIdle || objectValue.isNothing();
+    return ![text_ isEqualToString:before];
+}
+
+void RecorderFace::layOut(NSView* view) {
+    const NSRect bounds = view.bounds;
+    clearButton_.frame = NSMakeRect(bounds.size.width - padding / 2 - clearSide,
+                                    (bounds.size.height - clearSide) / 2, clearSide, clearSide);
+    const bool fits = [text_ sizeWithAttributes:attributes()].width <= placeOfText(bounds).size.width;
+    view.toolTip = fits ? nil : text_;
+}
+
+void RecorderFace::draw(NSRect bounds) const {
+    const NSRect place = placeOfText(bounds);
+    const CGFloat height = [text_ sizeWithAttributes:attributes()].height;
+    const CGFloat bottom = std::floor((place.size.height - height) / 2);
+    [text_ drawInRect:NSMakeRect(place.origin.x, bottom, place.size.width, height)
+        withAttributes:attributes()];
+}
+
+/// In the middle, and as far from either end as the cross.
+NSRect RecorderFace::placeOfText(NSRect bounds) const {
+    const CGFloat side = clearButton_.hidden ? padding : padding + clearSide;
+    return NSMakeRect(side, 0, std::max(bounds.size.width - 2 * side, 0.0), bounds.size.height);
+}
+
+/// Colours that change with the appearance: they are looked up when something is drawn.
+NSDictionary<NSAttributedStringKey, id>* RecorderFace::attributes() const {
+    NSMutableParagraphStyle* style = [[NSMutableParagraphStyle alloc] init];
+    style.alignment = NSTextAlignmentCenter;
+    style.lineBreakMode = NSLineBreakByTruncatingTail;
+    return @{
+        NSFontAttributeName : [NSFont systemFontOfSize:fontSize],
+        NSForegroundColorAttributeName : isHint_ ? NSColor.placeholderTextColor : NSColor.controlTextColor,
+        NSParagraphStyleAttributeName : style
+    };
+}
+
+} // namespace quorvane

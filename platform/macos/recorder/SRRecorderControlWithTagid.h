@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "platform/Subscription.h"
+#import "platform/macos/AppKit.h"
+#include "platform/macos/keyboard/HotKeySuspender.h"
+
+@class SRRecorderControlWithTagid;
+
+@protocol ShortcutRecorderDelegate <NSObject>
+
+/// A combination was recorded or cleared: `objectValue` is the new one. Nothing is said when it stays as it
+/// was.
+- (void)shortcutRecorderDidEndRecording:(nonnull SRRecorderControlWithTagid*)recorder;
+
+@end
+
+/// Shows a key combination, and records another one: a click or Space begins, Escape leaves it as it was,
+/// Delete and the cross clear it. Keys are its own only while it records; no hot key of this program fires
+/// then.
+@interface SRRecorderControlWithTagid : NSView
+
+/// `use` is asked for a use of the cell when a recording begins.
+- (nonnull instancetype)initWithHotKeySuspender:(quorvane::HotKeySuspender)suspendHotKeys
+                                            use:(std::function<quorvane::Subscription()>)use;
+- (nonnull instancetype)initWithFrame:(NSRect)frameRect __attribute__((unavailable));
+
+@property(nonatomic, assign) int64_t tagid;
+
+/// The key code under "keyCode" and the modifiers under "modifierFlags"; nil for no combination.
+@property(nonatomic, copy, nullable) NSDictionary<NSString*, id>* objectValue;
+
+@property(nonatomic, weak, nullable) id<ShortcutRecorderDelegate> delegate;
+
+// Which combinations can be recorded.
+@property(nonatomic, assign) NSEventModifierFlags allowedModifierFlags;
+@property(nonatomic, assign) BOOL allowsEmptyModifierFlags;
+
+@end
