@@ -5,8 +5,8 @@ namespace quorvane {
 /// Calls the program from a callback of the system, whose frames no C++ exception may cross: an exception
 /// ends the program here, where its report still shows the cause.
 template <class Function, class... Arguments>
-void callProgram(const Function& function, const Arguments&... arguments) noexcept {
-    function(arguments...);
+decltype(auto) callProgram(const Function& function, const Arguments&... arguments) noexcept {
+    return function(arguments...);
 }
 
 } // namespace quorvane

@@ -25,21 +25,24 @@ QString contents(const fs::path& path) {
     return QString::fromUtf8(file.readAll());
 }
 
-/// Adds the literals that calls in a source file look up. Every call must have one.
+/// Adds the literals that calls in a source file look up, of C++ or of Objective-C. Every call must have one.
 void addKeysOfSource(const fs::path& path, Keys& keys) {
-    static const QRegularExpression call(R"(\blocalized(?:String)?\(\s*((?:"(?:[^"\\]|\\.)*"\s*)+)?)");
+    static const QRegularExpression call(R"(\blocalized(?:String)?\(\s*((?:@?"(?:[^"\\]|\\.)*"\s*)+)?)");
     static const QRegularExpression declaration(
-        R"(\blocalized(?:String)?\((?:const char\*|std::string_view) key\))");
-    static const QRegularExpression seam(R"("\s*")");
+        R"(\blocalized(?:String)?\((?:const char\*|std::string_view|NSString\*(?: _Nonnull)?) key\))");
+    static const QRegularExpression start(R"(^@?")");
+    static const QRegularExpression seam(R"("\s*@?")");
     const auto text = contents(path).remove(declaration);
     for (const auto& match : call.globalMatch(text)) {
-        const auto key = match.captured(1).trimmed().remove(seam).replace("\\n", "\n").replace("\\\"", "\"");
-        EXPECT_GT(key.size(), 2) << path << ": " << text.mid(match.capturedStart(), 80).toStdString();
-        keys.insert(key.mid(1, key.size() - 2));
+        auto key = match.captured(1).trimmed().remove(seam).remove(start);
+        EXPECT_GT(key.size(), 1) << path << ": " << text.mid(match.capturedStart(), 80).toStdString();
+        key.chop(1);
+        keys.insert(key.replace("\\n", "\n").replace("\\\"", "\""));
     }
 }
 
-void addKeysOfInterface(const fs::path& path, Keys& keys) {
+/// `names`: what is not translated, which are mostly names that the program knows.
+void addKeysOfInterface(const fs::path& path, Keys& keys, Keys& names) {
     QXmlStreamReader xml(contents(path));
     bool isListTranslated = true;
     while (!xml.atEnd()) {
@@ -49,22 +52,26 @@ void addKeysOfInterface(const fs::path& path, Keys& keys) {
         if (xml.isEndElement() && xml.name() == u"stringlist") isListTranslated = true;
         if (!xml.isStartElement() || xml.name() != u"string") continue;
         const auto text = xml.readElementText();
-        if (isTranslated && isListTranslated && !text.isEmpty()) keys.insert(text);
+        if (!text.isEmpty()) (isTranslated && isListTranslated ? keys : names).insert(text);
     }
     EXPECT_FALSE(xml.hasError()) << path;
 }
 
-Keys keysOfProgram() {
-    Keys keys;
-    for (const auto* folder :
-         {"app", "indicator", "input", "platform", "preferences", "settings", "shortcuts", "switching"}) {
-        for (const auto& entry : fs::recursive_directory_iterator(root / folder)) {
-            const auto extension = entry.path().extension();
-            if (extension == ".cpp" || extension == ".h") addKeysOfSource(entry.path(), keys);
-        }
+void addKeysOfSources(const fs::path& folder, Keys& keys) {
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+        const auto extension = entry.path().extension();
+        if (extension == ".cpp" || extension == ".h" || extension == ".mm")
+            addKeysOfSource(entry.path(), keys);
     }
+}
+
+Keys keysOfProgram() {
+    Keys keys, names;
+    for (const auto* folder :
+         {"app", "indicator", "input", "platform", "preferences", "settings", "shortcuts", "switching"})
+        addKeysOfSources(root / folder, keys);
     for (const auto& entry : fs::directory_iterator(root / "resources"))
-        if (entry.path().extension() == ".ui") addKeysOfInterface(entry.path(), keys);
+        if (entry.path().extension() == ".ui") addKeysOfInterface(entry.path(), keys, names);
     return keys;
 }
 
@@ -97,6 +104,26 @@ TEST_P(StringTablesTest, HaveEveryTextOnceAndAsItsKeyIs) {
 }
 INSTANTIATE_TEST_SUITE_P(Languages, StringTablesTest,
                          testing::Values("de", "es", "fr", "ja", "ko", "ru", "zh-Hans", "zh-Hant"));
+
+TEST(PreferencesWindows, AreTheSameOnEveryDesktop) {
+    const auto macFolder = root / "platform/macos/preferences";
+    Keys linuxTexts, linuxNames, macTexts;
+    addKeysOfInterface(root / "resources/Preferences.ui", linuxTexts, linuxNames);
+    addKeysOfSources(macFolder, macTexts);
+    for (const auto& text : linuxTexts)
+        EXPECT_TRUE(macTexts.contains(text)) << "only on Linux: " << text.toStdString();
+    for (const auto& text : macTexts)
+        EXPECT_TRUE(linuxTexts.contains(text)) << "only on macOS: " << text.toStdString();
+
+    QString macSources;
+    for (const auto& entry : fs::directory_iterator(macFolder))
+        macSources += contents(entry.path());
+    static const QRegularExpression settingOrLinkOrColumn("^[A-Za-z ]+$");
+    for (const auto& name : linuxNames) {
+        if (!settingOrLinkOrColumn.match(name).hasMatch()) continue;
+        EXPECT_TRUE(macSources.contains('"' + name + '"')) << "only on Linux: " << name.toStdString();
+    }
+}
 
 TEST(StringTable, IsReadUpToTheFirstFault) {
     const std::tuple<const char*, const char*, std::optional<int>> tables[] = {

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/Widgets.h"
+#import "platform/macos/AppKit.h"
+#import "platform/macos/foundation/PropertyListBridge.h"
+
+namespace quorvane {
+
+// The widget ports on AppKit's widgets. Text that is none shows nothing.
+
+inline NSString* shownText(const std::string& text) {
+    NSString* converted = toNSString(text);
+    return converted ? converted : @"";
+}
+
+class MacLabel : public Label {
+public:
+    explicit MacLabel(NSTextField* label) : label_(label) {}
+
+    void setStringValue(const std::string& text) override { label_.stringValue = shownText(text); }
+
+private:
+    NSTextField* label_;
+};
+
+class MacButton : public Button {
+public:
+    explicit MacButton(NSButton* button) : button_(button) {}
+
+    void setTitle(const std::string& title) override { button_.title = shownText(title); }
+    void setEnabled(bool enabled) override { button_.enabled = enabled; }
+    void setState(int state) override { button_.state = state; }
+    int state() const override { return static_cast<int>(button_.state); }
+
+private:
+    NSButton* button_;
+};
+
+class MacPopUpButton : public PopUpButton {
+public:
+    explicit MacPopUpButton(NSPopUpButton* button) : button_(button) {}
+
+    void setItemTitles(const std::vector<std::string>& titles) override {
+        // Not by the button's own methods: those remove an item of the same title.
+        NSMenu* menu = [[NSMenu alloc] initWithTitle:@""];
+        for (const auto& title : titles)
+            [menu addItemWithTitle:shownText(title) action:nil keyEquivalent:@""];
+        button_.menu = menu;
+        if (!titles.empty()) [button_ selectItemAtIndex:0];
+    }
+    void setTitle(const std::string& title) override {
+        // Nor so: the button's own one adds an item that is missing.
+        const auto item = [button_.menu indexOfItemWithTitle:shownText(title)];
+        if (item >= 0) [button_ selectItemAtIndex:item];
+    }
+    int indexOfSelectedItem() const override { return static_cast<int>(button_.indexOfSelectedItem); }
+
+private:
+    NSPopUpButton* button_;
+};
+
+class MacTabView : public TabView {
+public:
+    explicit MacTabView(NSTabView* pages) : pages_(pages) {}
+
+    /// Nothing happens when there is no such tab.
+    void selectTabViewItemAtIndex(int index) override {
+        if (index >= 0 && index < pages_.numberOfTabViewItems) [pages_ selectTabViewItemAtIndex:index];
+    }
+
+private:
+    NSTabView* pages_;
+};
+
+} // namespace quorvane
