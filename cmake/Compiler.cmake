@@ -3,6 +3,9 @@
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_OBJCXX_STANDARD 20)
+set(CMAKE_OBJCXX_STANDARD_REQUIRED ON)
+set(CMAKE_OBJCXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 
@@ -13,11 +16,17 @@ endif()
 find_program(CCACHE ccache)
 if(CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE}")
+  set(CMAKE_OBJCXX_COMPILER_LAUNCHER "${CCACHE}")
 endif()
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
                     -Wno-missing-field-initializers # aggregates have defaults: naming some members is the point
                     -Werror)
+if(CMAKE_SYSTEM_NAME STREQUAL "Darwin")
+  # What a newer SDK calls deprecated is the only way on the oldest system.
+  add_compile_options(-Wunguarded-availability-new -Wno-error=deprecated-declarations
+                      $<$<COMPILE_LANGUAGE:OBJCXX>:-fobjc-arc>)
+endif()
 
 option(QUORVANE_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 if(QUORVANE_SANITIZE)

@@ -7,6 +7,8 @@ set(QUORVANE_BUNDLE_IDENTIFIER "${QUORVANE_REVERSE_DNS_PREFIX}.Quorvane" CACHE S
     "Bundle identifier of this application, and the domain of its own defaults")
 set(QUORVANE_COMPANION_BUNDLE_IDENTIFIER "${QUORVANE_REVERSE_DNS_PREFIX}.Tandrel" CACHE STRING
     "Bundle identifier of the companion application")
+# What starts this program at login, where that takes a program of its own.
+set(QUORVANE_LOGIN_ITEM_IDENTIFIER "${QUORVANE_REVERSE_DNS_PREFIX}.QuorvaneProHelper")
 set(QUORVANE_WEBSITE "www.example.org" CACHE STRING "Host of the maker's web pages")
 set(QUORVANE_STORE_IDENTIFIER "000000001" CACHE STRING "The store's identifier of this application")
 set(QUORVANE_STORE_IDENTIFIER_OF_PRO "000000002" CACHE STRING "The store's identifier of the Pro edition")

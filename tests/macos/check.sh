@@ -24,7 +24,7 @@ check() { # processor, file
   # -U: the C library has a macro of the name that the compiler gives to a word of its own.
   # shellcheck disable=SC2086 # lists of options
   "$clang" -target "$1-apple-macosx11.0" -U__nonnull -D_GNU_SOURCE -nostdinc++ -nostdlibinc \
-    -I"$here/headers" -I"$root" -I"$generated" -isystem "$here/check/libc" $system \
+    -I"$here/headers" -I"$root" -I"$root/tests" -I"$generated" -isystem "$here/check/libc" $system \
     -fsyntax-only -x $language -std=c++20 -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor \
     -Woverloaded-virtual -Wno-missing-field-initializers -Wunguarded-availability -Wnullable-to-nonnull-conversion \
     -Wnullability-completeness -Wundeclared-selector -Wstrict-selector-match -Wobjc-interface-ivars \
@@ -35,6 +35,7 @@ check() { # processor, file
 # Headers that have a source of their name are checked with it.
 sources() {
   find "$root/platform/macos" -name '*.mm' -o -name '*.cpp'
+  find "$here/native" -name '*.mm'
   for header in $(find "$root/platform/macos" -name '*.h'); do
     [ -e "${header%.h}.mm" ] || [ -e "${header%.h}.cpp" ] || echo "$header"
   done

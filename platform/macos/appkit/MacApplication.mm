@@ -22,7 +22,11 @@ void MacApplication::activateIgnoringOtherApps() {
 }
 
 void MacApplication::terminate() {
-    [NSApplication.sharedApplication terminate:nil];
+    NSApplication* application = NSApplication.sharedApplication;
+    // Otherwise an alert or a sheet would have to be answered first.
+    for (NSWindow* window in application.windows)
+        window.preventsApplicationTerminationWhenModal = NO;
+    [application terminate:nil];
 }
 
 } // namespace quorvane

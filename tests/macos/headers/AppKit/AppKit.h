@@ -3,6 +3,29 @@
 // Declarations of what this program calls, and of no more. They are those of the public SDK documentation;
 // the numbers of constants agree with the Rust bindings objc2-app-kit.
 
+#import <AppKit/NSApplication.h>
+#import <AppKit/NSBezierPath.h>
+#import <AppKit/NSBox.h>
+#import <AppKit/NSButton.h>
+#import <AppKit/NSColor.h>
+#import <AppKit/NSDragging.h>
+#import <AppKit/NSFont.h>
+#import <AppKit/NSGraphicsContext.h>
+#import <AppKit/NSImageView.h>
+#import <AppKit/NSMenu.h>
+#import <AppKit/NSPopUpButton.h>
+#import <AppKit/NSScrollView.h>
+#import <AppKit/NSStackView.h>
+#import <AppKit/NSStatusBar.h>
+#import <AppKit/NSStringDrawing.h>
+#import <AppKit/NSTabView.h>
+#import <AppKit/NSTableCellView.h>
+#import <AppKit/NSTableView.h>
+#import <AppKit/NSText.h>
+#import <AppKit/NSTextField.h>
+#import <AppKit/NSView.h>
+#import <AppKit/NSWindow.h>
+#import <AppKit/NSWindowController.h>
 #import <Foundation/Foundation.h>
 
 #pragma clang assume_nonnull begin
@@ -10,33 +33,10 @@
 @class NSImage;
 @class NSWindow;
 
-// The application.
-
-@interface NSApplication : NSObject
-@property(class, readonly, strong) NSApplication* sharedApplication;
-@property(nullable, readonly) NSWindow* mainWindow;
-- (void)activateIgnoringOtherApps:(BOOL)ignore API_DEPRECATED("", macos(10.0, 27.0));
-- (void)terminate:(nullable id)sender;
-@end
-
-@interface NSWindow : NSObject
-@property(getter=isVisible, readonly) BOOL visible;
-- (void)makeKeyAndOrderFront:(nullable id)sender;
-@end
-
 // Alerts and panels.
 
 typedef NSInteger NSModalResponse;
 enum : NSModalResponse { NSModalResponseOK = 1, NSAlertFirstButtonReturn = 1000 };
-
-typedef NSInteger NSControlStateValue;
-enum : NSControlStateValue { NSControlStateValueOff = 0, NSControlStateValueOn = 1 };
-
-@interface NSButton : NSObject
-@property(copy) NSString* title;
-@property(copy) NSString* keyEquivalent;
-@property NSControlStateValue state;
-@end
 
 @interface NSAlert : NSObject
 @property(copy) NSString* messageText;
@@ -50,7 +50,7 @@ enum : NSControlStateValue { NSControlStateValueOff = 0, NSControlStateValueOn =
                completionHandler:(void (^_Nullable)(NSModalResponse response))handler;
 @end
 
-@interface NSSavePanel : NSWindow
+@interface NSSavePanel : NSPanel
 @property BOOL canCreateDirectories;
 @property(nullable, copy) NSURL* directoryURL;
 - (void)beginWithCompletionHandler:(void (^)(NSModalResponse response))handler;
@@ -66,12 +66,6 @@ enum : NSControlStateValue { NSControlStateValueOff = 0, NSControlStateValueOn =
 
 // Applications.
 
-typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
-    NSApplicationActivationPolicyRegular = 0,
-    NSApplicationActivationPolicyAccessory = 1,
-    NSApplicationActivationPolicyProhibited = 2
-};
-
 @interface NSRunningApplication : NSObject
 @property(nullable, readonly, copy) NSString* bundleIdentifier;
 @property(nullable, readonly, copy) NSString* localizedName;
@@ -85,6 +79,12 @@ extern "C" NSNotificationName const NSWorkspaceDidLaunchApplicationNotification;
 extern "C" NSNotificationName const NSWorkspaceDidUnhideApplicationNotification;
 extern "C" NSString* const NSWorkspaceApplicationKey;
 
+API_AVAILABLE(macos(10.15))
+@interface NSWorkspaceOpenConfiguration : NSObject
++ (instancetype)configuration;
+@property BOOL activates;
+@end
+
 @interface NSWorkspace : NSObject
 @property(class, readonly, strong) NSWorkspace* sharedWorkspace;
 @property(readonly, strong) NSNotificationCenter* notificationCenter;
@@ -93,13 +93,30 @@ extern "C" NSString* const NSWorkspaceApplicationKey;
 - (nullable NSURL*)URLForApplicationWithBundleIdentifier:(NSString*)bundleIdentifier;
 - (NSImage*)iconForFile:(NSString*)path;
 - (BOOL)openURL:(NSURL*)url;
+- (void)openApplicationAtURL:(NSURL*)applicationURL
+               configuration:(NSWorkspaceOpenConfiguration*)configuration
+           completionHandler:(void (^_Nullable)(NSRunningApplication* _Nullable app,
+                                                NSError* _Nullable error))completionHandler
+    API_AVAILABLE(macos(10.15));
 @end
 
 // Events, screens, the cursor.
 
-typedef NS_ENUM(NSUInteger, NSEventType) { NSEventTypeLeftMouseUp = 2, NSEventTypeFlagsChanged = 12 };
+typedef NS_ENUM(NSUInteger, NSEventType) {
+    NSEventTypeLeftMouseDown = 1,
+    NSEventTypeLeftMouseUp = 2,
+    NSEventTypeRightMouseDown = 3,
+    NSEventTypeKeyUp = 11,
+    NSEventTypeFlagsChanged = 12,
+    NSEventTypeOtherMouseDown = 25
+};
 typedef NS_OPTIONS(unsigned long long, NSEventMask) {
-    NSEventMaskLeftMouseUp = 1ULL << NSEventTypeLeftMouseUp
+    NSEventMaskAny = ~0ULL,
+    NSEventMaskLeftMouseDown = 1ULL << NSEventTypeLeftMouseDown,
+    NSEventMaskLeftMouseUp = 1ULL << NSEventTypeLeftMouseUp,
+    NSEventMaskRightMouseDown = 1ULL << NSEventTypeRightMouseDown,
+    NSEventMaskKeyUp = 1ULL << NSEventTypeKeyUp,
+    NSEventMaskOtherMouseDown = 1ULL << NSEventTypeOtherMouseDown
 };
 typedef NSUInteger NSEventModifierFlags;
 
@@ -110,6 +127,21 @@ typedef NSUInteger NSEventModifierFlags;
 + (nullable id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask
                                              handler:(void (^)(NSEvent* event))handler;
 + (void)removeMonitor:(id)eventMonitor;
+@property(class, readonly) NSEventModifierFlags modifierFlags;
+@property(nullable, readonly, weak) NSWindow* window;
+@property(readonly) NSPoint locationInWindow;
+@property(readonly) unsigned short keyCode;
+@property(readonly, getter=isARepeat) BOOL ARepeat;
++ (nullable id)addLocalMonitorForEventsMatchingMask:(NSEventMask)mask
+                                            handler:(NSEvent* _Nullable (^)(NSEvent* event))handler;
+@end
+
+@interface NSApplication (NSEvent)
+- (void)sendEvent:(NSEvent*)event;
+- (nullable NSEvent*)nextEventMatchingMask:(NSEventMask)mask
+                                 untilDate:(nullable NSDate*)expiration
+                                    inMode:(NSRunLoopMode)mode
+                                   dequeue:(BOOL)isDequeued;
 @end
 
 typedef NS_ENUM(int32_t, NSWindowDepth) { NSWindowDepthTwentyfourBitRGB = 0x208 };
@@ -117,10 +149,12 @@ extern "C" NSInteger NSBitsPerPixelFromDepth(NSWindowDepth depth);
 typedef NSString* NSDeviceDescriptionKey;
 
 @interface NSScreen : NSObject
+@property(class, readonly, copy) NSArray<NSScreen*>* screens;
 @property(class, nullable, readonly, strong) NSScreen* mainScreen;
 @property(class, nullable, readonly, strong) NSScreen* deepestScreen;
 @property(readonly) NSWindowDepth depth;
 @property(readonly) NSRect frame;
+@property(readonly) NSRect visibleFrame;
 @property(readonly, copy) NSDictionary<NSDeviceDescriptionKey, id>* deviceDescription;
 @end
 
@@ -136,7 +170,15 @@ typedef NS_ENUM(NSUInteger, NSCompositingOperation) { NSCompositingOperationCopy
 typedef NSString* NSImageName;
 typedef struct OpaqueIconRef* IconRef; // HIServices
 
-@interface NSImage : NSObject
+@interface NSImageSymbolConfiguration : NSObject
++ (instancetype)configurationWithPointSize:(CGFloat)pointSize
+                                    weight:(NSFontWeight)weight API_AVAILABLE(macos(11.0));
+@end
+
+@interface NSImage : NSObject <NSCopying>
+- (void)setTemplate:(BOOL)isTemplate; // A property in the SDK, whose name is a word of C++.
++ (nullable instancetype)imageWithSystemSymbolName:(NSString*)name
+                          accessibilityDescription:(nullable NSString*)description API_AVAILABLE(macos(11.0));
 @property NSSize size;
 @property(nullable, readonly, copy) NSData* TIFFRepresentation;
 + (nullable NSImage*)imageNamed:(NSImageName)name;

@@ -14,6 +14,7 @@ using TISInputSourceRef = struct OpaqueTISInputSource*;
 CFArrayRef TISCreateInputSourceList(CFDictionaryRef properties, Boolean includeAllInstalled);
 TISInputSourceRef TISCopyCurrentKeyboardInputSource();
 TISInputSourceRef TISCopyCurrentKeyboardLayoutInputSource();
+TISInputSourceRef TISCopyCurrentASCIICapableKeyboardLayoutInputSource();
 void* TISGetInputSourceProperty(TISInputSourceRef source, CFStringRef key);
 OSStatus TISSelectInputSource(TISInputSourceRef source);
 extern const CFStringRef kTISPropertyInputSourceID;
@@ -22,7 +23,17 @@ extern const CFStringRef kTISPropertyInputSourceIsSelectCapable;
 extern const CFStringRef kTISPropertyLocalizedName;
 extern const CFStringRef kTISPropertyIconRef;
 extern const CFStringRef kTISPropertyIconImageURL;
+extern const CFStringRef kTISPropertyUnicodeKeyLayoutData;
 extern const CFStringRef kTISCategoryKeyboardInputSource;
+
+// Keyboard layouts: Rust bindings objc2-core-services and objc2-carbon.
+struct UCKeyboardLayout;
+enum { kUCKeyActionDisplay = 3 };
+enum { kUCKeyTranslateNoDeadKeysMask = 1 };
+UInt8 LMGetKbdType();
+OSStatus UCKeyTranslate(const UCKeyboardLayout* layout, UInt16 virtualKeyCode, UInt16 keyAction,
+                        UInt32 modifierKeyState, UInt32 keyboardType, OptionBits options,
+                        UInt32* deadKeyState, UniCharCount room, UniCharCount* count, UniChar* characters);
 
 // Modifiers: Rust bindings objc2-carbon.
 enum { cmdKey = 0x100, shiftKey = 0x200, alphaLock = 0x400, optionKey = 0x800, controlKey = 0x1000 };

@@ -10,7 +10,10 @@ extern "C" {
 // Base types: public SDK documentation.
 using Boolean = unsigned char;
 using UInt8 = std::uint8_t;
+using UInt16 = std::uint16_t;
 using UInt32 = std::uint32_t;
+using UniChar = UInt16;
+using UniCharCount = unsigned long;
 using SInt32 = std::int32_t;
 using OSStatus = SInt32;
 using OSType = UInt32;
@@ -33,6 +36,9 @@ inline CFRange CFRangeMake(CFIndex location, CFIndex length) {
 using CFTypeRef = const void*;
 using CFAllocatorRef = const struct OpaqueCFAllocator*;
 using CFStringRef = const struct OpaqueCFString*;
+using CFMutableStringRef = struct OpaqueCFString*;
+using CFDataRef = const struct OpaqueCFData*;
+using CFLocaleRef = const struct OpaqueCFLocale*;
 using CFBooleanRef = const struct OpaqueCFBoolean*;
 using CFNumberRef = const struct OpaqueCFNumber*;
 using CFURLRef = const struct OpaqueCFURL*;
@@ -54,6 +60,14 @@ CFStringRef CFStringCreateWithBytes(CFAllocatorRef allocator, const UInt8* bytes
 CFIndex CFStringGetLength(CFStringRef string);
 CFIndex CFStringGetBytes(CFStringRef string, CFRange range, CFStringEncoding encoding, UInt8 lossByte,
                          Boolean isExternalRepresentation, UInt8* buffer, CFIndex room, CFIndex* used);
+CFStringRef CFStringCreateWithCharacters(CFAllocatorRef allocator, const UniChar* characters, CFIndex count);
+CFMutableStringRef CFStringCreateMutableCopy(CFAllocatorRef allocator, CFIndex longest, CFStringRef string);
+void CFStringUppercase(CFMutableStringRef string, CFLocaleRef locale);
+
+// Data: public SDK documentation.
+CFTypeID CFDataGetTypeID();
+CFIndex CFDataGetLength(CFDataRef data);
+const UInt8* CFDataGetBytePtr(CFDataRef data);
 
 // Booleans and numbers: public SDK documentation, constant from the Rust bindings objc2-core-foundation.
 extern const CFBooleanRef kCFBooleanTrue;

@@ -20,7 +20,18 @@ struct CGRect {
     CGPoint origin;
     CGSize size;
 };
+using CGColorRef = struct CGColor*;
 bool CGRectMakeWithDictionaryRepresentation(CFDictionaryRef dictionary, CGRect* rect);
+
+// Drawing into memory: public SDK documentation, constants from the metadata of PyObjC.
+using CGContextRef = struct CGContext*;
+using CGColorSpaceRef = struct CGColorSpace*;
+enum CGImageAlphaInfo : std::uint32_t { kCGImageAlphaPremultipliedLast = 1 };
+extern const CFStringRef kCGColorSpaceSRGB;
+CGColorSpaceRef CGColorSpaceCreateWithName(CFStringRef name);
+CGContextRef CGBitmapContextCreate(void* data, std::size_t width, std::size_t height,
+                                   std::size_t bitsPerComponent, std::size_t bytesPerRow,
+                                   CGColorSpaceRef space, std::uint32_t bitmapInfo);
 
 // The window list: public SDK documentation, constants from the metadata of PyObjC.
 using CGWindowID = std::uint32_t;

@@ -25,6 +25,7 @@ typedef signed char BOOL;
 #define NO __objc_no
 #ifndef nil
 #define nil nullptr
+#define Nil nullptr
 #endif
 
 // In C++, an enumeration is a type of its own, and options are whole numbers.
@@ -41,8 +42,22 @@ typedef double NSTimeInterval;
 typedef CGPoint NSPoint;
 typedef CGSize NSSize;
 typedef CGRect NSRect;
+typedef struct {
+    CGFloat top, left, bottom, right;
+} NSEdgeInsets;
 
 static const NSRect NSZeroRect = {{0, 0}, {0, 0}};
+static inline NSPoint NSMakePoint(CGFloat x, CGFloat y) {
+    NSPoint point = {x, y};
+    return point;
+}
+static inline NSEdgeInsets NSEdgeInsetsMake(CGFloat top, CGFloat left, CGFloat bottom, CGFloat right) {
+    NSEdgeInsets insets = {top, left, bottom, right};
+    return insets;
+}
+extern "C" BOOL NSIntersectsRect(NSRect aRect, NSRect bRect);
+extern "C" BOOL NSPointInRect(NSPoint aPoint, NSRect aRect);
+extern "C" NSRect NSInsetRect(NSRect aRect, CGFloat dX, CGFloat dY);
 static inline NSSize NSMakeSize(CGFloat width, CGFloat height) {
     NSSize size = {width, height};
     return size;
@@ -65,12 +80,14 @@ typedef struct _NSZone NSZone;
 
 @protocol NSObject
 - (BOOL)isKindOfClass:(Class)aClass;
+- (Class)class;
 @end
 
 __attribute__((objc_root_class))
 @interface NSObject<NSObject>
 + (instancetype)alloc;
 - (instancetype)init;
+- (id)copy;
 + (Class)class;
 @end
 
@@ -107,6 +124,8 @@ enum : NSStringEncoding { NSUTF8StringEncoding = 4 };
                                 length:(NSUInteger)length
                               encoding:(NSStringEncoding)encoding;
 - (nullable NSData*)dataUsingEncoding:(NSStringEncoding)encoding;
+- (BOOL)isEqualToString:(NSString*)string;
+@property(readonly) NSUInteger length;
 @end
 
 @interface NSNumber : NSObject
@@ -120,13 +139,16 @@ enum : NSStringEncoding { NSUTF8StringEncoding = 4 };
 @end
 
 @interface NSDate : NSObject
++ (instancetype)dateWithTimeIntervalSinceNow:(NSTimeInterval)seconds;
 + (instancetype)dateWithTimeIntervalSinceReferenceDate:(NSTimeInterval)seconds;
 @property(readonly) NSTimeInterval timeIntervalSinceReferenceDate;
 @end
 
 @interface NSArray<__covariant ObjectType> : NSObject <NSFastEnumeration>
++ (instancetype)arrayWithObjects:(const ObjectType _Nonnull[_Nullable])objects count:(NSUInteger)count;
 @property(readonly) NSUInteger count;
 @property(nullable, nonatomic, readonly) ObjectType firstObject;
+- (ObjectType)objectAtIndexedSubscript:(NSUInteger)index;
 @end
 
 @interface NSMutableArray<ObjectType> : NSArray <ObjectType>
@@ -140,6 +162,9 @@ enum : NSStringEncoding { NSUTF8StringEncoding = 4 };
                           error:(NSError* _Nullable* _Nullable)error API_AVAILABLE(macos(10.13));
 - (nullable ObjectType)objectForKey:(KeyType)key;
 - (nullable ObjectType)objectForKeyedSubscript:(KeyType)key;
++ (instancetype)dictionaryWithObjects:(const ObjectType _Nonnull[_Nullable])objects
+                              forKeys:(const KeyType<NSCopying> _Nonnull[_Nullable])keys
+                                count:(NSUInteger)count;
 @end
 
 @interface NSMutableDictionary<KeyType, ObjectType> : NSDictionary <KeyType, ObjectType>
@@ -155,21 +180,36 @@ enum : NSStringEncoding { NSUTF8StringEncoding = 4 };
 @interface NSURL : NSObject
 + (nullable instancetype)URLWithString:(NSString*)string;
 + (NSURL*)fileURLWithPath:(NSString*)path;
+@property(nullable, readonly, copy) NSURL* URLByDeletingLastPathComponent;
 - (nullable NSURL*)URLByAppendingPathComponent:(NSString*)component;
 @property(nullable, readonly, copy) NSString* path;
 @property(readonly, getter=isFileURL) BOOL fileURL;
 @end
 
+typedef NS_OPTIONS(NSUInteger, NSPropertyListMutabilityOptions) { NSPropertyListImmutable = 0 };
+typedef NS_ENUM(NSUInteger, NSPropertyListFormat) { NSPropertyListXMLFormat_v1_0 = 100 };
+
+@interface NSPropertyListSerialization : NSObject
++ (nullable id)propertyListWithData:(NSData*)data
+                            options:(NSPropertyListMutabilityOptions)options
+                             format:(nullable NSPropertyListFormat*)format
+                              error:(NSError* _Nullable* _Nullable)error;
+@end
+
+extern "C" SEL NSSelectorFromString(NSString* selectorName);
 extern "C" void NSLog(NSString* format, ...) __attribute__((format(__NSString__, 1, 2)));
 
 // The process and its files.
 
 @interface NSBundle : NSObject
 @property(class, readonly, strong) NSBundle* mainBundle;
++ (nullable NSBundle*)bundleWithIdentifier:(NSString*)identifier;
 @property(readonly, copy) NSString* bundlePath;
+@property(readonly, copy) NSURL* bundleURL;
 - (NSString*)localizedStringForKey:(NSString*)key
                              value:(nullable NSString*)value
                              table:(nullable NSString*)table;
+@property(nullable, readonly, copy) NSDictionary<NSString*, id>* infoDictionary;
 - (nullable id)objectForInfoDictionaryKey:(NSString*)key;
 @end
 
@@ -184,6 +224,7 @@ typedef NS_OPTIONS(uint64_t, NSActivityOptions) {
 };
 
 @interface NSProcessInfo : NSObject
+@property(readonly, copy) NSString* processName;
 @property(class, readonly, strong) NSProcessInfo* processInfo;
 - (id<NSObject>)beginActivityWithOptions:(NSActivityOptions)options reason:(NSString*)reason;
 - (void)endActivity:(id<NSObject>)activity;
@@ -202,6 +243,7 @@ typedef NS_OPTIONS(uint64_t, NSActivityOptions) {
 // Run loop and timers.
 
 typedef NSString* NSRunLoopMode;
+extern "C" NSRunLoopMode const NSDefaultRunLoopMode;
 extern "C" NSRunLoopMode const NSRunLoopCommonModes;
 
 @interface NSTimer : NSObject
@@ -214,6 +256,7 @@ extern "C" NSRunLoopMode const NSRunLoopCommonModes;
 @interface NSRunLoop : NSObject
 @property(class, readonly, strong) NSRunLoop* mainRunLoop;
 - (void)addTimer:(NSTimer*)timer forMode:(NSRunLoopMode)mode;
+- (void)performInModes:(NSArray<NSRunLoopMode>*)modes block:(void (^)(void))block API_AVAILABLE(macos(10.12));
 @end
 
 // Notifications.
@@ -222,15 +265,21 @@ typedef NSString* NSNotificationName;
 
 @interface NSNotification : NSObject
 @property(readonly, copy) NSNotificationName name;
+@property(nullable, readonly, strong) id object;
 @property(nullable, readonly, copy) NSDictionary* userInfo;
 @end
 
 @interface NSNotificationCenter : NSObject
+@property(class, readonly, strong) NSNotificationCenter* defaultCenter;
 - (id<NSObject>)addObserverForName:(nullable NSNotificationName)name
                             object:(nullable id)object
                              queue:(nullable NSOperationQueue*)queue
                         usingBlock:(void (^)(NSNotification* notification))block;
 - (void)removeObserver:(id)observer;
+- (void)addObserver:(id)observer
+           selector:(SEL)selector
+               name:(nullable NSNotificationName)name
+             object:(nullable id)object;
 @end
 
 typedef NS_ENUM(NSUInteger, NSNotificationSuspensionBehavior) {
@@ -284,6 +333,29 @@ extern "C" NSKeyValueChangeKey const NSKeyValueChangeNewKey;
 - (void)addSuiteNamed:(NSString*)suiteName;
 - (nullable NSDictionary<NSString*, id>*)persistentDomainForName:(NSString*)domainName;
 - (BOOL)synchronize;
+@end
+
+// Archives.
+
+@protocol NSSecureCoding
+@end
+
+@interface NSIndexSet : NSObject <NSSecureCoding>
++ (instancetype)indexSetWithIndex:(NSUInteger)value;
+@property(readonly) NSUInteger firstIndex;
+@end
+
+@interface NSKeyedArchiver : NSObject
++ (nullable NSData*)archivedDataWithRootObject:(id)object
+                         requiringSecureCoding:(BOOL)requiresSecureCoding
+                                         error:(NSError* _Nullable* _Nullable)error
+    API_AVAILABLE(macos(10.13));
+@end
+
+@interface NSKeyedUnarchiver : NSObject
++ (nullable id)unarchivedObjectOfClass:(Class)cls
+                              fromData:(NSData*)data
+                                 error:(NSError* _Nullable* _Nullable)error API_AVAILABLE(macos(10.13));
 @end
 
 #pragma clang assume_nonnull end

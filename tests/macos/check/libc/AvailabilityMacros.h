@@ -1,0 +1,1 @@
+// GoogleTest looks in it for the oldest system, which is newer than all it asks about.

@@ -1,0 +1,2 @@
+#define TARGET_OS_MAC 1
+#define TARGET_OS_IPHONE 0

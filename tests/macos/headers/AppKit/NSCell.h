@@ -1,0 +1,26 @@
+#pragma once
+
+// Public SDK documentation; the numbers of constants agree with the Rust bindings objc2-app-kit.
+
+#import <AppKit/NSParagraphStyle.h>
+#import <Foundation/Foundation.h>
+
+#pragma clang assume_nonnull begin
+
+typedef NSInteger NSControlStateValue;
+enum : NSControlStateValue {
+    NSControlStateValueMixed = -1,
+    NSControlStateValueOff = 0,
+    NSControlStateValueOn = 1
+};
+
+typedef NS_ENUM(NSUInteger, NSImageScaling) { NSImageScaleProportionallyDown = 0 };
+
+@interface NSCell : NSObject
+@property(getter=isScrollable) BOOL scrollable;
+@property BOOL wraps;
+@property NSLineBreakMode lineBreakMode;
+@property(nullable, strong) id representedObject;
+@end
+
+#pragma clang assume_nonnull end

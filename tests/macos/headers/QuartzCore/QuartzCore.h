@@ -1,0 +1,14 @@
+#pragma once
+
+// Public SDK documentation.
+
+#import <Foundation/Foundation.h>
+
+#pragma clang assume_nonnull begin
+
+@interface CALayer : NSObject
+@property(nullable) CGColorRef backgroundColor;
+@property CGFloat cornerRadius;
+@end
+
+#pragma clang assume_nonnull end
