@@ -15,7 +15,6 @@
 - (NSColor*)colorWithAlphaComponent:(CGFloat)alpha;
 @property(class, strong, readonly) NSColor* labelColor API_AVAILABLE(macos(10.10));
 @property(class, strong, readonly) NSColor* tertiaryLabelColor API_AVAILABLE(macos(10.10));
-@property(class, strong, readonly) NSColor* separatorColor API_AVAILABLE(macos(10.14));
 @property(class, strong, readonly) NSColor* controlBackgroundColor;
 @property(class, strong, readonly) NSColor* textBackgroundColor;
 @property(class, strong, readonly) NSColor* controlTextColor;

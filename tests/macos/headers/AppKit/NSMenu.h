@@ -16,7 +16,6 @@
 @interface NSMenu : NSObject
 - (instancetype)initWithTitle:(NSString*)title;
 @property BOOL autoenablesItems;
-- (void)addItem:(NSMenuItem*)item;
 - (NSInteger)indexOfItemWithTitle:(NSString*)title;
 - (NSMenuItem*)addItemWithTitle:(NSString*)title
                          action:(nullable SEL)selector

@@ -12,7 +12,6 @@
 - (instancetype)initWithTitle:(NSString*)title
                        action:(nullable SEL)selector
                 keyEquivalent:(NSString*)charCode;
-+ (NSMenuItem*)separatorItem;
 @property(copy) NSString* title;
 @property(getter=isEnabled) BOOL enabled;
 @property(nullable, weak) id target;
