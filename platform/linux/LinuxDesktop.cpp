@@ -4,6 +4,8 @@
 #include <QStandardPaths>
 
 #include "platform/linux/LaunchArguments.h"
+#include "platform/linux/dbus/SessionBus.h"
+#include "platform/linux/qt/ReferencedIcon.h"
 #include "settings/Maker.h"
 
 namespace quorvane {
@@ -15,10 +17,15 @@ constexpr const char* frontWindowNotification = "AXWindowAdjusted";
 /// A window of which no side is longer is no window to work in, and where it is, is not told.
 constexpr double smallestSide = 200; // points
 
+/// Keys that input methods are switched with, alone or with another key.
+constexpr auto switchingModifiers =
+    ModifierFlag::shift | ModifierFlag::control | ModifierFlag::option | ModifierFlag::command;
+
 DesktopFacts factsOfX11() {
     return {
-        // A layout of the X server takes effect at once. A wait would only send the first keys to the wrong
-        // layout.
+        // A layout of the X server takes effect at once, and an input method as soon as the program in front
+        // can take one, which its daemon's class waits for. A wait would only send the first keys to the
+        // wrong source.
         .switchDelay = 0,
         .screenChangeDelay = 0,
         // Desktops have no common program for it, but all of them read this folder.
@@ -49,7 +56,19 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     , globalEvents_(x)
     , hotKeys_(x)
     , cursor_(x, qGuiApp->devicePixelRatio())
-    , inputSources_(x, drawLettersIcon)
+    , layouts_(x, drawLettersIcon)
+    , ibus_(layouts_, {drawLettersIcon, referencedIcon})
+    , fcitx5_(sessionBus(), layouts_, {drawLettersIcon, referencedIcon})
+    , inputSources_(layouts_, {&fcitx5_, &ibus_})
+    , activationsForInput_(
+          workspace_.addObserver(WorkspaceNotification::didActivateApplication,
+                                 [this](const auto&) { inputSources_.applicationActivated(); }))
+    , switchesByHand_(globalEvents_.addGlobalMonitor(eventMask(EventType::leftMouseUp) |
+                                                         eventMask(EventType::flagsChanged),
+                                                     [this](const Event& event) {
+                                                         if (!(event.modifierFlags & switchingModifiers))
+                                                             fcitx5_.userMayHaveSwitched();
+                                                     }))
     , selectionChanges_(inputSources_.selectionChanged.connect([this] {
         distributedNotifications_.deliverLocally(
             {std::string(selectedKeyboardInputSourceChangedNotification), {}});

@@ -9,6 +9,9 @@
 #include "platform/linux/dbus/BusApplications.h"
 #include "platform/linux/dbus/DBusNotificationCenter.h"
 #include "platform/linux/defaults/LinuxUserDefaults.h"
+#include "platform/linux/input-methods/SessionInputSources.h"
+#include "platform/linux/input-methods/fcitx5/Fcitx5InputSources.h"
+#include "platform/linux/input-methods/ibus/IBusInputSources.h"
 #include "platform/linux/keyboard/X11EventMonitor.h"
 #include "platform/linux/keyboard/X11HotKeys.h"
 #include "platform/linux/keyboard/XkbInputSources.h"
@@ -59,7 +62,12 @@ private:
     X11EventMonitor globalEvents_;
     X11HotKeys hotKeys_;
     X11Cursor cursor_;
-    XkbInputSources inputSources_;
+    XkbInputSources layouts_;
+    IBusInputSources ibus_;
+    Fcitx5InputSources fcitx5_;
+    SessionInputSources inputSources_;
+    Subscription activationsForInput_; ///< Made before those of the program, who decides next.
+    Subscription switchesByHand_;
     Subscription selectionChanges_;
 
     QtApplicationPort application_;

@@ -7,6 +7,8 @@
 namespace quorvane {
 namespace {
 
+constexpr std::string_view idPrefix = "xkb:";
+
 std::vector<std::string> split(std::string_view text, std::string_view separators) {
     std::vector<std::string> parts;
     for (;;) {
@@ -56,7 +58,14 @@ bool isBaseOfKeyboard(const XkbLayout& component) {
 } // namespace
 
 std::string XkbLayout::id() const {
-    return "xkb:" + layout + (variant.empty() ? "" : ":" + variant);
+    return std::string(idPrefix) + layout + (variant.empty() ? "" : ":" + variant);
+}
+
+std::optional<XkbLayout> layoutOfID(std::string_view id) {
+    if (!id.starts_with(idPrefix)) return std::nullopt;
+    id.remove_prefix(idPrefix.size());
+    const auto parts = split(id, ":");
+    return XkbLayout{parts[0], parts.size() > 1 ? parts[1] : ""};
 }
 
 std::vector<XkbLayout> layoutsOfGroups(const XkbMapDescription& map) {

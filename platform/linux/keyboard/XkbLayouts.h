@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,6 +17,9 @@ struct XkbLayout {
     /// `xkb:ru` or `xkb:ru:phonetic`. Rules are stored by it.
     std::string id() const;
 };
+
+/// The layout of such an id; none for ids of other kinds.
+std::optional<XkbLayout> layoutOfID(std::string_view id);
 
 /// What an X server tells about its keyboard map.
 struct XkbMapDescription {

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/Signal.h"
+#include "platform/TextInputSources.h"
+
+namespace quorvane {
+
+/// The input sources of an input method framework, which is a process of its own: it may be missing, hang,
+/// die and come back. Nothing here waits for it. What it last told is what this object answers, and a
+/// selection counts as made until it says otherwise.
+///
+/// Keyboard layouts have the ids that they have without a daemon, like `xkb:ru:phonetic`, so that a rule
+/// means the same with and without one.
+class InputMethodDaemon : public TextInputSources {
+public:
+    /// Whether it is there and answers.
+    virtual bool isAvailable() const = 0;
+
+    /// Another application has come to the front. What should be selected in it is told right after, or
+    /// nothing is.
+    virtual void applicationActivated() = 0;
+
+    Signal<> availabilityChanged;
+    Signal<> selectionChanged; ///< Another source is selected now, whoever selected it.
+};
+
+} // namespace quorvane

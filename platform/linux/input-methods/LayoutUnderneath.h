@@ -1,0 +1,31 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "platform/linux/keyboard/XkbInputSources.h"
+
+namespace quorvane {
+
+/// The X server's layout under an input method. Input methods read letters of the Latin alphabet, and
+/// programs that know no input methods have nothing but the layout. Nobody's list of layouts is changed.
+class LayoutUnderneath {
+public:
+    explicit LayoutUnderneath(XkbInputSources& layouts) : layouts_(layouts) {}
+
+    /// Whether the X server has that keyboard layout now.
+    bool has(std::string_view id) const { return !layouts_.createInputSourceList(id).empty(); }
+
+    /// Before the source of this id is selected: its own layout if it is one that the server has, else the
+    /// first one with Latin letters.
+    void prepareFor(std::string_view id);
+
+private:
+    bool isLatin(const std::string& id);
+
+    XkbInputSources& layouts_;
+    std::map<std::string, bool> isLatin_; ///< By id, those that were asked for: it takes milliseconds.
+};
+
+} // namespace quorvane

@@ -1,0 +1,139 @@
+#include "platform/linux/input-methods/fcitx5/Fcitx5Controller.h"
+
+#include <limits>
+#include <utility>
+
+#include <QDBusError>
+#include <QDBusPendingCallWatcher>
+
+namespace quorvane {
+namespace {
+
+const QString fcitx5 = QStringLiteral("org.fcitx.Fcitx5");
+const QString controllerPath = QStringLiteral("/controller");
+const QString controllerInterface = QStringLiteral("org.fcitx.Fcitx.Controller1");
+const QString busService = QStringLiteral("org.freedesktop.DBus");
+const QString busPath = QStringLiteral("/org/freedesktop/DBus");
+
+constexpr int answerTimeout = 280; // milliseconds; whoever takes longer hangs
+constexpr int patience = std::numeric_limits<int>::max();
+
+bool isTimeOut(const QDBusMessage& answer) {
+    const QDBusError error(answer);
+    return error.type() == QDBusError::NoReply || error.type() == QDBusError::Timeout ||
+           error.type() == QDBusError::TimedOut;
+}
+
+} // namespace
+
+Fcitx5Controller::Fcitx5Controller(QDBusConnection bus) : bus_(std::move(bus)) {
+    bus_.connect(busService, busPath, busService, QStringLiteral("NameOwnerChanged"), {fcitx5}, QString(),
+                 this, SLOT(ownerChanged(QString, QString, QString)));
+    bus_.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+                 QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+                 SLOT(disconnected()));
+    bus_.connect(QString(), controllerPath, controllerInterface, QStringLiteral("InputMethodGroupsChanged"),
+                 this, SLOT(inputMethodGroupsChanged(QDBusMessage)));
+    // Its icon is on a connection without a name.
+    bus_.connect(QString(), QStringLiteral("/StatusNotifierItem"),
+                 QStringLiteral("org.kde.StatusNotifierItem"), QStringLiteral("NewIcon"), this,
+                 SLOT(newIcon(QDBusMessage)));
+    auto ask =
+        QDBusMessage::createMethodCall(busService, busPath, busService, QStringLiteral("GetNameOwner"));
+    ask.setArguments({fcitx5});
+    send(ask, answerTimeout, [this](const QDBusMessage& answer) {
+        if (answer.type() == QDBusMessage::ReplyMessage && owner_.isEmpty())
+            setOwner(answer.arguments().value(0).toString());
+    });
+}
+
+void Fcitx5Controller::send(const QDBusMessage& message, int timeout,
+                            std::function<void(const QDBusMessage&)> received) {
+    auto* watcher = new QDBusPendingCallWatcher(bus_.asyncCall(message, timeout), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, received = std::move(received)] {
+        watcher->deleteLater();
+        received(watcher->reply());
+    });
+}
+
+QDBusMessage Fcitx5Controller::question(const QString& method) const {
+    // To the connection itself: a name would be looked for, and a program of that name started.
+    auto message = QDBusMessage::createMethodCall(owner_, controllerPath, controllerInterface, method);
+    message.setAutoStartService(false);
+    return message;
+}
+
+void Fcitx5Controller::call(const QString& method, const QVariantList& arguments, Answered answered) {
+    if (!isAlive()) return;
+    auto message = question(method);
+    message.setArguments(arguments);
+    send(message, answerTimeout, [this, owner = owner_, answered = std::move(answered)](const auto& answer) {
+        if (owner != owner_ || isHanging_) return;
+        if (isTimeOut(answer)) return wait();
+        if (answered) answered(answer);
+    });
+}
+
+/// The answer to one more question, however late, is the news that it goes on.
+void Fcitx5Controller::wait() {
+    isHanging_ = true;
+    send(question(QStringLiteral("CurrentInputMethod")), patience,
+         [this, owner = owner_](const auto& answer) {
+             if (owner != owner_ || isTimeOut(answer)) return;
+             isHanging_ = false;
+             cameAlive.emit();
+         });
+    fellSilent.emit();
+}
+
+void Fcitx5Controller::setOwner(const QString& owner) {
+    const bool wasAlive = isAlive();
+    owner_ = owner;
+    isHanging_ = false;
+    processes_.clear();
+    if (wasAlive) fellSilent.emit();
+    if (owner_.isEmpty()) return;
+    askForProcess(owner_);
+    cameAlive.emit();
+}
+
+void Fcitx5Controller::ownerChanged(const QString& /*name*/, const QString& /*oldOwner*/,
+                                    const QString& newOwner) {
+    if (newOwner != owner_) setOwner(newOwner);
+}
+
+void Fcitx5Controller::disconnected() {
+    setOwner({});
+}
+
+void Fcitx5Controller::inputMethodGroupsChanged(const QDBusMessage& message) {
+    if (message.service() == owner_) groupsChanged.emit();
+}
+
+void Fcitx5Controller::askForProcess(const QString& connection) {
+    processes_[connection] = 0;
+    auto ask = QDBusMessage::createMethodCall(busService, busPath, busService,
+                                              QStringLiteral("GetConnectionUnixProcessID"));
+    ask.setArguments({connection});
+    send(ask, answerTimeout, [this, connection](const auto& answer) {
+        if (!processes_.contains(connection)) return;
+        processes_[connection] = answer.arguments().value(0).toUInt();
+        tellIfOwn(connection);
+    });
+}
+
+void Fcitx5Controller::newIcon(const QDBusMessage& message) {
+    if (!isAlive()) return;
+    const auto sender = message.service();
+    if (processes_.contains(sender))
+        tellIfOwn(sender);
+    else
+        askForProcess(sender);
+}
+
+void Fcitx5Controller::tellIfOwn(const QString& connection) {
+    const auto process = processes_.value(connection);
+    if (connection != owner_ && process && process == processes_.value(owner_)) iconChanged.emit();
+}
+
+} // namespace quorvane

@@ -1,0 +1,258 @@
+#include "platform/linux/input-methods/fcitx5/Fcitx5InputSources.h"
+
+#include <algorithm>
+#include <cctype>
+#include <chrono>
+#include <memory>
+#include <utility>
+
+#include <QStandardPaths>
+
+#include "platform/linux/Log.h"
+#include "platform/linux/dbus/DBusPropertyList.h"
+#include "platform/linux/input-methods/fcitx5/Fcitx5Names.h"
+
+namespace quorvane {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+InputSource sourceOf(const std::string& inputMethod) {
+    return {.id = idOfFcitx5InputMethod(inputMethod), .hasIconReference = true};
+}
+
+bool isLayoutID(std::string_view id) {
+    return layoutOfID(id).has_value();
+}
+
+/// All keyboard layouts share it.
+bool isGenericIcon(const std::string& reference) {
+    return reference == "input-keyboard";
+}
+
+std::string inCapitals(std::string letters) {
+    std::ranges::transform(letters, letters.begin(),
+                           [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
+    return letters;
+}
+
+std::string textIn(const QDBusMessage& answer) {
+    const bool isText =
+        answer.type() == QDBusMessage::ReplyMessage && answer.signature() == QLatin1String("s");
+    return isText ? answer.arguments().at(0).toString().toStdString() : std::string();
+}
+
+const PropertyList* entryOf(const PropertyList& value, std::string_view key) {
+    const auto* dictionary = value.dictionary();
+    if (!dictionary) return nullptr;
+    const auto entry = dictionary->find(key);
+    return entry == dictionary->end() ? nullptr : &entry->second;
+}
+
+void logMisunderstanding(const char* what) {
+    logLine(std::string("Fcitx5 tells ") + what + " in a way that is not understood");
+}
+
+} // namespace
+
+Fcitx5InputSources::Fcitx5InputSources(const QDBusConnection& bus, XkbInputSources& layouts, Icons icons)
+    : layouts_(layouts)
+    , underneath_(layouts)
+    , icons_(std::move(icons))
+    , selection_(
+          {.ask = [this](unsigned number, const std::string& inputMethod) { ask(number, inputMethod); },
+           .refused =
+               [](const std::string& inputMethod) { logLine("Fcitx5 does not select " + inputMethod); }})
+    , controller_(bus) {
+    due_.setSingleShot(true);
+    due_.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&due_, &QTimer::timeout, &due_, [this] {
+        selection_.timePassed(Clock::now());
+        selectionMoved();
+    });
+    subscriptions_.push_back(controller_.cameAlive.connect([this] {
+        watchSettings();
+        readSettings();
+    }));
+    subscriptions_.push_back(controller_.fellSilent.connect([this] {
+        selection_.forget();
+        selectionMoved();
+        setAvailable(false);
+    }));
+    subscriptions_.push_back(controller_.groupsChanged.connect([this] { readSettings(); }));
+    subscriptions_.push_back(layouts_.selectionChanged.connect([this] { tellSelection(); }));
+    subscriptions_.push_back(controller_.iconChanged.connect([this] { userMayHaveSwitched(); }));
+}
+
+// Reading the list ----------------------------------------------------------------------------------------
+
+/// Fcitx5 tells when there is another group, but not when a group has other input methods. It writes that
+/// down, though.
+void Fcitx5InputSources::watchSettings() {
+    const auto folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    settings_.emplace(folder.toStdString() + "/fcitx5", [this](std::string_view file) {
+        if (file.empty() || file == "profile" || file == "config") readSettings();
+    });
+}
+
+void Fcitx5InputSources::readSettings() {
+    readSharing();
+    readGroup();
+}
+
+void Fcitx5InputSources::readGroup() {
+    controller_.call(QStringLiteral("CurrentInputMethodGroup"), {}, [this](const auto& name) {
+        controller_.call(QStringLiteral("InputMethodGroupInfo"), {QString::fromStdString(textIn(name))},
+                         [this](const auto& answer) {
+                             auto group = fcitx5GroupIn(answer);
+                             if (!group) return logMisunderstanding("what can be typed with");
+                             groupRead(std::move(*group));
+                         });
+    });
+}
+
+void Fcitx5InputSources::groupRead(Fcitx5Group group) {
+    const bool isKnown = std::ranges::all_of(
+        group.items, [this](const auto& item) { return described_.contains(item.inputMethod); });
+    if (isKnown) return setGroup(std::move(group));
+    controller_.call(QStringLiteral("AvailableInputMethods"), {}, [this, group](const auto& answer) {
+        auto all = fcitx5InputMethodsIn(answer);
+        if (!all) logMisunderstanding("its input methods' names");
+        for (const auto& item : group.items)
+            described_[item.inputMethod] = all ? (*all)[item.inputMethod] : Fcitx5InputMethod();
+        setGroup(group);
+    });
+}
+
+void Fcitx5InputSources::setGroup(Fcitx5Group group) {
+    group_ = std::move(group);
+    setAvailable(true);
+    userMayHaveSwitched(); // The input method in use may have been taken away.
+}
+
+/// The only setting of Fcitx5 that changes what a selection is to do.
+void Fcitx5InputSources::readSharing() {
+    controller_.call(QStringLiteral("GetConfig"), {QStringLiteral("fcitx://config/global")},
+                     [this](const auto& answer) {
+                         const auto settings = fromDBus(answer.arguments().value(0));
+                         const auto* behavior = entryOf(settings, "Behavior");
+                         const auto* sharing = behavior ? entryOf(*behavior, "ShareInputState") : nullptr;
+                         selection_.setShared(sharing && sharing->string() && *sharing->string() == "All");
+                     });
+}
+
+void Fcitx5InputSources::setAvailable(bool isAvailable) {
+    if (std::exchange(isAvailable_, isAvailable) == isAvailable) return;
+    if (!isAvailable) described_.clear(); // the next one may have other names
+    availabilityChanged.emit();
+}
+
+// The selection -------------------------------------------------------------------------------------------
+
+void Fcitx5InputSources::ask(unsigned number, const std::string& inputMethod) {
+    if (!inputMethod.empty())
+        controller_.call(QStringLiteral("SetCurrentIM"), {QString::fromStdString(inputMethod)});
+    const auto state = std::make_shared<Fcitx5Selection::Answer>();
+    controller_.call(QStringLiteral("DebugInfo"), {}, [state](const auto& answer) {
+        state->contexts = contextsInDebugInfo(textIn(answer));
+        if (!state->contexts) logMisunderstanding("which program has the focus");
+    });
+    controller_.call(QStringLiteral("CurrentInputMethod"), {}, [this, number, state](const auto& answer) {
+        state->inputMethod = textIn(answer);
+        selection_.answered(number, *state, Clock::now());
+        selectionMoved();
+    });
+}
+
+void Fcitx5InputSources::applicationActivated() {
+    if (!isAvailable_) return;
+    selection_.activated(Clock::now());
+    selectionMoved();
+}
+
+void Fcitx5InputSources::userMayHaveSwitched() {
+    if (!isAvailable_) return;
+    selection_.mayHaveChanged();
+    selectionMoved();
+}
+
+bool Fcitx5InputSources::selectInputSource(const InputSource& source) {
+    if (!isAvailable_ || createInputSourceList(source.id).empty()) return false;
+    underneath_.prepareFor(source.id);
+    selection_.select(fcitx5InputMethodOfID(source.id), Clock::now());
+    selectionMoved();
+    return true;
+}
+
+/// Arms the timer for what the selection has to do next.
+void Fcitx5InputSources::selectionMoved() {
+    if (const auto due = selection_.nextDue()) {
+        const auto wait = std::chrono::ceil<std::chrono::milliseconds>(*due - Clock::now());
+        due_.start(std::max(wait, std::chrono::milliseconds(0)));
+    } else {
+        due_.stop();
+    }
+    tellSelection();
+}
+
+void Fcitx5InputSources::tellSelection() {
+    const auto current = copyCurrentKeyboardInputSource();
+    if (!current || std::exchange(toldID_, current->id) == current->id) return;
+    // Also when it is somebody else's selection: see the class.
+    underneath_.prepareFor(current->id);
+    selectionChanged.emit();
+}
+
+// What is answered ----------------------------------------------------------------------------------------
+
+std::vector<InputSource> Fcitx5InputSources::createInputSourceList(std::optional<std::string_view> id) const {
+    std::vector<InputSource> list;
+    for (const auto& item : group_.items) {
+        auto source = sourceOf(item.inputMethod);
+        if (!id || source.id == *id) list.push_back(std::move(source));
+    }
+    return list;
+}
+
+std::optional<InputSource> Fcitx5InputSources::copyCurrentKeyboardInputSource() const {
+    if (!isAvailable_) return std::nullopt;
+    if (const auto& current = selection_.current()) return sourceOf(*current);
+    // An application that does without Fcitx5 is typed with the X server's layout.
+    if (selection_.isWithoutContext()) return layouts_.copyCurrentKeyboardInputSource();
+    return std::nullopt;
+}
+
+std::optional<InputSource> Fcitx5InputSources::copyCurrentKeyboardLayoutInputSource() const {
+    const auto current = copyCurrentKeyboardInputSource();
+    if (!current || isLayoutID(current->id)) return current;
+    const auto item =
+        std::ranges::find(group_.items, fcitx5InputMethodOfID(current->id), &Fcitx5Group::Item::inputMethod);
+    const auto& own = item == group_.items.end() ? std::string() : item->layout;
+    return sourceOf("keyboard-" + (own.empty() ? group_.layout : own));
+}
+
+const Fcitx5InputMethod& Fcitx5InputSources::described(const InputSource& source) const {
+    static const Fcitx5InputMethod none;
+    const auto described = described_.find(fcitx5InputMethodOfID(source.id));
+    return described == described_.end() ? none : described->second;
+}
+
+std::string Fcitx5InputSources::localizedName(const InputSource& source) const {
+    if (underneath_.has(source.id)) return layouts_.localizedName(source);
+    const auto& inputMethod = described(source);
+    if (!inputMethod.name.empty()) return inputMethod.name;
+    return inputMethod.nativeName.empty() ? source.id : inputMethod.nativeName;
+}
+
+ImageRef Fcitx5InputSources::iconOfReference(const InputSource& source) const {
+    if (underneath_.has(source.id)) return layouts_.iconOfReference(source);
+    const auto& inputMethod = described(source);
+    if (!inputMethod.icon.empty() && !isGenericIcon(inputMethod.icon)) {
+        if (auto picture = icons_.find(inputMethod.icon)) return picture;
+    }
+    if (inputMethod.label.empty()) return nullptr;
+    return icons_.draw(isLayoutID(source.id) ? inCapitals(inputMethod.label.substr(0, 2))
+                                             : inputMethod.label);
+}
+
+} // namespace quorvane

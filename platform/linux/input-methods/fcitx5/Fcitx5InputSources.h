@@ -1,0 +1,81 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <QTimer>
+
+#include "platform/linux/defaults/FolderWatch.h"
+#include "platform/linux/input-methods/InputMethodDaemon.h"
+#include "platform/linux/input-methods/LayoutUnderneath.h"
+#include "platform/linux/input-methods/fcitx5/Fcitx5Controller.h"
+#include "platform/linux/input-methods/fcitx5/Fcitx5InputMethods.h"
+#include "platform/linux/input-methods/fcitx5/Fcitx5Selection.h"
+
+namespace quorvane {
+
+/// The input methods of Fcitx5's current group. Each context of each program has its own, and a selection
+/// changes that of the application in front, once it has one.
+///
+/// Fcitx5's keyboard layouts work in its clients whatever the X server's layout is, except the first one of
+/// the group, which leaves keys to the X server. So the X server has the same layout always, which is also
+/// what programs without a context are typed with.
+class Fcitx5InputSources : public InputMethodDaemon {
+public:
+    struct Icons {
+        /// Makes the template icon of a letter or two.
+        XkbInputSources::DrawIcon draw;
+        /// The picture at a path or of a name in the icon theme; null when there is none.
+        std::function<ImageRef(const std::string& reference)> find;
+    };
+
+    /// The layouts must outlive this object.
+    Fcitx5InputSources(const QDBusConnection& bus, XkbInputSources& layouts, Icons icons);
+
+    std::vector<InputSource> createInputSourceList(std::optional<std::string_view> id = {}) const override;
+    std::optional<InputSource> copyCurrentKeyboardInputSource() const override;
+    std::optional<InputSource> copyCurrentKeyboardLayoutInputSource() const override;
+    bool selectInputSource(const InputSource& source) override;
+    std::string localizedName(const InputSource& source) const override;
+    ImageRef iconOfReference(const InputSource& source) const override;
+
+    bool isAvailable() const override { return isAvailable_; }
+    void applicationActivated() override;
+
+    /// The user has done something that input methods or windows are changed by, like releasing a modifier
+    /// key or clicking. Without a tray, Fcitx5 tells nobody of such a change.
+    void userMayHaveSwitched();
+
+private:
+    void watchSettings();
+    void readSettings();
+    void readGroup();
+    void groupRead(Fcitx5Group group);
+    void setGroup(Fcitx5Group group);
+    void readSharing();
+    void setAvailable(bool isAvailable);
+    void ask(unsigned number, const std::string& inputMethod);
+    void selectionMoved();
+    void tellSelection();
+    const Fcitx5InputMethod& described(const InputSource& source) const;
+
+    XkbInputSources& layouts_;
+    LayoutUnderneath underneath_;
+    Icons icons_;
+
+    bool isAvailable_ = false;
+    Fcitx5Group group_;
+    std::map<std::string, Fcitx5InputMethod> described_; ///< The group's, by Fcitx5's own names.
+    Fcitx5Selection selection_;
+    std::string toldID_; ///< What observers know as the selected source.
+    QTimer due_;
+
+    std::optional<FolderWatch> settings_; ///< From when the daemon was first alive.
+    Fcitx5Controller controller_;
+    std::vector<Subscription> subscriptions_;
+};
+
+} // namespace quorvane

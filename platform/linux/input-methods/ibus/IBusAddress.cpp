@@ -1,0 +1,94 @@
+#include "platform/linux/input-methods/ibus/IBusAddress.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+#include <QStandardPaths>
+
+namespace quorvane {
+namespace {
+
+std::string environmentVariable(const char* name) {
+    const char* value = std::getenv(name);
+    return value ? value : "";
+}
+
+std::string machineID() {
+    for (const auto* path : {"/var/lib/dbus/machine-id", "/etc/machine-id"}) {
+        std::string id;
+        if (std::ifstream(path) >> id) return id;
+    }
+    return "machine-id"; // what IBus says then, too
+}
+
+std::filesystem::path addressFile() {
+    if (auto file = environmentVariable("IBUS_ADDRESS_FILE"); !file.empty()) return file;
+    const std::filesystem::path config =
+        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation).toStdString();
+    return config / "ibus" / "bus" / ibusAddressFileName(machineID(), environmentVariable("DISPLAY"));
+}
+
+} // namespace
+
+std::string ibusAddressFileName(std::string_view machineID, std::string_view display) {
+    const auto colon = display.find(':');
+    auto host = display.substr(0, colon);
+    auto number = colon == std::string_view::npos ? std::string_view() : display.substr(colon + 1);
+    number = number.substr(0, number.find('.'));
+    if (host.empty()) host = "unix";
+    if (number.empty()) number = "0";
+    std::string name(machineID);
+    return name.append("-").append(host).append("-").append(number);
+}
+
+std::string ibusAddressIn(std::string_view contents) {
+    constexpr std::string_view key = "IBUS_ADDRESS=";
+    while (!contents.empty()) {
+        const auto end = contents.find('\n');
+        const auto line = contents.substr(0, end);
+        if (line.starts_with(key)) return std::string(line.substr(key.size()));
+        contents.remove_prefix(end == std::string_view::npos ? contents.size() : end + 1);
+    }
+    return {};
+}
+
+IBusAddress::IBusAddress(std::function<void()> changed) : file_(addressFile()), changed_(std::move(changed)) {
+    const auto outer = file_.parent_path().parent_path();
+    const auto watchOuter = [this, outer] {
+        outerWatch_ = std::make_unique<FolderWatch>(outer, [this](std::string_view name) {
+            if (name.empty()) folderAppeared();
+        });
+        watchFolder();
+    };
+    // Everything a user has set is in that folder: whatever happens in it is no reason to wake up.
+    if (std::error_code error; !std::filesystem::exists(outer.parent_path(), error)) {
+        configWatch_ =
+            std::make_unique<FolderWatch>(outer.parent_path(), [this, watchOuter](std::string_view name) {
+                if (!name.empty()) return;
+                watchOuter();
+                changed_();
+            });
+    }
+    watchOuter();
+}
+
+void IBusAddress::watchFolder() {
+    watch_ = std::make_unique<FolderWatch>(file_.parent_path(), [this](std::string_view name) {
+        if (name.empty() || name == file_.filename().native()) changed_();
+    });
+}
+
+/// It may have the file already.
+void IBusAddress::folderAppeared() {
+    watchFolder();
+    changed_();
+}
+
+std::string IBusAddress::current() const {
+    if (auto address = environmentVariable("IBUS_ADDRESS"); !address.empty()) return address;
+    std::ifstream file(file_, std::ios::binary);
+    return ibusAddressIn(std::string(std::istreambuf_iterator<char>(file), {}));
+}
+
+} // namespace quorvane

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/linux/input-methods/InputMethodDaemon.h"
+#include "platform/linux/input-methods/LayoutUnderneath.h"
+#include "platform/linux/input-methods/ibus/IBusAddress.h"
+#include "platform/linux/input-methods/ibus/IBusConnection.h"
+#include "platform/linux/input-methods/ibus/IBusEngines.h"
+#include "platform/linux/input-methods/ibus/IBusSelection.h"
+#include "platform/linux/input-methods/ibus/IBusSettings.h"
+#include "platform/linux/keyboard/XkbInputSources.h"
+
+namespace quorvane {
+
+/// The engines that the user has enabled in IBus. There is one selected engine for all programs. While it is
+/// a keyboard layout, IBus hands the keys through, and what is typed is the X server's layout.
+class IBusInputSources : public InputMethodDaemon {
+public:
+    struct Icons {
+        /// Makes the template icon of a letter or two.
+        XkbInputSources::DrawIcon draw;
+        /// The picture at a path or of a name in the icon theme; null when there is none.
+        std::function<ImageRef(const std::string& reference)> find;
+    };
+
+    /// The layouts must outlive this object.
+    IBusInputSources(XkbInputSources& layouts, Icons icons);
+    ~IBusInputSources() override;
+
+    std::vector<InputSource> createInputSourceList(std::optional<std::string_view> id = {}) const override;
+    std::optional<InputSource> copyCurrentKeyboardInputSource() const override;
+    std::optional<InputSource> copyCurrentKeyboardLayoutInputSource() const override;
+    bool selectInputSource(const InputSource& source) override;
+    std::string localizedName(const InputSource& source) const override;
+    ImageRef iconOfReference(const InputSource& source) const override;
+
+    bool isAvailable() const override { return isAvailable_; }
+    void applicationActivated() override;
+
+private:
+    void connectToDaemon();
+    void readEngines();
+    void askGlobalEngine();
+    void setGlobalEngine(const std::string& engine);
+    void setAvailable(bool isAvailable);
+    void tellSelection();
+    std::string currentID() const;
+    std::vector<const IBusEngine*> enabled() const;
+    InputSource sourceOf(const std::string& id) const;
+
+    XkbInputSources& layouts_;
+    LayoutUnderneath underneath_;
+    Icons icons_;
+
+    bool isAvailable_ = false;
+    IBusEngines engines_;
+    std::optional<IBusSettings> settings_; ///< From when a daemon was first available.
+    IBusSelection selection_;
+    std::string toldID_; ///< What observers know as the selected source.
+
+    IBusConnection connection_;
+    IBusAddress address_;
+    std::vector<Subscription> subscriptions_;
+};
+
+} // namespace quorvane

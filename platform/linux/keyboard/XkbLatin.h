@@ -1,0 +1,11 @@
+#pragma once
+
+#include "platform/linux/keyboard/XkbLayouts.h"
+
+namespace quorvane {
+
+/// Whether the layout's letter keys give Latin letters. False for layouts that are not installed. Compiles a
+/// keymap, which takes some milliseconds.
+bool hasLatinLetters(const XkbLayout& layout);
+
+} // namespace quorvane

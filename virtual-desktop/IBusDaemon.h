@@ -1,0 +1,56 @@
+#pragma once
+
+#include <optional>
+
+#include <QByteArrayList>
+#include <QDBusConnection>
+#include <QObject>
+
+#include "virtual-desktop/ChildProcess.h"
+
+namespace quorvane {
+
+/// An IBus daemon of one's own on the current display, and another of its clients. Needs a session bus. Ends
+/// with this object.
+class IBusDaemon : public QObject {
+    Q_OBJECT
+
+public:
+    /// Not started yet.
+    IBusDaemon() = default;
+    ~IBusDaemon() override { end(); }
+
+    void start(); ///< Ready when this returns.
+    void end();
+    void kill();   ///< Leaves the file with its address.
+    void stop();   ///< It hangs until it is continued.
+    void resume(); ///< Goes on after `stop`.
+    bool isRunning() const { return process_.state() == QProcess::Running; }
+
+    /// What IBus' own panel would do when the user chooses an engine. False when the daemon refuses.
+    bool setGlobalEngine(const QString& engine);
+    QString globalEngine(); ///< Empty when there is none.
+
+    /// Kills the process behind an engine, of which the daemon tells nobody. False when there is none.
+    bool killEngine(const QString& program);
+
+    /// The engines that the user enables, once a session bus is there; kept in the user's settings.
+    static void setPreloadEngines(const QStringList& engines);
+
+    /// The file in which the daemons of this display leave their address.
+    static QString addressFile();
+
+    /// Another engine has been selected, says the daemon.
+    Q_SIGNAL void globalEngineChanged(const QString& engine);
+
+private:
+    QDBusMessage call(const QString& interfaceName, const QString& method, const QVariantList& arguments);
+    QByteArrayList processes() const; ///< That the daemon has started.
+    QString clientName() const;
+    void disconnectClient();
+
+    ChildProcess process_;
+    std::optional<QDBusConnection> client_;
+};
+
+} // namespace quorvane
