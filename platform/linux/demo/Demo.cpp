@@ -1,16 +1,20 @@
-// Plays a story on the display and prints, for each step, what happened to the keyboard layout. Each argument
-// is a step:
+// Plays a story on the display and prints, for each step, what happened to the input source. Each argument is
+// a step:
 //   CLASS=SOURCE         brings the program with that window class to the front
 //   WHAT=SOURCE@KEYS     presses keys, all held at once: their hardware numbers, with commas in between
-// SOURCE is the input source that has to be selected then. Exits 0 only if it was, at every step.
+//   type:KEYS            types keys, one after the other
+// SOURCE is the input source that has to be selected then. Exits 0 only if it was, at every step. What is
+// selected is what the X server says, or else the output of the command in QUORVANE_DEMO_SOURCE.
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <cstdlib>
 #include <optional>
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -27,6 +31,9 @@ using Clock = XWatcher::Clock;
 constexpr auto longestWaitForWindow = 15s;
 constexpr auto longestSwitch = 5s;
 constexpr auto pauseBetween = 400ms; // so that somebody can watch
+
+constexpr auto pauseBetweenKeys = 120ms;
+constexpr std::string_view typing = "type:";
 
 struct Step {
     std::string what;
@@ -71,9 +78,29 @@ std::optional<xcb_window_t> windowOfClass(XClient& user, const std::string& name
     return std::nullopt;
 }
 
+/// What the command says on its one line.
+std::string outputOf(const char* command) {
+    std::string output;
+    if (FILE* pipe = popen(command, "r")) {
+        for (int byte = std::fgetc(pipe); byte != EOF && byte != '\n'; byte = std::fgetc(pipe))
+            output += static_cast<char>(byte);
+        pclose(pipe);
+    }
+    return output;
+}
+
+/// How to ask the input method daemon for its source; null: there is none.
+const char* sourceCommand() {
+    return std::getenv("QUORVANE_DEMO_SOURCE");
+}
+
+std::string currentSource(XClient& user) {
+    return sourceCommand() ? outputOf(sourceCommand()) : currentLayout(user);
+}
+
 struct Times {
     std::optional<Clock::time_point> began;    ///< The window got the focus, or the keys were pressed.
-    std::optional<Clock::time_point> switched; ///< The layout changed, the last time.
+    std::optional<Clock::time_point> switched; ///< The source changed, the last time.
 };
 
 std::string taken(const Times& times) {
@@ -98,26 +125,43 @@ std::optional<Times> play(XWatcher& user, const Step& step) {
         user.watch(*window);
         user.activate(*window);
     }
-    while (!(times.began && times.switched)) {
+    while (!(times.began && (times.switched || sourceCommand()))) {
         const auto seen = user.nextSeen(deadline);
         if (!seen) break;
         if (seen->what == XWatcher::Seen::What::focusIn && seen->window == window) times.began = seen->time;
         if (seen->what == XWatcher::Seen::What::layout) times.switched = seen->time;
     }
+    // A daemon is asked, which takes some milliseconds itself.
+    while (sourceCommand() && !times.switched && Clock::now() < deadline)
+        if (currentSource(user) == step.wanted) times.switched = Clock::now();
     return times;
 }
 
 /// True when the wanted source was selected.
 bool show(XWatcher& user, const Step& step) {
-    const auto before = currentLayout(user);
+    const auto before = currentSource(user);
     const auto times = play(user, step);
     std::this_thread::sleep_for(pauseBetween);
-    const auto after = currentLayout(user);
+    const auto after = currentSource(user);
     const bool isRight = times && after == step.wanted;
-    std::printf("%-18s %-8s %-8s %-8s %9s  %s\n", step.what.c_str(), step.wanted.c_str(), before.c_str(),
+    std::printf("%-18s %-14s %-14s %-14s %9s  %s\n", step.what.c_str(), step.wanted.c_str(), before.c_str(),
                 after.c_str(), taken(times.value_or(Times{})).c_str(), isRight ? "" : "WRONG");
     std::fflush(stdout);
     return isRight;
+}
+
+void type(XWatcher& user, const std::string& keys) {
+    for (const auto key : numbersIn(keys)) {
+        user.pressTogether({key});
+        std::this_thread::sleep_for(pauseBetweenKeys);
+    }
+}
+
+/// True when all is as it has to be.
+bool playAndShow(XWatcher& user, const std::string& argument) {
+    if (!argument.starts_with(typing)) return show(user, stepOf(argument));
+    type(user, argument.substr(typing.size()));
+    return true;
 }
 
 } // namespace
@@ -127,7 +171,7 @@ int main(int argc, char** argv) try {
     XWatcher user;
     bool allRight = argc > 1;
     for (int i = 1; i < argc; ++i)
-        allRight = show(user, stepOf(argv[i])) && allRight;
+        allRight = playAndShow(user, argv[i]) && allRight;
     return allRight ? 0 : 1;
 } catch (const std::runtime_error& error) {
     std::fprintf(stderr, "%s\n", error.what());
