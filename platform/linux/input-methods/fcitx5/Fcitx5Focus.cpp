@@ -95,17 +95,19 @@ void Fcitx5Focus::remember(Time now) {
 bool Fcitx5Focus::isInFront(const Fcitx5Context& context, bool hadFocus, Time now) {
     if (isAnyRight_ && !isLooked_) return true;
     const bool isClear = !isAnyRight_ && !isHurried_;
-    if (isClear && focusedBefore_) {
-        if (contains(*focusedBefore_, context)) return false;
+    const bool isOld = isClear && focusedBefore_ && contains(*focusedBefore_, context);
+    if (isOld && contains(neverLost_, context)) return false;
+    // What was lost and is back may have been taken for another application's.
+    if (isClear && focusedBefore_ && !isOld) {
         // Another window of the application that is leaving may have got the focus unseen.
         if (std::ranges::none_of(*focusedBefore_,
                                  [&](const auto& old) { return mayBeOfSameProgram(old, context); }))
             return true;
     }
-    if (isClear && !hadFocus) return true;
+    if (isClear && !isOld && !hadFocus) return true;
     if (!doubtful_ || doubtful_->uuid != context.uuid) {
         doubtful_ = context;
-        doubtfulSince_ = isClear ? activatedAt_ : now;
+        doubtfulSince_ = now;
     }
     return now - doubtfulSince_ >= grace;
 }

@@ -223,7 +223,7 @@ std::optional<InputSource> Fcitx5InputSources::copyCurrentKeyboardInputSource() 
 }
 
 std::optional<InputSource> Fcitx5InputSources::copyCurrentKeyboardLayoutInputSource() const {
-    const auto current = copyCurrentKeyboardInputSource();
+    auto current = copyCurrentKeyboardInputSource();
     if (!current || isLayoutID(current->id)) return current;
     const auto item =
         std::ranges::find(group_.items, fcitx5InputMethodOfID(current->id), &Fcitx5Group::Item::inputMethod);

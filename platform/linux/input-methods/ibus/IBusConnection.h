@@ -10,7 +10,7 @@
 #include "platform/Signal.h"
 #include "platform/linux/input-methods/ibus/AnswerWatch.h"
 
-using GVariant = struct _GVariant;
+using GVariant = struct _GVariant; // NOLINT(bugprone-reserved-identifier): GLib's
 
 namespace quorvane {
 

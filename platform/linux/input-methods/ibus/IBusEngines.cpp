@@ -79,24 +79,24 @@ std::optional<IBusEngines> IBusEngines::ofList(GVariant* list) {
     std::vector<IBusEngine> engines;
     const auto count = g_variant_n_children(list);
     engines.reserve(count);
+    bool isAllRead = true;
     for (gsize i = 0; i < count; ++i) {
         const GVariantRef entry(g_variant_get_child_value(list, i));
         const GVariantRef described(g_variant_get_variant(entry.get()));
         if (auto engine = engineOf(described.get()))
             engines.push_back(std::move(*engine));
         else
-            logLine("IBus lists an engine that cannot be read: it is left out");
+            isAllRead = false;
     }
-    return IBusEngines(std::move(engines));
+    if (!isAllRead) logLine("IBus lists engines that cannot be read: they are left out");
+    return IBusEngines(engines);
 }
 
-IBusEngines::IBusEngines(std::vector<IBusEngine> engines) {
-    for (auto& engine : engines) {
-        auto id = engine.id();
-        auto name = engine.name;
-        const auto [added, isNew] = byName_.try_emplace(std::move(name), std::move(engine));
+IBusEngines::IBusEngines(const std::vector<IBusEngine>& engines) {
+    for (const auto& engine : engines) {
+        const auto [added, isNew] = byName_.try_emplace(engine.name, engine);
         if (!isNew) continue;
-        const auto [best, isFirst] = nameByID_.try_emplace(std::move(id), added->first);
+        const auto [best, isFirst] = nameByID_.try_emplace(engine.id(), added->first);
         if (!isFirst && isBetter(added->second, byName_.at(best->second))) best->second = added->first;
     }
 }

@@ -8,7 +8,7 @@
 
 #include <cstdint>
 
-using GVariant = struct _GVariant;
+using GVariant = struct _GVariant; // NOLINT(bugprone-reserved-identifier): GLib's
 
 namespace quorvane {
 
@@ -36,7 +36,7 @@ std::optional<IBusEngine> engineOf(GVariant* described);
 class IBusEngines {
 public:
     IBusEngines() = default;
-    explicit IBusEngines(std::vector<IBusEngine> engines);
+    explicit IBusEngines(const std::vector<IBusEngine>& engines);
 
     /// As the bus tells them; none when that is no list. What in it is no engine is left out.
     static std::optional<IBusEngines> ofList(GVariant* list);

@@ -18,7 +18,7 @@ namespace quorvane {
 
 /// The engines that the user has enabled in IBus. There is one selected engine for all programs. While it is
 /// a keyboard layout, IBus hands the keys through, and what is typed is the X server's layout.
-class IBusInputSources : public InputMethodDaemon {
+class IBusInputSources final : public InputMethodDaemon {
 public:
     struct Icons {
         /// Makes the template icon of a letter or two.
