@@ -62,7 +62,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     , inputSources_(layouts_, {&fcitx5_, &ibus_})
     , activationsForInput_(
           workspace_.addObserver(WorkspaceNotification::didActivateApplication,
-                                 [this](const auto&) { inputSources_.applicationActivated(); }))
+                                 [this](const auto& application) { activated(application); }))
     , switchesByHand_(globalEvents_.addGlobalMonitor(eventMask(EventType::leftMouseUp) |
                                                          eventMask(EventType::flagsChanged),
                                                      [this](const Event& event) {
@@ -109,6 +109,16 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
                .inputSources = inputSources_,
                .defaults = defaults_,
                .workspace = workspace_} {}
+
+/// The program decides about applications, not about their windows.
+void LinuxDesktop::activated(const RunningApplication& application) {
+    if (application.bundleIdentifier && application.bundleIdentifier == frontApplication_) {
+        fcitx5_.userMayHaveSwitched(); // another window, which has its own input method
+        return;
+    }
+    frontApplication_ = application.bundleIdentifier;
+    inputSources_.applicationActivated();
+}
 
 void LinuxDesktop::tellFrontWindow(const std::optional<Rect>& bounds) {
     if (bounds && bounds->width <= smallestSide && bounds->height <= smallestSide) return;

@@ -43,6 +43,8 @@ public:
     QtApplicationPort& application() { return application_; }
 
 private:
+    void activated(const RunningApplication& application);
+
     /// Where the front window has gone: none when it is no longer to be seen.
     void tellFrontWindow(const std::optional<Rect>& bounds);
 
@@ -66,6 +68,7 @@ private:
     IBusInputSources ibus_;
     Fcitx5InputSources fcitx5_;
     SessionInputSources inputSources_;
+    std::optional<std::string> frontApplication_;
     Subscription activationsForInput_; ///< Made before those of the program, who decides next.
     Subscription switchesByHand_;
     Subscription selectionChanges_;

@@ -1,0 +1,130 @@
+// How long an input method daemon's source takes to follow the focus, and what programs that were just
+// launched get of what is typed at once. Usage: ibus|fcitx [switches] [launches]
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <random>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+
+#include "linux/program/InputMethodSession.h"
+#include "virtual-desktop/WaitUntil.h"
+#include "virtual-desktop/XWatcher.h"
+
+namespace {
+
+using namespace quorvane;
+using namespace std::chrono_literals;
+using Session = InputMethodSession;
+using Clock = XWatcher::Clock;
+
+double milliseconds(Clock::duration duration) {
+    return std::chrono::duration<double, std::milli>(duration).count();
+}
+
+void pauseForAWhile() {
+    static std::mt19937 random{std::random_device{}()};
+    std::this_thread::sleep_for(std::chrono::milliseconds(std::uniform_int_distribution(150, 300)(random)));
+}
+
+/// When the window got the focus that it is given now.
+Clock::time_point focus(XWatcher& watcher, xcb_window_t window) {
+    watcher.activate(window);
+    const auto deadline = Clock::now() + 5s;
+    while (const auto seen = watcher.nextSeen(deadline)) {
+        if (seen->what == XWatcher::Seen::What::focusIn && seen->window == window) return seen->time;
+    }
+    return Clock::now();
+}
+
+void measureSwitches(Session& session, int count) {
+    constexpr Session::Source sources[] = {Session::us, Session::pinyin};
+    TextProgram latin(session, TextProgram::Toolkit::qt,
+                      Session::wmClass(TextProgram::Toolkit::qt, sources[0]));
+    TextProgram chinese(session, TextProgram::Toolkit::qt,
+                        Session::wmClass(TextProgram::Toolkit::qt, sources[1]));
+    const xcb_window_t windows[] = {latin.window(), chinese.window()};
+    XWatcher watcher;
+    for (const auto window : windows)
+        watcher.watch(window);
+    std::vector<double> times;
+    int missed = 0;
+    constexpr int firstUses = 4; // of what the daemon loads then
+    for (int i = 0; i < count + firstUses; ++i) {
+        pauseForAWhile();
+        const auto focused = focus(watcher, windows[i % 2]);
+        const auto source = sources[i % 2];
+        while (!session.isSelected(source) && Clock::now() < focused + 2s) {
+        }
+        if (i < firstUses) continue;
+        if (session.isSelected(source))
+            times.push_back(milliseconds(Clock::now() - focused));
+        else
+            ++missed;
+    }
+    std::ranges::sort(times);
+    const auto percentile = [&](double share) {
+        return times.empty() ? 0
+                             : times[std::min(times.size() - 1, std::size_t(share * double(times.size())))];
+    };
+    std::printf("FocusIn to source, %d switches: p50 %.2f ms, p99 %.2f ms, longest %.2f ms, missed %d\n",
+                count, percentile(0.5), percentile(0.99), percentile(1), missed);
+}
+
+/// Whether the launched program takes its text from the daemon by now. Fcitx5 tells; its clients introduce
+/// themselves a tenth of a second after they got the focus, and nobody can help them before.
+bool hasContext(Session& session) {
+    auto* fcitx5 = std::get_if<Fcitx5Daemon>(&session.daemon);
+    if (!fcitx5) return true;
+    const auto answer =
+        fcitx5->call("/controller", "org.fcitx.Fcitx.Controller1", "DebugInfo").arguments().value(0);
+    for (const auto& line : answer.toString().split('\n')) {
+        if (line.contains("input_window") && line.contains("focus:1")) return true;
+    }
+    return false;
+}
+
+/// What a program got that was typed into this long after it took text from the daemon.
+QString launchAndType(Session& session, std::chrono::milliseconds after) {
+    constexpr auto source = Session::pinyin;
+    TextProgram launched(session, TextProgram::Toolkit::qt,
+                         Session::wmClass(TextProgram::Toolkit::qt, source));
+    launched.waitUntilShown();
+    waitUntil([&] { return hasContext(session); });
+    std::this_thread::sleep_for(after);
+    session.typeWith(source);
+    QElapsedTimer age;
+    age.start();
+    waitUntil([&] { return launched.typed() == Session::textOf(source) || age.elapsed() > 2000; });
+    return launched.typed();
+}
+
+void measureLaunches(Session& session, int count, std::chrono::milliseconds after) {
+    TextProgram before(session, TextProgram::Toolkit::xim,
+                       Session::wmClass(TextProgram::Toolkit::xim, Session::us));
+    int right = 0;
+    for (int i = 0; i < count; ++i) {
+        if (!before.activate() || !session.waitForSource(Session::us))
+            std::puts("the other program is not in front");
+        pauseForAWhile();
+        right += launchAndType(session, after) == Session::textOf(Session::pinyin);
+    }
+    std::printf("typed %3ld ms after a launched program could take it: %d of %d right\n",
+                static_cast<long>(after.count()), right, count);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QCoreApplication qt(argc, argv);
+    const std::string framework = argc > 1 ? argv[1] : "ibus";
+    Session session(QString::fromStdString(framework));
+    measureSwitches(session, argc > 2 ? std::atoi(argv[2]) : 200);
+    for (const auto after : {0ms, 20ms, 100ms})
+        measureLaunches(session, argc > 3 ? std::atoi(argv[3]) : 50, after);
+}

@@ -1,0 +1,286 @@
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+
+#include "contracts/TextInputSourcesContract.h"
+#include "platform/linux/input-methods/ibus/IBusInputSources.h"
+#include "platform/linux/x11/XcbReply.h"
+#include "virtual-desktop/IBusDaemon.h"
+#include "virtual-desktop/ScratchFolders.h"
+#include "virtual-desktop/SessionBus.h"
+#include "virtual-desktop/WaitUntil.h"
+#include "virtual-desktop/XClient.h"
+
+namespace quorvane {
+namespace {
+
+bool setLayouts(const QString& layouts, const QString& variants) {
+    return QProcess::execute("setxkbmap", {"-rules", "evdev", "-model", "pc105", "-layout", layouts,
+                                           "-variant", variants, "-option", ""}) == 0;
+}
+
+/// A user of IBus, and the program's view of what happens. The daemon is not started yet.
+struct IBusSession {
+    explicit IBusSession(const QStringList& engines) {
+        IBusDaemon::setPreloadEngines(engines);
+        user.lockGroup(0); // The server is the same for all tests.
+        waitUntil([this] { return layouts.copyCurrentKeyboardInputSource()->id == "xkb:us"; });
+    }
+
+    void start() {
+        daemon.start();
+        if (!waitUntil([this] { return sources.isAvailable(); })) throw std::runtime_error("not available");
+    }
+    std::string current() const {
+        const auto source = sources.copyCurrentKeyboardInputSource();
+        return source ? source->id : std::string();
+    }
+    bool waitForCurrent(const std::string& id) {
+        return waitUntil([&] { return current() == id; });
+    }
+    bool waitForEngine(const QString& engine) {
+        return waitUntil([&] { return daemon.globalEngine() == engine; });
+    }
+    bool waitForAvailable(bool isAvailable) {
+        return waitUntil([&] { return sources.isAvailable() == isAvailable; });
+    }
+    std::vector<std::string> ids() const {
+        std::vector<std::string> ids;
+        for (const auto& source : sources.createInputSourceList())
+            ids.push_back(source.id);
+        return ids;
+    }
+
+    // The settings are installed on the machine, not in the home of a test.
+    bool findsSettings = qputenv("GSETTINGS_SCHEMA_DIR", "/usr/share/glib-2.0/schemas");
+    bool hasLayouts = setLayouts("us,ru,de", ",,neo");
+    IBusDaemon daemon;
+    std::unique_ptr<XConnection> x = XConnection::open(), userX = XConnection::open();
+    XkbKeyboard user{*userX};
+    std::vector<std::string> icons;
+    ImageRef draw(const std::string& letters) {
+        icons.push_back(letters);
+        return nullptr;
+    }
+    XkbInputSources layouts{*x, [this](const auto& letters) { return draw(letters); }};
+    IBusInputSources sources{layouts,
+                             {.draw = [this](const auto& letters) { return draw(letters); },
+                              .find = [this](const auto& reference) { return draw("find " + reference); }}};
+    int changes = 0;
+    Subscription counting = sources.selectionChanged.connect([this] { ++changes; });
+    // On a machine that is busy the daemon may be late; whoever hears that asks for the selection, too.
+    Subscription countingToo = sources.availabilityChanged.connect([this] { ++changes; });
+};
+
+/// The user and the panel that IBus has: what it does is done here.
+class IBusBench : public TextInputSourcesBench {
+public:
+    IBusBench() { session_.start(); }
+    TextInputSources& sources() override { return session_.sources; }
+    bool waitUntil(const std::function<bool()>& condition) override { return quorvane::waitUntil(condition); }
+    int changesTold() const override { return session_.changes; }
+    void selectFromOutside(const std::string& id) override {
+        // The server takes requests of two programs in any order.
+        const XcbReply<xcb_get_input_focus_reply_t> programsWereTaken(
+            xcb_get_input_focus_reply(session_.x->xcb(), xcb_get_input_focus(session_.x->xcb()), nullptr));
+        session_.daemon.setGlobalEngine(engineOf(id)); // Refused if a later selection overtakes it.
+        session_.user.lockGroup(unsigned(all_.indexOf(engineOf(id))));
+    }
+    void disable(const std::string& id) override {
+        engines_.removeAll(engineOf(id));
+        IBusDaemon::setPreloadEngines(engines_);
+        // The panel goes on with the first one.
+        if (session_.daemon.globalEngine() == engineOf(id))
+            selectFromOutside(idOfEngine(engines_.front().toStdString()));
+    }
+
+private:
+    QString engineOf(const std::string& id) const {
+        for (const auto& engine : all_) {
+            if (idOfEngine(engine.toStdString()) == id) return engine;
+        }
+        return {};
+    }
+
+    const QStringList all_{"xkb:us::eng", "xkb:ru::rus", "xkb:de:neo:deu"};
+    QStringList engines_ = all_;
+    IBusSession session_{all_};
+};
+
+INSTANTIATE_TEST_SUITE_P(IBus, TextInputSourcesContract,
+                         testing::Values([] { return std::make_unique<IBusBench>(); }));
+
+class IBusInputSourcesTest : public testing::Test, protected IBusSession {
+protected:
+    IBusInputSourcesTest()
+        : IBusSession({"xkb:us::eng", "xkb:ru::rus", "libpinyin", "hangul", "xkb:fr::fra"}) {}
+};
+
+TEST_F(IBusInputSourcesTest, AMethodIsSelectedOverALatinLayout) {
+    start();
+    ASSERT_TRUE(sources.selectInputSource({.id = "xkb:ru"}));
+    ASSERT_TRUE(waitForEngine("xkb:ru::rus"));
+    EXPECT_EQ(XClient().currentGroup(), 1U);
+    ASSERT_TRUE(sources.selectInputSource({.id = "ibus:libpinyin"}));
+    EXPECT_EQ(current(), "ibus:libpinyin") << "at once";
+    EXPECT_TRUE(waitForEngine("libpinyin"));
+    EXPECT_EQ(XClient().currentGroup(), 0U);
+    EXPECT_EQ(sources.copyCurrentKeyboardLayoutInputSource()->id, "xkb:us");
+    const auto told = changes;
+    EXPECT_GT(told, 0);
+    ASSERT_TRUE(daemon.setGlobalEngine("hangul"));
+    EXPECT_TRUE(waitForCurrent("ibus:hangul"));
+    ASSERT_TRUE(daemon.setGlobalEngine("xkb:us::eng"));
+    ASSERT_TRUE(waitForCurrent("xkb:us"));
+    user.lockGroup(1); // By the keys that go through the layouts, past IBus.
+    EXPECT_TRUE(waitForCurrent("xkb:ru"));
+    EXPECT_GE(changes, told + 3);
+}
+
+TEST_F(IBusInputSourcesTest, SourcesAreDescribedAsTheUserKnowsThem) {
+    start();
+    const auto list = sources.createInputSourceList();
+    EXPECT_THAT(ids(), testing::ElementsAre("xkb:us", "xkb:ru", "ibus:libpinyin", "ibus:hangul", "xkb:fr"));
+    EXPECT_TRUE(list[2].isSelectCapable);
+    EXPECT_FALSE(list[4].isSelectCapable) << "the X server does not have it";
+    EXPECT_FALSE(sources.selectInputSource(list[4]));
+    std::vector<std::string> names;
+    for (const auto& source : list) {
+        names.push_back(sources.localizedName(source));
+        EXPECT_FALSE(sources.iconOfReference(source)) << "nothing is drawn here";
+    }
+    EXPECT_THAT(names,
+                testing::ElementsAre("English (US)", "Russian", "Intelligent Pinyin", "Hangul", "French"));
+    EXPECT_THAT(icons,
+                testing::ElementsAre("EN", "RU", "find /usr/share/ibus-libpinyin/icons/ibus-pinyin.svg", "拼",
+                                     "find ibus-hangul", "한", "FR"));
+
+    IBusDaemon::setPreloadEngines({"hangul", "no such engine"});
+    EXPECT_TRUE(waitUntil([this] { return ids() == std::vector<std::string>{"ibus:hangul"}; }));
+    IBusDaemon::setPreloadEngines({});
+    EXPECT_TRUE(waitUntil([this] {
+        return ids() == std::vector<std::string>{"xkb:us", "xkb:ru", "xkb:de:neo"};
+    })) << "what the X server has, and nothing for the language C";
+}
+
+TEST_F(IBusInputSourcesTest, OfAStormTheLastWishCounts) {
+    start();
+    const std::vector<std::string> wishes{"ibus:libpinyin", "xkb:ru", "ibus:hangul", "xkb:us"};
+    for (std::size_t i = 0; i < 200; ++i) {
+        ASSERT_TRUE(sources.selectInputSource({.id = wishes[i % wishes.size()]}));
+        if (i % 7 == 0) QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(current(), "xkb:us");
+    ASSERT_TRUE(sources.selectInputSource({.id = "ibus:hangul"}));
+    EXPECT_TRUE(waitForEngine("hangul"));
+    EXPECT_EQ(current(), "ibus:hangul");
+    EXPECT_EQ(XClient().currentGroup(), 0U);
+}
+
+TEST_F(IBusInputSourcesTest, AnEngineThatDiesIsSetAgainForTheNextApplication) {
+    start();
+    ASSERT_TRUE(sources.selectInputSource({.id = "ibus:hangul"}));
+    ASSERT_TRUE(waitForEngine("hangul"));
+    ASSERT_TRUE(daemon.killEngine("hangul"));
+    ASSERT_TRUE(waitForEngine({}));
+    EXPECT_EQ(current(), "ibus:hangul");
+    sources.applicationActivated();
+    EXPECT_TRUE(waitForEngine("hangul"));
+    ASSERT_TRUE(daemon.killEngine("hangul"));
+    ASSERT_TRUE(waitForEngine({}));
+    sources.applicationActivated();
+    ASSERT_TRUE(sources.selectInputSource({.id = "xkb:ru"}));
+    EXPECT_TRUE(waitForEngine("xkb:ru::rus"));
+}
+
+TEST_F(IBusInputSourcesTest, TheDaemonMayComeAndGo) {
+    EXPECT_FALSE(sources.isAvailable());
+    EXPECT_THAT(ids(), testing::IsEmpty());
+    EXPECT_FALSE(sources.selectInputSource({.id = "xkb:us"}));
+    for (const bool isKilled : {true, false, true}) {
+        start();
+        ASSERT_TRUE(sources.selectInputSource({.id = "xkb:ru"}));
+        EXPECT_TRUE(waitForEngine("xkb:ru::rus"));
+        isKilled ? daemon.kill() : daemon.end();
+        EXPECT_TRUE(waitForAvailable(false));
+    }
+    ASSERT_TRUE(QDir(QFileInfo(IBusDaemon::addressFile()).path()).removeRecursively());
+    ASSERT_TRUE(QDir().rmdir(QFileInfo(QFileInfo(IBusDaemon::addressFile()).path()).path()));
+    start();
+    IBusDaemon next;
+    next.start(); // In place of the first one, as after an update.
+    EXPECT_TRUE(waitUntil([&] { return !daemon.isRunning() && sources.isAvailable(); }));
+    ASSERT_TRUE(sources.selectInputSource({.id = "xkb:ru"}));
+    EXPECT_TRUE(waitUntil([&] { return next.globalEngine() == "xkb:ru::rus"; }));
+}
+
+TEST_F(IBusInputSourcesTest, ADaemonThatHangsIsAvailableAgainWhenItGoesOn) {
+    start();
+    ASSERT_TRUE(sources.selectInputSource({.id = "xkb:ru"}));
+    ASSERT_TRUE(waitForEngine("xkb:ru::rus"));
+    daemon.stop();
+    QElapsedTimer time;
+    time.start();
+    ASSERT_TRUE(sources.selectInputSource({.id = "ibus:hangul"}));
+    EXPECT_LT(time.elapsed(), 1000) << "nothing waits";
+    EXPECT_TRUE(waitForAvailable(false));
+    daemon.resume();
+    EXPECT_TRUE(waitForAvailable(true));
+    EXPECT_TRUE(waitForEngine("hangul"));
+    EXPECT_EQ(current(), "ibus:hangul");
+    daemon.stop();
+    EXPECT_TRUE(waitUntil([this] {
+        sources.applicationActivated();
+        return !sources.isAvailable();
+    }));
+    daemon.kill();
+    start(); // Another one in its place.
+}
+
+TEST_F(IBusInputSourcesTest, AnotherProgramAtTheAddressIsNoDaemon) {
+    start();
+    const auto pretend = [](const QByteArray& address) {
+        QFile file(IBusDaemon::addressFile());
+        EXPECT_TRUE(file.open(QFile::WriteOnly));
+        file.write("IBUS_ADDRESS=" + address + "\nIBUS_DAEMON_PID=1\n");
+    };
+    pretend(qgetenv("DBUS_SESSION_BUS_ADDRESS"));
+    EXPECT_TRUE(waitForAvailable(false));
+    pretend("unix:path=/nowhere");
+    pretend("nonsense");
+    pretend("");
+    daemon.end();
+    start();
+}
+
+TEST(IBusSettingsDeathTest, TheProgramSurvivesTheEndOfTheSessionBus) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe"); // GLib's only connection to a session bus is a new one.
+    const auto livesOn = [] {
+        const ScratchFolders folders; // Two buses would write into one home's settings.
+        SessionBus bus;
+        IBusSession session({"xkb:us::eng", "xkb:ru::rus"});
+        session.start();
+        IBusDaemon::setPreloadEngines({"xkb:ru::rus"});
+        const auto expect = [](bool isTrue, const char* what) {
+            if (isTrue) return;
+            std::fprintf(stderr, "not true: %s\n", what);
+            std::exit(1);
+        };
+        expect(waitUntil([&] { return session.ids().size() == 1; }), "settings are followed");
+        const auto witness =
+            QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), "witness");
+        bus.end();
+        expect(waitUntil([&] { return !witness.isConnected(); }), "the bus is gone");
+        expect(waitUntil([&] { return !session.sources.isAvailable(); }), "IBus ends with its session");
+    };
+    const auto livesOnAndEnds = [&] {
+        livesOn();
+        std::exit(0);
+    };
+    EXPECT_EXIT(livesOnAndEnds(), testing::ExitedWithCode(0), "");
+}
+
+} // namespace
+} // namespace quorvane
