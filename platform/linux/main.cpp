@@ -17,6 +17,8 @@
 
 namespace {
 
+constexpr const char* inputMethodVariable = "QT_IM_MODULE";
+
 /// Qt ends the process where it finds no display, so it is looked for first.
 bool hasDisplay() {
     auto* connection = xcb_connect(nullptr, nullptr);
@@ -58,7 +60,12 @@ int main(int argc, char** argv) {
     }
     // In a Wayland session Qt would choose Wayland, where this program has no windows to look after.
     qputenv("QT_QPA_PLATFORM", "xcb");
+    // IBus' plugin for Qt waits for the daemon, and everything here would with it while the daemon hangs. So
+    // this program's own windows do without it; programs started from here get the variable as it was.
+    const auto inputMethod = qgetenv(inputMethodVariable);
+    if (inputMethod == "ibus") qputenv(inputMethodVariable, "compose");
     QApplication qt(argc, argv);
+    if (inputMethod == "ibus") qputenv(inputMethodVariable, inputMethod);
     QApplication::setApplicationName(QStringLiteral("Quorvane"));
     QApplication::setApplicationVersion(QStringLiteral(QUORVANE_VERSION));
     QApplication::setWindowIcon(quorvane::iconOfTemplate(quorvane::QtImages().imageNamed("menuBarIcon")));

@@ -16,6 +16,10 @@ public:
     /// Whether it is there and answers.
     virtual bool isAvailable() const = 0;
 
+    /// Whether its process is another one than when it was last available, which knows nothing of what was
+    /// selected. Otherwise it only hung.
+    virtual bool isStartedAnew() const = 0;
+
     /// Another application has come to the front. What should be selected in it is told right after, or
     /// nothing is.
     virtual void applicationActivated() = 0;

@@ -24,11 +24,20 @@ TextInputSources* SessionInputSources::firstAvailable() const {
 
 void SessionInputSources::chooseAgain() {
     if (std::exchange(chosen_, firstAvailable()) == chosen_) return;
-    // A daemon that was started anew has forgotten what was selected.
+    if (hasForgotten(chosen_)) selectAgain();
+    selectionChanged.emit();
+}
+
+/// Whether what was selected last is not what these know.
+bool SessionInputSources::hasForgotten(const TextInputSources* sources) const {
+    const auto daemon = std::ranges::find(daemons_, sources);
+    return daemon == daemons_.end() || (*daemon)->isStartedAnew();
+}
+
+void SessionInputSources::selectAgain() {
     const auto selected = createInputSourceList(selectedID_);
     const auto current = copyCurrentKeyboardInputSource();
     if (!selected.empty() && (!current || current->id != selectedID_)) selectInputSource(selected.front());
-    selectionChanged.emit();
 }
 
 void SessionInputSources::changed(const TextInputSources& where) {

@@ -33,6 +33,8 @@ public:
 private:
     TextInputSources* firstAvailable() const;
     void chooseAgain();
+    bool hasForgotten(const TextInputSources* sources) const;
+    void selectAgain();
     void changed(const TextInputSources& where);
 
     XkbInputSources& layouts_;

@@ -128,7 +128,7 @@ TEST_F(Fcitx5InputSourcesTest, IsUnavailableWhileTheDaemonIsGoneOrHangs) {
     EXPECT_TRUE(session_.select("xkb:us"));
     EXPECT_LT(age.elapsed(), 50) << "nothing waits";
     EXPECT_TRUE(waitFor(false));
-    EXPECT_LT(age.elapsed(), 400);
+    EXPECT_LT(age.elapsed(), 1500);
     EXPECT_FALSE(session_.select("xkb:us"));
     EXPECT_EQ(session_.current(), "none");
     session_.daemon.resume();

@@ -15,7 +15,9 @@ const QString controllerInterface = QStringLiteral("org.fcitx.Fcitx.Controller1"
 const QString busService = QStringLiteral("org.freedesktop.DBus");
 const QString busPath = QStringLiteral("/org/freedesktop/DBus");
 
-constexpr int answerTimeout = 280; // milliseconds; whoever takes longer hangs
+// Milliseconds; whoever takes longer hangs. An input method that is used for the first time may take half a
+// second.
+constexpr int answerTimeout = 1000;
 constexpr int patience = std::numeric_limits<int>::max();
 
 bool isTimeOut(const QDBusMessage& answer) {
@@ -77,6 +79,7 @@ void Fcitx5Controller::call(const QString& method, const QVariantList& arguments
 /// The answer to one more question, however late, is the news that it goes on.
 void Fcitx5Controller::wait() {
     isHanging_ = true;
+    isStartedAnew_ = false;
     send(question(QStringLiteral("CurrentInputMethod")), patience,
          [this, owner = owner_](const auto& answer) {
              if (owner != owner_ || isTimeOut(answer)) return;
@@ -90,6 +93,7 @@ void Fcitx5Controller::setOwner(const QString& owner) {
     const bool wasAlive = isAlive();
     owner_ = owner;
     isHanging_ = false;
+    isStartedAnew_ = true;
     processes_.clear();
     if (wasAlive) fellSilent.emit();
     if (owner_.isEmpty()) return;

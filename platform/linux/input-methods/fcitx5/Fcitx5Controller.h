@@ -24,6 +24,9 @@ public:
     /// Whether it is there, and has answered what it was last asked.
     bool isAlive() const { return !owner_.isEmpty() && !isHanging_; }
 
+    /// Whether it is another process than when it last fell silent.
+    bool isStartedAnew() const { return isStartedAnew_; }
+
     /// `answered` gets the answer, or the error, from the event loop; nothing comes when Fcitx5 hangs or goes
     /// first. Without effect while it is not alive.
     void call(const QString& method, const QVariantList& arguments = {}, Answered answered = {});
@@ -49,6 +52,7 @@ private:
     QDBusConnection bus_;
     QString owner_; ///< Its connection; empty when there is none.
     bool isHanging_ = false;
+    bool isStartedAnew_ = true;
     QHash<QString, uint> processes_; ///< By connection, those that have icons; 0 while not known.
 };
 

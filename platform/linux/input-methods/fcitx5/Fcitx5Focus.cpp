@@ -46,6 +46,13 @@ void Fcitx5Focus::activated(Time now) {
 
 /// Those that belong to the application which has been in front.
 std::optional<std::vector<Fcitx5Context>> Fcitx5Focus::contextsBefore(Time now) const {
+    if (activatedAt_ == Time()) { // The first activation of all: what has had the focus for a while.
+        std::optional<std::vector<Fcitx5Context>> before;
+        for (const auto& period : periods_) {
+            if (period.since <= now - overtaking) before = period.focused;
+        }
+        return before;
+    }
     if (!inFront_) {
         // It has none; what has had the focus all the time may be its predecessor's, or it has been in front
         // too briefly to be seen.

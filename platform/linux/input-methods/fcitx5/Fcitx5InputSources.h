@@ -43,6 +43,7 @@ public:
     ImageRef iconOfReference(const InputSource& source) const override;
 
     bool isAvailable() const override { return isAvailable_; }
+    bool isStartedAnew() const override { return controller_.isStartedAnew(); }
     void applicationActivated() override;
 
     /// The user has done something that input methods or windows are changed by, like releasing a modifier

@@ -14,7 +14,7 @@ public:
     enum class Due { nothing, ping, silence };
 
     /// From a call that is not answered until the process counts as silent.
-    static constexpr std::chrono::milliseconds patience{280};
+    static constexpr std::chrono::milliseconds patience{1000};
 
     /// A call, a ping among them, goes out.
     void called(Time now);

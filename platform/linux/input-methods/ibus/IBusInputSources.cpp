@@ -47,12 +47,18 @@ IBusInputSources::IBusInputSources(XkbInputSources& layouts, Icons icons)
     , selection_({.set = [this](const std::string& engine) { setGlobalEngine(engine); },
                   .ask = [this] { askGlobalEngine(); }})
     , address_([this] { connectToDaemon(); }) {
-    subscriptions_.push_back(connection_.opened.connect([this] { readEngines(); }));
+    subscriptions_.push_back(connection_.opened.connect([this] {
+        isStartedAnew_ = true;
+        readEngines();
+    }));
     subscriptions_.push_back(connection_.closed.connect([this] {
         setAvailable(false);
         selection_.forget();
     }));
-    subscriptions_.push_back(connection_.silenceBegan.connect([this] { setAvailable(false); }));
+    subscriptions_.push_back(connection_.silenceBegan.connect([this] {
+        isStartedAnew_ = false;
+        setAvailable(false);
+    }));
     subscriptions_.push_back(connection_.silenceEnded.connect([this] { selection_.ask(); }));
     subscriptions_.push_back(connection_.globalEngineChanged.connect(
         [this](std::string_view engine) { selection_.heard(engine); }));

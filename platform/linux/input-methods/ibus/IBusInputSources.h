@@ -39,6 +39,7 @@ public:
     ImageRef iconOfReference(const InputSource& source) const override;
 
     bool isAvailable() const override { return isAvailable_; }
+    bool isStartedAnew() const override { return isStartedAnew_; }
     void applicationActivated() override;
 
 private:
@@ -57,6 +58,7 @@ private:
     Icons icons_;
 
     bool isAvailable_ = false;
+    bool isStartedAnew_ = true;
     IBusEngines engines_;
     std::optional<IBusSettings> settings_; ///< From when a daemon was first available.
     IBusSelection selection_;
