@@ -31,7 +31,7 @@ protected:
         }
         qint64 longest = 0;
         QElapsedTimer time;
-        for (int change = 0; change < 10; ++change) {
+        for (unsigned change = 0; change < 10; ++change) {
             time.start();
             user.activate(change % 2 ? cyrillic_->window() : latin_->window());
             EXPECT_TRUE(waitForGroup(change % 2));
