@@ -113,11 +113,11 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
 /// The program decides about applications, not about their windows.
 void LinuxDesktop::activated(const RunningApplication& application) {
     if (application.bundleIdentifier && application.bundleIdentifier == frontApplication_) {
-        fcitx5_.userMayHaveSwitched(); // another window, which has its own input method
+        fcitx5_.windowActivated(application.processIdentifier);
         return;
     }
     frontApplication_ = application.bundleIdentifier;
-    inputSources_.applicationActivated();
+    inputSources_.applicationActivated(application.processIdentifier);
 }
 
 void LinuxDesktop::tellFrontWindow(const std::optional<Rect>& bounds) {

@@ -48,7 +48,9 @@ bool WindowedApplications::setHidden(xcb_window_t window, bool isHidden) {
 std::optional<RunningApplication> WindowedApplications::applicationOf(xcb_window_t window) const {
     const auto known = std::ranges::find(windows_, window, &Window::window);
     if (known == windows_.end()) return std::nullopt;
-    return withId(known->id);
+    auto application = withId(known->id);
+    if (application && known->pid != 0) application->processIdentifier = known->pid;
+    return application;
 }
 
 std::optional<RunningApplication> WindowedApplications::withId(std::string_view id) const {

@@ -31,6 +31,7 @@ public:
     /// True when all windows of the window's application were hidden until now.
     bool setHidden(xcb_window_t window, bool isHidden);
 
+    /// As the process that has the window; an application may run more than once.
     std::optional<RunningApplication> applicationOf(xcb_window_t window) const;
     std::optional<RunningApplication> withId(std::string_view id) const;
     std::vector<RunningApplication> all() const;

@@ -13,6 +13,9 @@ namespace quorvane {
 /// means the same with and without one.
 class InputMethodDaemon : public TextInputSources {
 public:
+    /// What the ids of its input methods begin with.
+    virtual std::string_view idPrefix() const = 0;
+
     /// Whether it is there and answers.
     virtual bool isAvailable() const = 0;
 
@@ -20,9 +23,9 @@ public:
     /// selected. Otherwise it only hung.
     virtual bool isStartedAnew() const = 0;
 
-    /// Another application has come to the front. What should be selected in it is told right after, or
-    /// nothing is.
-    virtual void applicationActivated() = 0;
+    /// Another application has come to the front, with a window of that process; 0 when that is not known.
+    /// What should be selected in it is told right after, or nothing is.
+    virtual void applicationActivated(int process) = 0;
 
     Signal<> availabilityChanged;
     Signal<> selectionChanged; ///< Another source is selected now, whoever selected it.

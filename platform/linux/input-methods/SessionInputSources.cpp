@@ -7,6 +7,7 @@ namespace quorvane {
 
 SessionInputSources::SessionInputSources(XkbInputSources& layouts, std::vector<InputMethodDaemon*> daemons)
     : layouts_(layouts)
+    , underneath_(layouts)
     , daemons_(std::move(daemons))
     , chosen_(firstAvailable()) {
     subscriptions_.push_back(layouts_.selectionChanged.connect([this] { changed(layouts_); }));
@@ -24,13 +25,13 @@ TextInputSources* SessionInputSources::firstAvailable() const {
 
 void SessionInputSources::chooseAgain() {
     if (std::exchange(chosen_, firstAvailable()) == chosen_) return;
-    if (hasForgotten(chosen_)) selectAgain();
+    if (isStartedAnew() || isMissed_) selectAgain();
     selectionChanged.emit();
 }
 
-/// Whether what was selected last is not what these know.
-bool SessionInputSources::hasForgotten(const TextInputSources* sources) const {
-    const auto daemon = std::ranges::find(daemons_, sources);
+/// Whether what was selected last is not what the chosen sources know.
+bool SessionInputSources::isStartedAnew() const {
+    const auto daemon = std::ranges::find(daemons_, chosen_);
     return daemon == daemons_.end() || (*daemon)->isStartedAnew();
 }
 
@@ -42,13 +43,33 @@ void SessionInputSources::selectAgain() {
 
 void SessionInputSources::changed(const TextInputSources& where) {
     if (&where != chosen_) return;
-    if (const auto current = copyCurrentKeyboardInputSource()) selectedID_ = current->id;
+    const auto current = copyCurrentKeyboardInputSource();
+    if (current && current->id != awaitedLayout_) {
+        selectedID_ = current->id;
+        awaitedLayout_.clear();
+    }
     selectionChanged.emit();
+}
+
+bool SessionInputSources::isAwaited(std::string_view id) const {
+    return chosen_ == &layouts_ && std::ranges::any_of(daemons_, [id](const auto* daemon) {
+               return id.starts_with(daemon->idPrefix());
+           });
+}
+
+void SessionInputSources::await(const std::string& id) {
+    underneath_.prepareFor(id);
+    const auto current = layouts_.copyCurrentKeyboardInputSource();
+    awaitedLayout_ = current ? current->id : std::string();
+    selectedID_ = id;
+    isMissed_ = true;
 }
 
 std::vector<InputSource>
 SessionInputSources::createInputSourceList(std::optional<std::string_view> id) const {
-    return chosen_->createInputSourceList(id);
+    auto list = chosen_->createInputSourceList(id);
+    if (id && list.empty() && isAwaited(*id)) list.push_back({.id = std::string(*id)});
+    return list;
 }
 
 std::optional<InputSource> SessionInputSources::copyCurrentKeyboardInputSource() const {
@@ -60,9 +81,15 @@ std::optional<InputSource> SessionInputSources::copyCurrentKeyboardLayoutInputSo
 }
 
 bool SessionInputSources::selectInputSource(const InputSource& source) {
-    const bool accepted = chosen_->selectInputSource(source);
-    if (accepted) selectedID_ = source.id;
-    return accepted;
+    if (isAwaited(source.id)) {
+        await(source.id);
+        return true;
+    }
+    if (!chosen_->selectInputSource(source)) return false;
+    selectedID_ = source.id;
+    awaitedLayout_.clear();
+    isMissed_ = chosen_ == &layouts_;
+    return true;
 }
 
 std::string SessionInputSources::localizedName(const InputSource& source) const {
@@ -73,10 +100,10 @@ ImageRef SessionInputSources::iconOfReference(const InputSource& source) const {
     return chosen_->iconOfReference(source);
 }
 
-void SessionInputSources::applicationActivated() {
-    for (auto* daemon : daemons_) {
-        if (daemon == chosen_) daemon->applicationActivated();
-    }
+void SessionInputSources::applicationActivated(int process) {
+    isMissed_ = false;
+    for (auto* daemon : daemons_)
+        daemon->applicationActivated(process);
 }
 
 } // namespace quorvane

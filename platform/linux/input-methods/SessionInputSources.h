@@ -4,12 +4,16 @@
 #include <vector>
 
 #include "platform/linux/input-methods/InputMethodDaemon.h"
+#include "platform/linux/input-methods/LayoutUnderneath.h"
 #include "platform/linux/keyboard/XkbInputSources.h"
 
 namespace quorvane {
 
 /// The input sources of the user's session: those of the first input method daemon that is available, else
 /// the X server's layouts. Chosen anew whenever a daemon comes, hangs or goes.
+///
+/// While there is none, an input method can be selected all the same: the layout underneath is, until the
+/// daemon is there.
 class SessionInputSources : public TextInputSources {
 public:
     /// `daemons` are in the order in which they are preferred. All must outlive this object.
@@ -24,8 +28,8 @@ public:
     std::string localizedName(const InputSource& source) const override;
     ImageRef iconOfReference(const InputSource& source) const override;
 
-    /// Another application has come to the front.
-    void applicationActivated();
+    /// Another application has come to the front, with a window of that process.
+    void applicationActivated(int process);
 
     /// Another source is selected now.
     Signal<> selectionChanged;
@@ -33,14 +37,19 @@ public:
 private:
     TextInputSources* firstAvailable() const;
     void chooseAgain();
-    bool hasForgotten(const TextInputSources* sources) const;
+    bool isStartedAnew() const;
+    bool isAwaited(std::string_view id) const;
+    void await(const std::string& id);
     void selectAgain();
     void changed(const TextInputSources& where);
 
     XkbInputSources& layouts_;
+    LayoutUnderneath underneath_;
     std::vector<InputMethodDaemon*> daemons_;
     TextInputSources* chosen_;
-    std::string selectedID_; ///< The last selection, by the program or the user; empty before the first.
+    std::string selectedID_;    ///< The last selection, by the program or the user; empty before the first.
+    std::string awaitedLayout_; ///< What is selected while that one's daemon is awaited; else empty.
+    bool isMissed_ = false;     ///< No daemon knows what was selected since the last activation.
     std::vector<Subscription> subscriptions_;
 };
 

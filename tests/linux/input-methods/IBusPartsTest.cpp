@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/linux/dbus/GLibRefs.h"
 #include "platform/linux/input-methods/ibus/AnswerWatch.h"
-#include "platform/linux/input-methods/ibus/GLibRefs.h"
 #include "platform/linux/input-methods/ibus/IBusAddress.h"
 #include "platform/linux/input-methods/ibus/IBusEnabledEngines.h"
 #include "platform/linux/input-methods/ibus/IBusSelection.h"

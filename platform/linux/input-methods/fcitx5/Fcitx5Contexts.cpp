@@ -15,11 +15,10 @@ std::optional<Fcitx5Context> contextInLine(std::string_view line) {
     const auto value = line.substr(focus + std::string_view(" focus:").size());
     if (value.empty() || (value.front() != '0' && value.front() != '1')) return std::nullopt;
     context.hasFocus = value.front() == '1';
-    constexpr std::string_view programKey = " program:";
-    if (const auto program = line.find(programKey, close); program != npos) {
-        const auto begin = program + programKey.size();
-        const auto end = line.find(" frontend:", begin);
-        context.program = line.substr(begin, (end == npos ? focus : end) - begin);
+    constexpr std::string_view key = " frontend:";
+    if (const auto frontend = line.find(key, close); frontend != npos) {
+        const auto begin = frontend + key.size();
+        context.frontend = line.substr(begin, line.find(' ', begin) - begin);
     }
     return context;
 }

@@ -11,8 +11,10 @@ namespace quorvane {
 /// in. Fcitx5 remembers for each of them what it is typed with.
 struct Fcitx5Context {
     std::string uuid;
-    std::string program; ///< What the program calls itself; may be empty.
+    std::string frontend; ///< The way in which the program uses Fcitx5; may be empty.
     bool hasFocus = false;
+
+    bool isOfDBus() const { return frontend == "dbus"; }
 
     bool operator==(const Fcitx5Context&) const = default;
 };

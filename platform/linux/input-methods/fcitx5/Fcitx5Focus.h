@@ -2,7 +2,8 @@
 
 #include <chrono>
 #include <optional>
-#include <string_view>
+#include <set>
+#include <string>
 #include <vector>
 
 #include "platform/linux/input-methods/fcitx5/Fcitx5Contexts.h"
@@ -16,53 +17,50 @@ class Fcitx5Focus {
 public:
     using Time = std::chrono::steady_clock::time_point;
 
-    /// Another application has come to the front.
-    void activated(Time now);
+    /// Another application has come to the front, with a window of that process; 0 when that is not known.
+    void activated(int process, Time now);
 
-    /// The application is the one that has been in front already: whatever has the focus now is its own, and
-    /// what gets the focus later, unless another application turns out to be the reason.
-    void expectAny();
+    /// The same application, which may run more than once, has another window in front.
+    void windowActivated(int process);
 
-    /// What Fcitx5 tells about all contexts.
-    void seen(const std::vector<Fcitx5Context>& contexts, Time now);
+    /// What gets the focus before another application is activated is in front, also if its process has no
+    /// usual window, like that of a launcher.
+    void expectAny() { isAnyInFront_ = true; }
 
-    /// The contexts with the focus: one, or none, on a usual desktop.
-    const std::vector<Fcitx5Context>& focused() const { return focused_; }
+    /// That context has the focus. A process of 0 may be anybody.
+    void told(const std::string& context, int process, Time now);
 
-    /// The focused context of the application in front; null while there is none, or no certainty.
-    const Fcitx5Context* inFront() const;
+    /// What Fcitx5 answered about all contexts; none if that is not known. With `isToldOfMost`, `told` is
+    /// called for all contexts that can be told of.
+    void seen(const std::optional<std::vector<Fcitx5Context>>& contexts, bool isToldOfMost, Time now);
 
-    /// A context has the focus that may turn out to be the one within milliseconds.
-    bool isInDoubt() const;
+    /// The context of the application in front that has the focus; null while there is none, or no certainty.
+    const std::string* inFront(Time now) const;
 
-    /// It was made after the application came to the front.
-    bool isNew(const Fcitx5Context& context) const;
+    /// Whether `told` was called for the context with the focus; otherwise one has to ask about it.
+    bool isTold() const { return focused_ && focused_->isTold; }
+
+    /// Nothing is known of contexts any more.
+    void forget() { focused_.reset(); }
 
 private:
-    struct Period {
+    struct Focused {
+        std::string context;
+        bool isTold = false;
+        int process = 0;
         Time since;
-        std::vector<Fcitx5Context> focused;
     };
 
-    std::optional<std::vector<Fcitx5Context>> contextsBefore(Time now) const;
-    void remember(Time now);
-    bool isInFront(const Fcitx5Context& context, bool hadFocus, Time now);
-    void accept(Fcitx5Context context, Time now);
+    void see(std::string context, Time now);
+    bool isInFront(const Focused& focused, Time now) const;
 
-    std::vector<Fcitx5Context> all_, focused_; // as last seen
-    std::vector<Period> periods_;              // who had the focus, when, back to where it matters
-
-    Time activatedAt_{}, acceptedAt_{};
-    std::optional<std::vector<Fcitx5Context>> focusedBefore_; // as far as that is certain
-    std::vector<Fcitx5Context> allBefore_;
-    std::vector<Fcitx5Context>
-        neverLost_; ///< Those that have had the focus all the time since the activation.
-    bool isAnyRight_ = false;
-    bool isLooked_ = false;  // since it is known which application is in front
-    bool isHurried_ = false; // two activations at a time: what had the focus in between is not known
-    std::optional<Fcitx5Context> doubtful_;
-    Time doubtfulSince_{};
-    std::optional<Fcitx5Context> inFront_;
+    std::optional<Focused> focused_;
+    std::string focusedBefore_; ///< At the activation.
+    int front_ = 0;
+    bool isSameProcess_ = false; ///< It has two applications, like an office suite; the other was in front.
+    std::set<int> others_;       ///< Processes of the applications that have been in front.
+    Time activatedAt_{};
+    bool isAnyInFront_ = true;
 };
 
 } // namespace quorvane

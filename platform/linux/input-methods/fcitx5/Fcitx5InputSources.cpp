@@ -9,8 +9,6 @@
 #include <QStandardPaths>
 
 #include "platform/linux/Log.h"
-#include "platform/linux/dbus/DBusPropertyList.h"
-#include "platform/linux/input-methods/fcitx5/Fcitx5Names.h"
 
 namespace quorvane {
 namespace {
@@ -42,13 +40,6 @@ std::string textIn(const QDBusMessage& answer) {
     return isText ? answer.arguments().at(0).toString().toStdString() : std::string();
 }
 
-const PropertyList* entryOf(const PropertyList& value, std::string_view key) {
-    const auto* dictionary = value.dictionary();
-    if (!dictionary) return nullptr;
-    const auto entry = dictionary->find(key);
-    return entry == dictionary->end() ? nullptr : &entry->second;
-}
-
 void logMisunderstanding(const char* what) {
     logLine(std::string("Fcitx5 tells ") + what + " in a way that is not understood");
 }
@@ -63,6 +54,11 @@ Fcitx5InputSources::Fcitx5InputSources(const QDBusConnection& bus, XkbInputSourc
           {.ask = [this](unsigned number, const std::string& inputMethod) { ask(number, inputMethod); },
            .refused =
                [](const std::string& inputMethod) { logLine("Fcitx5 does not select " + inputMethod); }})
+    , news_(bus,
+            [this](const auto& news) {
+                selection_.told(news, Clock::now());
+                selectionMoved();
+            })
     , controller_(bus) {
     due_.setSingleShot(true);
     due_.setTimerType(Qt::PreciseTimer);
@@ -71,15 +67,19 @@ Fcitx5InputSources::Fcitx5InputSources(const QDBusConnection& bus, XkbInputSourc
         selectionMoved();
     });
     subscriptions_.push_back(controller_.cameAlive.connect([this] {
+        if (controller_.isStartedAnew())
+            selection_.forget();
+        else
+            selection_.giveUp();
         watchSettings();
-        readSettings();
+        readGroup();
     }));
     subscriptions_.push_back(controller_.fellSilent.connect([this] {
-        selection_.forget();
+        selection_.giveUp();
         selectionMoved();
         setAvailable(false);
     }));
-    subscriptions_.push_back(controller_.groupsChanged.connect([this] { readSettings(); }));
+    subscriptions_.push_back(controller_.groupsChanged.connect([this] { readGroup(); }));
     subscriptions_.push_back(layouts_.selectionChanged.connect([this] { tellSelection(); }));
     subscriptions_.push_back(controller_.iconChanged.connect([this] { userMayHaveSwitched(); }));
 }
@@ -91,13 +91,8 @@ Fcitx5InputSources::Fcitx5InputSources(const QDBusConnection& bus, XkbInputSourc
 void Fcitx5InputSources::watchSettings() {
     const auto folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     settings_.emplace(folder.toStdString() + "/fcitx5", [this](std::string_view file) {
-        if (file.empty() || file == "profile" || file == "config") readSettings();
+        if (file.empty() || file == "profile") readGroup();
     });
-}
-
-void Fcitx5InputSources::readSettings() {
-    readSharing();
-    readGroup();
 }
 
 void Fcitx5InputSources::readGroup() {
@@ -130,17 +125,6 @@ void Fcitx5InputSources::setGroup(Fcitx5Group group) {
     userMayHaveSwitched(); // The input method in use may have been taken away.
 }
 
-/// The only setting of Fcitx5 that changes what a selection is to do.
-void Fcitx5InputSources::readSharing() {
-    controller_.call(QStringLiteral("GetConfig"), {QStringLiteral("fcitx://config/global")},
-                     [this](const auto& answer) {
-                         const auto settings = fromDBus(answer.arguments().value(0));
-                         const auto* behavior = entryOf(settings, "Behavior");
-                         const auto* sharing = behavior ? entryOf(*behavior, "ShareInputState") : nullptr;
-                         selection_.setShared(sharing && sharing->string() && *sharing->string() == "All");
-                     });
-}
-
 void Fcitx5InputSources::setAvailable(bool isAvailable) {
     if (std::exchange(isAvailable_, isAvailable) == isAvailable) return;
     if (!isAvailable) described_.clear(); // the next one may have other names
@@ -153,6 +137,7 @@ void Fcitx5InputSources::ask(unsigned number, const std::string& inputMethod) {
     if (!inputMethod.empty())
         controller_.call(QStringLiteral("SetCurrentIM"), {QString::fromStdString(inputMethod)});
     const auto state = std::make_shared<Fcitx5Selection::Answer>();
+    state->isToldOfMost = news_.isTelling();
     controller_.call(QStringLiteral("DebugInfo"), {}, [state](const auto& answer) {
         state->contexts = contextsInDebugInfo(textIn(answer));
         if (!state->contexts) logMisunderstanding("which program has the focus");
@@ -164,15 +149,18 @@ void Fcitx5InputSources::ask(unsigned number, const std::string& inputMethod) {
     });
 }
 
-void Fcitx5InputSources::applicationActivated() {
-    if (!isAvailable_) return;
-    selection_.activated(Clock::now());
+void Fcitx5InputSources::applicationActivated(int process) {
+    selection_.activated(process, Clock::now());
+    selectionMoved();
+}
+
+void Fcitx5InputSources::windowActivated(int process) {
+    selection_.windowActivated(process, Clock::now());
     selectionMoved();
 }
 
 void Fcitx5InputSources::userMayHaveSwitched() {
-    if (!isAvailable_) return;
-    selection_.mayHaveChanged();
+    selection_.mayHaveChanged(Clock::now());
     selectionMoved();
 }
 

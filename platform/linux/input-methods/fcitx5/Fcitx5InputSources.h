@@ -13,6 +13,7 @@
 #include "platform/linux/input-methods/LayoutUnderneath.h"
 #include "platform/linux/input-methods/fcitx5/Fcitx5Controller.h"
 #include "platform/linux/input-methods/fcitx5/Fcitx5InputMethods.h"
+#include "platform/linux/input-methods/fcitx5/Fcitx5Names.h"
 #include "platform/linux/input-methods/fcitx5/Fcitx5Selection.h"
 
 namespace quorvane {
@@ -42,21 +43,24 @@ public:
     std::string localizedName(const InputSource& source) const override;
     ImageRef iconOfReference(const InputSource& source) const override;
 
+    std::string_view idPrefix() const override { return fcitx5IdPrefix; }
     bool isAvailable() const override { return isAvailable_; }
     bool isStartedAnew() const override { return controller_.isStartedAnew(); }
-    void applicationActivated() override;
+    void applicationActivated(int process) override;
 
-    /// The user has done something that input methods or windows are changed by, like releasing a modifier
-    /// key or clicking. Without a tray, Fcitx5 tells nobody of such a change.
+    /// The application in front has another window there, of that process. It may have an input method of its
+    /// own.
+    void windowActivated(int process);
+
+    /// The user has done something that input methods are changed by, like releasing a modifier key or
+    /// clicking. In some programs that is the only hint.
     void userMayHaveSwitched();
 
 private:
     void watchSettings();
-    void readSettings();
     void readGroup();
     void groupRead(Fcitx5Group group);
     void setGroup(Fcitx5Group group);
-    void readSharing();
     void setAvailable(bool isAvailable);
     void ask(unsigned number, const std::string& inputMethod);
     void selectionMoved();
@@ -73,6 +77,7 @@ private:
     Fcitx5Selection selection_;
     std::string toldID_; ///< What observers know as the selected source.
     QTimer due_;
+    Fcitx5ContextNews news_;
 
     std::optional<FolderWatch> settings_; ///< From when the daemon was first alive.
     Fcitx5Controller controller_;

@@ -6,12 +6,11 @@ namespace quorvane {
 namespace {
 
 constexpr std::string_view keyboardPrefix = "keyboard-";
-constexpr std::string_view idPrefix = "fcitx:";
 
 } // namespace
 
 std::string idOfFcitx5InputMethod(std::string_view name) {
-    if (!name.starts_with(keyboardPrefix)) return std::string(idPrefix).append(name);
+    if (!name.starts_with(keyboardPrefix)) return std::string(fcitx5IdPrefix).append(name);
     name.remove_prefix(keyboardPrefix.size());
     // Names of layouts have no hyphen, those of variants have: `us-altgr-intl`.
     const auto hyphen = name.find('-');
@@ -22,7 +21,7 @@ std::string idOfFcitx5InputMethod(std::string_view name) {
 }
 
 std::string fcitx5InputMethodOfID(std::string_view id) {
-    if (id.starts_with(idPrefix)) return std::string(id.substr(idPrefix.size()));
+    if (id.starts_with(fcitx5IdPrefix)) return std::string(id.substr(fcitx5IdPrefix.size()));
     const auto layout = layoutOfID(id);
     if (!layout || layout->layout.empty()) return {};
     return std::string(keyboardPrefix) + layout->layout +

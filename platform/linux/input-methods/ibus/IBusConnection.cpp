@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/linux/input-methods/ibus/GLibRefs.h"
+#include "platform/linux/dbus/GLibRefs.h"
 
 namespace quorvane {
 namespace {

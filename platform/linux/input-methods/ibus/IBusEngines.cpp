@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "platform/linux/Log.h"
-#include "platform/linux/input-methods/ibus/GLibRefs.h"
+#include "platform/linux/dbus/GLibRefs.h"
 #include "platform/linux/keyboard/XkbLayouts.h"
 
 namespace quorvane {
@@ -44,7 +44,7 @@ bool isBetter(const IBusEngine& one, const IBusEngine& other) {
 
 std::string idOfEngine(std::string_view name) {
     const auto layout = layoutOfID(name);
-    if (!layout || layout->layout.empty()) return "ibus:" + std::string(name);
+    if (!layout || layout->layout.empty()) return std::string(ibusIdPrefix).append(name);
     return layout->id();
 }
 

@@ -26,6 +26,9 @@ struct IBusEngine {
     bool isLayout() const;
 };
 
+/// What the ids of its input methods begin with.
+constexpr std::string_view ibusIdPrefix = "ibus:";
+
 /// The id of the input source that an engine is: `ibus:libpinyin`, `xkb:ru:phonetic`.
 std::string idOfEngine(std::string_view name);
 

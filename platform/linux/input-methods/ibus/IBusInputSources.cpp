@@ -121,7 +121,7 @@ std::string IBusInputSources::currentID() const {
     return current ? current->id : std::string();
 }
 
-void IBusInputSources::applicationActivated() {
+void IBusInputSources::applicationActivated(int /*process*/) {
     if (isAvailable_) selection_.restoreIfGone();
 }
 

@@ -38,9 +38,10 @@ public:
     std::string localizedName(const InputSource& source) const override;
     ImageRef iconOfReference(const InputSource& source) const override;
 
+    std::string_view idPrefix() const override { return ibusIdPrefix; }
     bool isAvailable() const override { return isAvailable_; }
     bool isStartedAnew() const override { return isStartedAnew_; }
-    void applicationActivated() override;
+    void applicationActivated(int process) override;
 
 private:
     void connectToDaemon();
