@@ -1,4 +1,5 @@
 #include <QElapsedTimer>
+#include <unistd.h>
 
 #include "Fcitx5Session.h"
 #include "contracts/TextInputSourcesContract.h"
@@ -23,7 +24,6 @@ public:
         const auto seen = fcitx5InputMethodOfID(session_.current());
         session_.waitForReal(QString::fromStdString(seen));
         session_.daemon.select(QString::fromStdString(fcitx5InputMethodOfID(id)));
-        session_.sources.userMayHaveSwitched();
     }
     void disable(const std::string& id) override {
         inputMethods_.removeAt(id == "xkb:us" ? 0 : inputMethods_.size() - 2);
@@ -41,14 +41,8 @@ private:
 INSTANTIATE_TEST_SUITE_P(Fcitx5, TextInputSourcesContract,
                          testing::Values([] { return std::make_unique<Fcitx5Bench>(); }));
 
-class Fcitx5InputSourcesTest : public testing::TestWithParam<const char*> {
+class Fcitx5InputSourcesTest : public testing::Test {
 protected:
-    void activate(const std::string& wish) {
-        session_.sources.applicationActivated();
-        EXPECT_EQ(session_.current(), "none");
-        EXPECT_EQ(wish.empty() || session_.select(wish), true) << wish;
-    }
-
     Fcitx5Session session_;
 };
 
@@ -67,45 +61,6 @@ TEST_F(Fcitx5InputSourcesTest, NamesAndIconsAreTheDaemonsWhereTheXServerHasNone)
         session_.sources.iconOfReference({.id = id});
     EXPECT_THAT(session_.drawn, testing::ElementsAre("EN", "FR", "拼", "한"));
     EXPECT_THAT(session_.looked, testing::ElementsAre("fcitx-pinyin", "fcitx-hangul"));
-}
-
-TEST_F(Fcitx5InputSourcesTest, AProgramThatOpensGetsItsOwnAndTheOneBeforeItKeepsWhatItHas) {
-    session_.start();
-    Fcitx5Client before(session_.daemon, "before");
-    before.focusIn();
-    session_.daemon.select("hangul");
-    session_.sources.userMayHaveSwitched();
-    ASSERT_TRUE(session_.waitForCurrent("fcitx:hangul"));
-    activate("xkb:ru");
-    before.focusOut();
-    EXPECT_TRUE(waitUntil([&] { return session_.layouts.copyCurrentKeyboardInputSource()->id == "xkb:ru"; }));
-    EXPECT_EQ(session_.daemon.inputMethod(), "hangul");
-    Fcitx5Client opening(session_.daemon, "opening");
-    opening.focusIn();
-    EXPECT_TRUE(session_.waitForReal("keyboard-ru"));
-    EXPECT_EQ(session_.current(), "xkb:ru");
-    before.focusIn();
-    activate(""); // no rule
-    EXPECT_TRUE(session_.waitForReal("hangul"));
-    EXPECT_TRUE(session_.waitForCurrent("fcitx:hangul"));
-    EXPECT_TRUE(waitUntil([&] { return session_.layouts.copyCurrentKeyboardInputSource()->id == "xkb:us"; }));
-}
-
-TEST_F(Fcitx5InputSourcesTest, AChangeByHandIsSeenWhereThereIsATray) {
-    const Tray tray;
-    session_.start();
-    Fcitx5Client client(session_.daemon, "client");
-    client.focusIn();
-    session_.sources.userMayHaveSwitched();
-    ASSERT_TRUE(session_.waitForCurrent("xkb:us"));
-    ASSERT_TRUE(waitUntil([&] { return tray.hasIcon(); }));
-    // Fcitx5 has an icon only when it has got the tray's answer.
-    ASSERT_TRUE(waitUntil([&] {
-        session_.daemon.select(session_.daemon.inputMethod() == "pinyin" ? "keyboard-us" : "pinyin");
-        return session_.current() == "fcitx:pinyin";
-    }));
-    session_.daemon.select("keyboard-ru");
-    EXPECT_TRUE(session_.waitForCurrent("xkb:ru"));
 }
 
 TEST_F(Fcitx5InputSourcesTest, IsUnavailableWhileTheDaemonIsGoneOrHangs) {
@@ -136,9 +91,16 @@ TEST_F(Fcitx5InputSourcesTest, IsUnavailableWhileTheDaemonIsGoneOrHangs) {
     EXPECT_LT(age.elapsed(), 2000);
     session_.daemon.kill();
     EXPECT_TRUE(waitFor(false));
+    const auto awaited = session_.desktop.createInputSourceList("fcitx:pinyin");
+    ASSERT_EQ(awaited.size(), 1U);
+    EXPECT_TRUE(session_.desktop.selectInputSource(awaited.front()));
+    EXPECT_EQ(session_.desktop.copyCurrentKeyboardInputSource()->id, "xkb:us") << "underneath";
     session_.daemon.start();
     EXPECT_TRUE(waitFor(true));
     EXPECT_LT(age.elapsed(), 2000);
+    client = Fcitx5Client(session_.daemon, "client");
+    client.focusIn();
+    EXPECT_TRUE(session_.waitForReal("pinyin"));
     session_.daemon.start(); // in the place of the one that runs
     EXPECT_TRUE(waitFor(true));
     session_.bus.end();
@@ -182,31 +144,10 @@ TEST_F(Fcitx5InputSourcesTest, BadAnswersAreIgnored) {
     EXPECT_TRUE(waitUntil([&] { return session_.sources.isAvailable(); }));
     EXPECT_EQ(session_.sources.createInputSourceList().size(), 10001U);
     EXPECT_EQ(session_.sources.localizedName({.id = "fcitx:pinyin"}), "fcitx:pinyin");
-    activate("fcitx:pinyin");
+    EXPECT_TRUE(session_.select("fcitx:pinyin"));
     EXPECT_TRUE(session_.waitForCurrent("none")) << "never selected";
     EXPECT_EQ(changes, 1);
 }
-
-class Fcitx5SharingTest : public testing::TestWithParam<const char*> {};
-
-TEST_P(Fcitx5SharingTest, EachProgramGetsItsOwnHoweverStateIsShared) {
-    Fcitx5Session session(
-        {.inputMethods = {"keyboard-us", "keyboard-ru", "keyboard-de-neo"}, .shareInputState = GetParam()});
-    session.start();
-    Fcitx5Client one(session.daemon, "one"), other(session.daemon, "other");
-    for (int time = 0; time < 5; ++time) {
-        session.desktop.applicationActivated();
-        one.focusIn();
-        session.desktop.selectInputSource({.id = "xkb:ru"});
-        EXPECT_TRUE(session.waitForReal("keyboard-ru")) << time;
-        other.focusIn();
-        session.desktop.applicationActivated();
-        session.desktop.selectInputSource({.id = time % 2 ? "xkb:de:neo" : "xkb:us"});
-        EXPECT_TRUE(session.waitForReal(time % 2 ? "keyboard-de-neo" : "keyboard-us"));
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(Fcitx5, Fcitx5SharingTest, testing::Values("All", "Program", "No"));
 
 /// A program with a window, started by the user.
 class InputWindow {
@@ -218,6 +159,7 @@ public:
         process_.setProcessEnvironment(environment);
         process_.start(QUORVANE_TEST_INPUT_WINDOW, {title});
     }
+    int process() const { return int(process_.processId()); }
     bool waitFor(const QByteArray& line) {
         return waitUntil([&] { return (output_ += process_.readAllStandardOutput()).contains(line); });
     }
@@ -227,30 +169,33 @@ private:
     QByteArray output_;
 };
 
-TEST(Fcitx5TypingTest, TheFirstKeyIsTypedWithWhatWasSelected) {
-    Fcitx5Session session;
+class Fcitx5TypingTest : public testing::TestWithParam<const char*> {};
+INSTANTIATE_TEST_SUITE_P(Sharing, Fcitx5TypingTest, testing::Values("All", "Program", "No"));
+
+TEST_P(Fcitx5TypingTest, TheFirstKeyIsTypedWithWhatWasSelectedHoweverStateIsShared) {
+    Fcitx5Session session({.shareInputState = GetParam()});
     const WindowManager manager("openbox");
     session.start();
     XClient user;
     const std::pair<const char*, const char*> cases[] = {{"xkb:us", "s"}, {"xkb:ru", "ы"}, {"xkb:us", "s"}};
     for (const auto& [id, typed] : cases) {
-        session.desktop.applicationActivated();
-        ASSERT_TRUE(session.desktop.selectInputSource({.id = id}));
         InputWindow window(id);
+        session.desktop.applicationActivated(window.process());
+        ASSERT_TRUE(session.desktop.selectInputSource({.id = id}));
         ASSERT_TRUE(window.waitFor("shown "));
         user.pressTogether({39}); // S
         EXPECT_TRUE(window.waitFor(QByteArray("typed ") + typed)) << id;
     }
 }
 
-TEST(Fcitx5TypingTest, LayoutsThatFcitx5HasOverwrittenAreStillItsOwn) {
+TEST(Fcitx5Layouts, ThatItHasOverwrittenAreStillItsOwn) {
     Fcitx5Session session({.keepsLayouts = false});
     session.start();
     EXPECT_TRUE(waitUntil([&] { return session.layouts.createInputSourceList().size() == 1; }));
     Fcitx5Client client(session.daemon, "client");
     client.focusIn();
     for (const auto* id : {"xkb:ru", "xkb:us", "xkb:ru"}) {
-        session.desktop.applicationActivated();
+        session.desktop.applicationActivated(getpid());
         EXPECT_TRUE(session.desktop.selectInputSource({.id = id}));
         EXPECT_TRUE(session.waitForReal(QString::fromStdString(fcitx5InputMethodOfID(id))));
         EXPECT_EQ(session.layouts.copyCurrentKeyboardInputSource()->id, "xkb:us");

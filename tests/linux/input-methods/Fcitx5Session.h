@@ -2,7 +2,6 @@
 
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
-#include <QDBusVariant>
 #include <QDBusVirtualObject>
 
 #include "platform/linux/input-methods/SessionInputSources.h"
@@ -15,30 +14,7 @@
 
 namespace quorvane {
 
-/// A tray, without which Fcitx5 tells nobody of a change.
-class Tray : public QDBusVirtualObject {
-public:
-    Tray() {
-        bus_.registerVirtualObject("/StatusNotifierWatcher", this);
-        bus_.registerService("org.kde.StatusNotifierWatcher");
-    }
-    ~Tray() override { QDBusConnection::disconnectFromBus("tray"); }
-    bool hasIcon() const { return hasIcon_; }
-    QString introspect(const QString& /*path*/) const override { return {}; }
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override {
-        hasIcon_ = hasIcon_ || message.member() == "RegisterStatusNotifierItem";
-        const bool isQuestion = message.member() == "Get"; // is there a host?
-        const auto yes = QVariant::fromValue(QDBusVariant(true));
-        return bus.send(isQuestion ? message.createReply(yes) : message.createReply());
-    }
-
-private:
-    QDBusConnection bus_ =
-        QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), "tray");
-    bool hasIcon_ = false;
-};
-
-/// A program that can be typed in, without a window. Has a context when this is made.
+/// A program that can be typed in, without a window, in this process. Has a context when this is made.
 class Fcitx5Client {
 public:
     Fcitx5Client(Fcitx5Daemon& daemon, const QString& program) : daemon_(&daemon) {

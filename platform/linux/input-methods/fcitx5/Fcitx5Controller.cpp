@@ -36,10 +36,9 @@ Fcitx5Controller::Fcitx5Controller(QDBusConnection bus) : bus_(std::move(bus)) {
                  SLOT(disconnected()));
     bus_.connect(QString(), controllerPath, controllerInterface, QStringLiteral("InputMethodGroupsChanged"),
                  this, SLOT(inputMethodGroupsChanged(QDBusMessage)));
-    // Its icon is on a connection without a name.
     bus_.connect(QString(), QStringLiteral("/StatusNotifierItem"),
                  QStringLiteral("org.kde.StatusNotifierItem"), QStringLiteral("NewIcon"), this,
-                 SLOT(newIcon(QDBusMessage)));
+                 SLOT(newIcon()));
     auto ask =
         QDBusMessage::createMethodCall(busService, busPath, busService, QStringLiteral("GetNameOwner"));
     ask.setArguments({fcitx5});
@@ -94,10 +93,8 @@ void Fcitx5Controller::setOwner(const QString& owner) {
     owner_ = owner;
     isHanging_ = false;
     isStartedAnew_ = true;
-    processes_.clear();
     if (wasAlive) fellSilent.emit();
     if (owner_.isEmpty()) return;
-    askForProcess(owner_);
     cameAlive.emit();
 }
 
@@ -112,32 +109,6 @@ void Fcitx5Controller::disconnected() {
 
 void Fcitx5Controller::inputMethodGroupsChanged(const QDBusMessage& message) {
     if (message.service() == owner_) groupsChanged.emit();
-}
-
-void Fcitx5Controller::askForProcess(const QString& connection) {
-    processes_[connection] = 0;
-    auto ask = QDBusMessage::createMethodCall(busService, busPath, busService,
-                                              QStringLiteral("GetConnectionUnixProcessID"));
-    ask.setArguments({connection});
-    send(ask, answerTimeout, [this, connection](const auto& answer) {
-        if (!processes_.contains(connection)) return;
-        processes_[connection] = answer.arguments().value(0).toUInt();
-        tellIfOwn(connection);
-    });
-}
-
-void Fcitx5Controller::newIcon(const QDBusMessage& message) {
-    if (!isAlive()) return;
-    const auto sender = message.service();
-    if (processes_.contains(sender))
-        tellIfOwn(sender);
-    else
-        askForProcess(sender);
-}
-
-void Fcitx5Controller::tellIfOwn(const QString& connection) {
-    const auto process = processes_.value(connection);
-    if (connection != owner_ && process && process == processes_.value(owner_)) iconChanged.emit();
 }
 
 } // namespace quorvane

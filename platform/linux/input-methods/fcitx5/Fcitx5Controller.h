@@ -4,7 +4,6 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QHash>
 #include <QObject>
 
 #include "platform/Signal.h"
@@ -34,26 +33,23 @@ public:
     Signal<> cameAlive; ///< As another process perhaps, which knows nothing.
     Signal<> fellSilent;
     Signal<> groupsChanged; ///< What input methods there are.
-    Signal<> iconChanged; ///< Another input method, or another context, perhaps. Only where there is a tray.
+    Signal<> iconChanged;   ///< Some icon in the tray: Fcitx5's shows what is typed with.
 
 private:
     Q_SLOT void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
     Q_SLOT void disconnected();
     Q_SLOT void inputMethodGroupsChanged(const QDBusMessage& message);
-    Q_SLOT void newIcon(const QDBusMessage& message);
+    Q_SLOT void newIcon() { iconChanged.emit(); }
 
     void send(const QDBusMessage& message, int timeout, std::function<void(const QDBusMessage&)> received);
     QDBusMessage question(const QString& method) const;
     void setOwner(const QString& owner);
     void wait();
-    void askForProcess(const QString& connection);
-    void tellIfOwn(const QString& connection);
 
     QDBusConnection bus_;
     QString owner_; ///< Its connection; empty when there is none.
     bool isHanging_ = false;
     bool isStartedAnew_ = true;
-    QHash<QString, uint> processes_; ///< By connection, those that have icons; 0 while not known.
 };
 
 } // namespace quorvane

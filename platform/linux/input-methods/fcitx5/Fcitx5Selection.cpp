@@ -13,6 +13,10 @@ constexpr milliseconds firstSearches[] = {1ms, 2ms, 4ms, 8ms}; // between progra
 constexpr auto closeSearch = 10ms, closeSearchUntil = 1500ms;
 constexpr auto looseSearch = 100ms, looseSearchUntil = 10000ms;
 
+/// What is selected for an application that comes to the front is known by then; what comes later is not for
+/// its contexts alone.
+constexpr auto decision = 100ms;
+
 constexpr milliseconds retries[] = {10ms, 20ms, 50ms, 200ms};
 
 } // namespace
@@ -21,7 +25,7 @@ void Fcitx5Selection::activated(int process, Time now) {
     focus_.activated(process, now);
     wish_.reset();
     current_.reset();
-    isDecided_ = false;
+    activatedAt_ = now;
     target_.clear();
     const auto* context = focus_.inFront(now);
     if (context && focus_.isTold())
@@ -35,7 +39,7 @@ void Fcitx5Selection::select(const std::string& inputMethod, Time now) {
     served_.clear();
     target_.clear();
     tries_ = 0;
-    if (std::exchange(isDecided_, true)) focus_.expectAny();
+    if (now > activatedAt_ + decision) focus_.expectAny();
     if (const auto* context = focus_.inFront(now)) {
         target_ = *context;
         ask(inputMethod);
@@ -84,13 +88,16 @@ void Fcitx5Selection::searchAgain(Time now) {
 }
 
 void Fcitx5Selection::told(const Fcitx5ContextNews::News& news, Time now) {
-    const bool isServedUntold =
-        !focus_.isTold() && focus_.inFront(now) && served_.contains(*focus_.inFront(now));
+    const auto* untold = focus_.isTold() ? nullptr : focus_.inFront(now);
+    const auto before = untold ? *untold : std::string();
     focus_.told(news.context, news.process, now);
     toldInputMethod_ = news.inputMethod;
     const auto* context = focus_.inFront(now);
     if (!context) return;
-    if (isServedUntold) served_.insert(*context); // It is the same one, of which nothing was told before.
+    if (untold) { // Now it is known by another name.
+        if (target_ == before) target_ = *context;
+        if (served_.contains(before)) served_.insert(*context);
+    }
     look(*context, news.inputMethod, now);
 }
 
@@ -110,13 +117,13 @@ void Fcitx5Selection::answered(unsigned number, const Answer& answer, Time now) 
 void Fcitx5Selection::look(const std::string& context, const std::string& inputMethod, Time now) {
     if (std::exchange(isSearching_, false)) dueAt_.reset();
     if (!wish_) {
-        current_ = inputMethod;
+        tellCurrent(inputMethod);
     } else if (inputMethod == *wish_) {
         served_.insert(context);
         dueAt_.reset();
     } else if (served_.contains(context)) { // the user's
         wish_.reset();
-        current_ = inputMethod;
+        tellCurrent(inputMethod);
     } else if (std::exchange(target_, context) != context) {
         tries_ = 0;
         ask(*wish_);
@@ -131,8 +138,13 @@ void Fcitx5Selection::tryAgain(const std::string& inputMethod, Time now) {
         return;
     }
     const auto refused = *std::exchange(wish_, std::nullopt);
-    current_ = inputMethod;
+    tellCurrent(inputMethod);
     calls_.refused(refused);
+}
+
+void Fcitx5Selection::tellCurrent(const std::string& inputMethod) {
+    current_.reset();
+    if (!inputMethod.empty()) current_ = inputMethod;
 }
 
 void Fcitx5Selection::timePassed(Time now) {

@@ -79,12 +79,13 @@ private:
     void search(Time now);
     void searchAgain(Time now);
     void look(const std::string& context, const std::string& inputMethod, Time now);
+    void tellCurrent(const std::string& inputMethod);
     void tryAgain(const std::string& inputMethod, Time now);
 
     Calls calls_;
     Fcitx5Focus focus_;
     std::optional<std::string> current_, wish_;
-    bool isDecided_ = true;        ///< Since the activation there was a wish.
+    Time activatedAt_{};
     std::string toldInputMethod_;  ///< Of the focus that was told.
     std::set<std::string> served_; ///< Contexts that have had what is wished for.
     std::string target_;           ///< The context for which it was last selected.
