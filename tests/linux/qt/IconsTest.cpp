@@ -36,12 +36,11 @@ TEST(LettersIcon, IsWholeAndInTheMiddleAtEveryScale) {
         }
     }
     EXPECT_EQ(inkOf(imageOfLetters("JE", 2)).top(), inkOf(imageOfLetters("DE", 2)).top()) << "one line";
-    for (const auto* nothing : {"", " ", "\U0010FFFD"}) // no font has the last one
-        EXPECT_FALSE(drawLettersIcon(nothing)) << nothing;
+    EXPECT_FALSE(drawLettersIcon(" "));
+    EXPECT_FALSE(drawLettersIcon("\U0010FFFD")) << "no font has it";
 
     const auto image = QtImage::make(imageOfLetters("RU", 1.25));
     EXPECT_EQ(QtImage::unwrapped(image->redrawn({18, 18})), QtImage::unwrapped(image));
-    EXPECT_TRUE(isMonochrome(image));
 }
 
 TEST(ReferencedIcon, HasOneSizeAndNoGreyMadeForOneGround) {
@@ -73,21 +72,18 @@ TEST(ReferencedIcon, HasOneSizeAndNoGreyMadeForOneGround) {
 }
 
 TEST(InputMethodIcons, ArePicturesElseSymbolsElseTheLettersOfTheLanguage) {
-    const std::pair<InputMethodIcon, std::vector<std::string>> cases[] = {
-        {{"/gone.svg", "한", "ko"}, {"/gone.svg", "한", "KO"}},
-        {{"ibus-keyboard", "", "fr"}, {"FR"}},
-        {{"input-keyboard-symbolic", "", "deu"}, {"DE"}},
-        {{"", "", ""}, {}},
+    std::string tried;
+    const auto attempt = [&](const std::string& what) {
+        tried += what + " ";
+        return nullptr;
     };
-    for (const auto& [described, order] : cases) {
-        std::vector<std::string> tried;
-        const auto attempt = [&](const std::string& what) {
-            tried.push_back(what);
-            return nullptr;
-        };
-        EXPECT_FALSE((InputMethodIcons{attempt, attempt}.iconOf(described)));
-        EXPECT_EQ(tried, order);
-    }
+    const InputMethodIcons icons{attempt, attempt};
+    for (const InputMethodIcon& described : {InputMethodIcon{"/gone.svg", "한", "ko"},
+                                             {"ibus-keyboard", "", "fr"},
+                                             {"input-keyboard-symbolic", "", "deu"},
+                                             {"", "", ""}})
+        EXPECT_FALSE(icons.iconOf(described));
+    EXPECT_EQ(tried, "/gone.svg 한 KO FR DE ");
 }
 
 } // namespace
