@@ -5,6 +5,7 @@
 
 #include "platform/linux/LaunchArguments.h"
 #include "platform/linux/dbus/SessionBus.h"
+#include "platform/linux/qt/LettersIcon.h"
 #include "platform/linux/qt/ReferencedIcon.h"
 #include "settings/Maker.h"
 

@@ -1,21 +1,14 @@
 #include "platform/linux/keyboard/XkbInputSources.h"
 
 #include <algorithm>
-#include <cctype>
+
+#include "platform/linux/keyboard/LanguageLetters.h"
 
 namespace quorvane {
 namespace {
 
 InputSource sourceOf(const XkbLayout& layout) {
     return {.id = layout.id(), .hasIconReference = true};
-}
-
-/// The letters on a layout's icon: its language's, in capitals.
-std::string lettersOf(const std::string& brief) {
-    auto letters = brief.substr(0, 2);
-    std::ranges::transform(letters, letters.begin(),
-                           [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
-    return letters;
 }
 
 } // namespace
@@ -92,7 +85,7 @@ std::string XkbInputSources::localizedName(const InputSource& source) const {
 }
 
 ImageRef XkbInputSources::iconOfReference(const InputSource& source) const {
-    const auto letters = lettersOf(namesOf(source).brief);
+    const auto letters = languageLetters(namesOf(source).brief);
     return letters.empty() ? nullptr : drawIcon_(letters);
 }
 

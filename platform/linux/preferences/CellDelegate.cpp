@@ -44,6 +44,12 @@ QPixmap inColour(QImage shape, const QColor& colour) {
     return QPixmap::fromImage(shape);
 }
 
+/// The nearest place where a picture's pixels are the screen's, and so stay sharp.
+QPointF onWholePixel(const QPainter& painter, const QPointF& place) {
+    const auto& toPixels = painter.deviceTransform();
+    return toPixels.inverted().map(QPointF(toPixels.map(place).toPoint()));
+}
+
 } // namespace
 
 std::optional<IconLoader::Icon> CellDelegate::iconToLoad(const ImageViewPart& part, double pixelsPerPoint) {
@@ -85,7 +91,9 @@ void CellDelegate::drawImage(QPainter& painter, const QStyleOptionViewItem& opti
     if (pixmap.isNull()) return;
     const QSizeF frame(part.frame.width, part.frame.height);
     auto size = pixmap.deviceIndependentSize();
-    if (size.width() > frame.width() || size.height() > frame.height())
+    const auto pixel = 1 / pixelsPerPoint;
+    // Where points are no whole numbers of pixels, an icon may well be a part of a pixel larger.
+    if (size.width() >= frame.width() + pixel || size.height() >= frame.height() + pixel)
         size.scale(frame, Qt::KeepAspectRatio);
     const auto& cell = option.rect;
     const QRectF place(std::round(cell.x() + part.frame.x + (frame.width() - size.width()) / 2),
@@ -94,7 +102,8 @@ void CellDelegate::drawImage(QPainter& painter, const QStyleOptionViewItem& opti
     const auto mirrored = QStyle::visualRect(option.direction, cell, place.toAlignedRect());
     painter.save();
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawPixmap(QRectF(mirrored.topLeft(), size), pixmap, QRectF(pixmap.rect()));
+    painter.drawPixmap(QRectF(onWholePixel(painter, mirrored.topLeft()), size), pixmap,
+                       QRectF(pixmap.rect()));
     painter.restore();
 }
 

@@ -1,7 +1,5 @@
 #include "platform/linux/qt/QtImage.h"
 
-#include <QPainter>
-
 namespace quorvane {
 
 ImageRef QtImage::make(QImage image) {
@@ -20,7 +18,13 @@ Size QtImage::size() const {
 }
 
 std::vector<std::uint8_t> QtImage::pixelData() const {
-    const auto rgba = image_.convertToFormat(QImage::Format_RGBA8888);
+    auto points = image_;
+    points.setDevicePixelRatio(1);
+    const QSize size(static_cast<int>(image_.deviceIndependentSize().width()),
+                     static_cast<int>(image_.deviceIndependentSize().height()));
+    if (!size.isEmpty() && size != image_.size())
+        points = points.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const auto rgba = points.convertToFormat(QImage::Format_RGBA8888);
     std::vector<std::uint8_t> bytes;
     bytes.reserve(static_cast<std::size_t>(rgba.width()) * static_cast<std::size_t>(rgba.height()) * 4);
     for (int row = 0; row < rgba.height(); ++row) {
@@ -32,16 +36,14 @@ std::vector<std::uint8_t> QtImage::pixelData() const {
 
 ImageRef QtImage::redrawn(Size size) const {
     const auto ratio = image_.devicePixelRatio();
-    QImage target(QSizeF(size.width * ratio, size.height * ratio).toSize(),
-                  QImage::Format_ARGB32_Premultiplied);
-    if (target.isNull()) return nullptr;
+    const auto pixels = QSizeF(size.width * ratio, size.height * ratio).toSize();
+    if (pixels.isEmpty()) return nullptr;
+    auto target = image_;
+    // The same number of pixels are the same pixels, also where a point is no whole number of them.
+    if (pixels != image_.size())
+        target = image_.convertToFormat(QImage::Format_ARGB32_Premultiplied)
+                     .scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     target.setDevicePixelRatio(ratio);
-    target.fill(Qt::transparent);
-    QPainter painter(&target);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.drawImage(QRectF(0, 0, size.width, size.height), image_, QRectF(image_.rect()));
-    painter.end();
     return make(std::move(target));
 }
 

@@ -18,7 +18,7 @@ public:
     static QImage unwrapped(const ImageRef& image);
 
     Size size() const override;
-    std::vector<std::uint8_t> pixelData() const override; ///< Red, green, blue, alpha.
+    std::vector<std::uint8_t> pixelData() const override; ///< Red, green, blue, alpha; a pixel a point.
     ImageRef redrawn(Size size) const override;
 
 private:

@@ -1,8 +1,6 @@
 #include "platform/linux/qt/QtImages.h"
 
-#include <QGuiApplication>
 #include <QImageReader>
-#include <QPainter>
 #include <QUrl>
 
 #include "platform/linux/qt/QtImage.h"
@@ -10,8 +8,6 @@
 namespace quorvane {
 namespace {
 
-constexpr int iconSize = 18;        // points
-constexpr int fontSize = 11;        // points high, for two letters side by side
 constexpr double resourceScale = 2; // the resources are drawn for two pixels a point
 
 QString textOf(std::string_view text) {
@@ -31,22 +27,6 @@ ImageRef QtImages::imageNamed(std::string_view name) const {
     reader.setAutoDetectImageFormat(false); // or every image format plugin there is would be loaded
     auto image = reader.read();
     image.setDevicePixelRatio(resourceScale);
-    return QtImage::make(std::move(image));
-}
-
-ImageRef drawLettersIcon(const std::string& letters) {
-    const auto ratio = qGuiApp->devicePixelRatio();
-    QImage image(QSizeF(iconSize * ratio, iconSize * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    QFont font;
-    font.setPixelSize(fontSize);
-    font.setBold(true);
-    painter.setFont(font);
-    painter.setPen(Qt::black);
-    painter.drawText(QRect(0, 0, iconSize, iconSize), Qt::AlignCenter, textOf(letters));
-    painter.end();
     return QtImage::make(std::move(image));
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "platform/Image.h"
 
 namespace quorvane {
@@ -12,8 +10,5 @@ public:
     ImageRef imageWithContentsOfURL(std::string_view url) const override;
     ImageRef imageNamed(std::string_view name) const override;
 };
-
-/// The template icon of a keyboard layout: its letters, 18 by 18 points.
-ImageRef drawLettersIcon(const std::string& letters);
 
 } // namespace quorvane

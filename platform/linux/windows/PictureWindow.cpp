@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::chrono::milliseconds windowManagersTime{100}; // to raise the window that has got the focus
 constexpr std::uint8_t leftButton = 1;
-constexpr int leastOpacity = 128; // of a pixel that is seen where nothing can be half-clear
+constexpr int leastOpacity = 96; // of a pixel that is seen where nothing can be half-clear
 
 /// Whoever owns this selection blends windows.
 constexpr std::string_view compositor = "_NET_WM_CM_S0";

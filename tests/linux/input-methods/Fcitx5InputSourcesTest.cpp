@@ -59,7 +59,7 @@ TEST_F(Fcitx5InputSourcesTest, NamesAndIconsAreTheDaemonsWhereTheXServerHasNone)
     EXPECT_THAT(session_.sources.localizedName({.id = "xkb:fr:oss"}), testing::HasSubstr("French"));
     for (const auto* id : {"xkb:us", "xkb:fr:oss", "fcitx:pinyin", "fcitx:hangul", "fcitx:gone"})
         session_.sources.iconOfReference({.id = id});
-    EXPECT_THAT(session_.drawn, testing::ElementsAre("EN", "FR", "拼", "한"));
+    EXPECT_THAT(session_.drawn, testing::ElementsAre("EN", "FR", "拼", "PI", "한", "HA", "GO"));
     EXPECT_THAT(session_.looked, testing::ElementsAre("fcitx-pinyin", "fcitx-hangul"));
 }
 

@@ -155,7 +155,7 @@ TEST_F(IBusInputSourcesTest, SourcesAreDescribedAsTheUserKnowsThem) {
                 testing::ElementsAre("English (US)", "Russian", "Intelligent Pinyin", "Hangul", "French"));
     EXPECT_THAT(icons,
                 testing::ElementsAre("EN", "RU", "find /usr/share/ibus-libpinyin/icons/ibus-pinyin.svg", "拼",
-                                     "find ibus-hangul", "한", "FR"));
+                                     "ZH", "find ibus-hangul", "한", "KO", "FR"));
 
     IBusDaemon::setPreloadEngines({"hangul", "no such engine"});
     EXPECT_TRUE(waitUntil([this] { return ids() == std::vector<std::string>{"ibus:hangul"}; }));

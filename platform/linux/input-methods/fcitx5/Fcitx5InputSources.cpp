@@ -1,7 +1,6 @@
 #include "platform/linux/input-methods/fcitx5/Fcitx5InputSources.h"
 
 #include <algorithm>
-#include <cctype>
 #include <chrono>
 #include <memory>
 #include <utility>
@@ -23,17 +22,6 @@ bool isLayoutID(std::string_view id) {
     return layoutOfID(id).has_value();
 }
 
-/// All keyboard layouts share it.
-bool isGenericIcon(const std::string& reference) {
-    return reference == "input-keyboard";
-}
-
-std::string inCapitals(std::string letters) {
-    std::ranges::transform(letters, letters.begin(),
-                           [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
-    return letters;
-}
-
 std::string textIn(const QDBusMessage& answer) {
     const bool isText =
         answer.type() == QDBusMessage::ReplyMessage && answer.signature() == QLatin1String("s");
@@ -46,7 +34,8 @@ void logMisunderstanding(const char* what) {
 
 } // namespace
 
-Fcitx5InputSources::Fcitx5InputSources(const QDBusConnection& bus, XkbInputSources& layouts, Icons icons)
+Fcitx5InputSources::Fcitx5InputSources(const QDBusConnection& bus, XkbInputSources& layouts,
+                                       InputMethodIcons icons)
     : layouts_(layouts)
     , underneath_(layouts)
     , icons_(std::move(icons))
@@ -235,12 +224,9 @@ std::string Fcitx5InputSources::localizedName(const InputSource& source) const {
 ImageRef Fcitx5InputSources::iconOfReference(const InputSource& source) const {
     if (underneath_.has(source.id)) return layouts_.iconOfReference(source);
     const auto& inputMethod = described(source);
-    if (!inputMethod.icon.empty() && !isGenericIcon(inputMethod.icon)) {
-        if (auto picture = icons_.find(inputMethod.icon)) return picture;
-    }
-    if (inputMethod.label.empty()) return nullptr;
-    return icons_.draw(isLayoutID(source.id) ? inCapitals(inputMethod.label.substr(0, 2))
-                                             : inputMethod.label);
+    // The label of a layout is its language.
+    if (isLayoutID(source.id)) return icons_.iconOf({inputMethod.icon, {}, inputMethod.label});
+    return icons_.iconOf({inputMethod.icon, inputMethod.label, fcitx5InputMethodOfID(source.id)});
 }
 
 } // namespace quorvane

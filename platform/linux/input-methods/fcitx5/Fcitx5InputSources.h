@@ -10,6 +10,7 @@
 
 #include "platform/linux/defaults/FolderWatch.h"
 #include "platform/linux/input-methods/InputMethodDaemon.h"
+#include "platform/linux/input-methods/InputMethodIcons.h"
 #include "platform/linux/input-methods/LayoutUnderneath.h"
 #include "platform/linux/input-methods/fcitx5/Fcitx5Controller.h"
 #include "platform/linux/input-methods/fcitx5/Fcitx5InputMethods.h"
@@ -26,15 +27,8 @@ namespace quorvane {
 /// what programs without a context are typed with.
 class Fcitx5InputSources : public InputMethodDaemon {
 public:
-    struct Icons {
-        /// Makes the template icon of a letter or two.
-        XkbInputSources::DrawIcon draw;
-        /// The picture at a path or of a name in the icon theme; null when there is none.
-        std::function<ImageRef(const std::string& reference)> find;
-    };
-
     /// The layouts must outlive this object.
-    Fcitx5InputSources(const QDBusConnection& bus, XkbInputSources& layouts, Icons icons);
+    Fcitx5InputSources(const QDBusConnection& bus, XkbInputSources& layouts, InputMethodIcons icons);
 
     std::vector<InputSource> createInputSourceList(std::optional<std::string_view> id = {}) const override;
     std::optional<InputSource> copyCurrentKeyboardInputSource() const override;
@@ -69,7 +63,7 @@ private:
 
     XkbInputSources& layouts_;
     LayoutUnderneath underneath_;
-    Icons icons_;
+    InputMethodIcons icons_;
 
     bool isAvailable_ = false;
     Fcitx5Group group_;

@@ -1,7 +1,6 @@
 #include "platform/linux/input-methods/ibus/IBusInputSources.h"
 
 #include <algorithm>
-#include <cctype>
 #include <clocale>
 #include <libintl.h>
 #include <utility>
@@ -24,23 +23,9 @@ std::string nameOf(const IBusEngine& engine) {
     return dgettext(engine.textDomain.c_str(), name.c_str());
 }
 
-/// Pictures that many engines share tell nothing.
-bool isGenericIcon(const std::string& reference) {
-    return reference == "ibus-keyboard" || reference == "ibus-engine" || reference == "input-keyboard";
-}
-
-/// What stands on the icon of an engine without a picture: its symbol, else its language in capitals.
-std::string lettersOf(const IBusEngine& engine) {
-    if (!engine.symbol.empty()) return engine.symbol;
-    auto letters = (engine.language.empty() ? engine.name : engine.language).substr(0, 2);
-    std::ranges::transform(letters, letters.begin(),
-                           [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
-    return letters;
-}
-
 } // namespace
 
-IBusInputSources::IBusInputSources(XkbInputSources& layouts, Icons icons)
+IBusInputSources::IBusInputSources(XkbInputSources& layouts, InputMethodIcons icons)
     : layouts_(layouts)
     , underneath_(layouts)
     , icons_(std::move(icons))
@@ -182,10 +167,8 @@ ImageRef IBusInputSources::iconOfReference(const InputSource& source) const {
     if (underneath_.has(source.id)) return layouts_.iconOfReference(source);
     const auto* engine = engines_.withID(source.id);
     if (!engine) return nullptr;
-    if (!engine->icon.empty() && !isGenericIcon(engine->icon)) {
-        if (auto picture = icons_.find(engine->icon)) return picture;
-    }
-    return icons_.draw(lettersOf(*engine));
+    const auto& code = engine->language.empty() ? engine->name : engine->language;
+    return icons_.iconOf({engine->icon, engine->symbol, code});
 }
 
 } // namespace quorvane

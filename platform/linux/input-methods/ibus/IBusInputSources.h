@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/linux/input-methods/InputMethodDaemon.h"
+#include "platform/linux/input-methods/InputMethodIcons.h"
 #include "platform/linux/input-methods/LayoutUnderneath.h"
 #include "platform/linux/input-methods/ibus/IBusAddress.h"
 #include "platform/linux/input-methods/ibus/IBusConnection.h"
@@ -20,15 +21,8 @@ namespace quorvane {
 /// a keyboard layout, IBus hands the keys through, and what is typed is the X server's layout.
 class IBusInputSources final : public InputMethodDaemon {
 public:
-    struct Icons {
-        /// Makes the template icon of a letter or two.
-        XkbInputSources::DrawIcon draw;
-        /// The picture at a path or of a name in the icon theme; null when there is none.
-        std::function<ImageRef(const std::string& reference)> find;
-    };
-
     /// The layouts must outlive this object.
-    IBusInputSources(XkbInputSources& layouts, Icons icons);
+    IBusInputSources(XkbInputSources& layouts, InputMethodIcons icons);
     ~IBusInputSources() override;
 
     std::vector<InputSource> createInputSourceList(std::optional<std::string_view> id = {}) const override;
@@ -56,7 +50,7 @@ private:
 
     XkbInputSources& layouts_;
     LayoutUnderneath underneath_;
-    Icons icons_;
+    InputMethodIcons icons_;
 
     bool isAvailable_ = false;
     bool isStartedAnew_ = true;
