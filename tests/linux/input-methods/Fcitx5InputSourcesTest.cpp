@@ -51,8 +51,8 @@ TEST_F(Fcitx5InputSourcesTest, NamesAndIconsAreTheDaemonsWhereTheXServerHasNone)
     session_.daemon.setInputMethods({"keyboard-us", "keyboard-fr-oss", "pinyin", "hangul"});
     ASSERT_TRUE(waitUntil([&] { return session_.sources.createInputSourceList().size() == 4; }));
     const std::pair<const char*, const char*> names[] = {{"xkb:us", "English (US)"},
-                                                         {"fcitx:pinyin", "Pinyin"},
-                                                         {"fcitx:hangul", "Hangul"},
+                                                         {"fcitx:pinyin", "拼音"},
+                                                         {"fcitx:hangul", "한글"},
                                                          {"fcitx:gone", "fcitx:gone"}};
     for (const auto& [id, name] : names)
         EXPECT_EQ(session_.sources.localizedName({.id = id}), name);

@@ -217,8 +217,8 @@ const Fcitx5InputMethod& Fcitx5InputSources::described(const InputSource& source
 std::string Fcitx5InputSources::localizedName(const InputSource& source) const {
     if (underneath_.has(source.id)) return layouts_.localizedName(source);
     const auto& inputMethod = described(source);
-    if (!inputMethod.name.empty()) return inputMethod.name;
-    return inputMethod.nativeName.empty() ? source.id : inputMethod.nativeName;
+    if (!inputMethod.nativeName.empty()) return inputMethod.nativeName;
+    return inputMethod.name.empty() ? source.id : inputMethod.name;
 }
 
 ImageRef Fcitx5InputSources::iconOfReference(const InputSource& source) const {
