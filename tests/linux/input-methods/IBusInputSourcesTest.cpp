@@ -91,9 +91,8 @@ public:
     void disable(const std::string& id) override {
         engines_.removeAll(engineOf(id));
         IBusDaemon::setPreloadEngines(engines_);
-        // The panel goes on with the first one.
-        if (session_.daemon.globalEngine() == engineOf(id))
-            selectFromOutside(idOfEngine(engines_.front().toStdString()));
+        // The panel goes on with the first one. The daemon may still be starting the one that is selected.
+        if (session_.current() == id) selectFromOutside(idOfEngine(engines_.front().toStdString()));
     }
 
 private:
