@@ -12,18 +12,16 @@ namespace {
 
 constexpr std::uint8_t n = 57, i = 31, g = 42, k = 45, s = 39, space = 65, enter = 36;
 
-struct Typed {
-    const char* ibusEngine;
-    const char* fcitx5InputMethod;
+const struct {
+    const char *ibusEngine, *ibusID, *fcitx5InputMethod, *fcitx5ID;
     unsigned group; ///< Of the X server: input methods read Latin letters.
     std::vector<std::uint8_t> keys;
     const char* text;
-};
-const Typed typed[] = {
-    {"xkb:us::eng", "keyboard-us", 0, {n, i}, "ni"},
-    {"xkb:ru::rus", "keyboard-ru", 1, {n, i}, "тш"},
-    {"libpinyin", "pinyin", 0, {n, i, space}, "你"},
-    {"hangul", "hangul", 0, {g, k, s, space}, "한"},
+} typed[] = {
+    {"xkb:us::eng", "xkb:us", "keyboard-us", "xkb:us", 0, {n, i}, "ni"},
+    {"xkb:ru::rus", "xkb:ru", "keyboard-ru", "xkb:ru", 1, {n, i}, "тш"},
+    {"libpinyin", "ibus:libpinyin", "pinyin", "fcitx:pinyin", 0, {n, i, space}, "你"},
+    {"hangul", "ibus:hangul", "hangul", "fcitx:hangul", 0, {g, k, s, space}, "한"},
 };
 
 QString program(TextProgram::Toolkit toolkit, ProgramSession& session, const QString& wmClass) {
@@ -35,15 +33,11 @@ QString program(TextProgram::Toolkit toolkit, ProgramSession& session, const QSt
     return named;
 }
 
-QStringList arguments(TextProgram::Toolkit toolkit, const QString& wmClass, const QString& file) {
+QStringList arguments(TextProgram::Toolkit toolkit, const QString& wmClass) {
     if (toolkit == TextProgram::Toolkit::gtk) return {"--entry", "--class=" + wmClass};
     if (toolkit == TextProgram::Toolkit::qt) return {wmClass};
-    return {
-        "-u8", "-class", wmClass, "-e", "sh", "-c", "while read line; do echo $line >> " + file + "; done"};
-}
-
-QString withoutSpaces(QString text) {
-    return text.remove(' ').remove('\n');
+    // Not by lines: IBus lets the key that ends one overtake the text before it. The output is xterm's.
+    return {"-u8", "-class", wmClass, "-e", "sh", "-c", "stty -icanon; exec cat > /proc/$PPID/fd/1"};
 }
 
 /// The settings of IBus and its engines are installed on the machine.
@@ -54,20 +48,11 @@ void setInIBus(const QString& schema, const QString& key, const QString& value) 
 
 } // namespace
 
-void setInputMethodFramework(const QString& framework) {
-    qputenv("QT_IM_MODULE", framework.toUtf8());
-    qputenv("GTK_IM_MODULE", framework.toUtf8());
-    qputenv("XMODIFIERS", "@im=" + framework.toUtf8());
-    qputenv("LC_ALL", "C.UTF-8");
-    qputenv("GSETTINGS_SCHEMA_DIR", "/usr/share/glib-2.0/schemas");
-}
-
 TextProgram::TextProgram(ProgramSession& session, Toolkit toolkit, const QString& wmClass)
     : session_(session)
     , toolkit_(toolkit)
     , wmClass_(wmClass)
-    , file_(session.folders.home() + "/typed into " + wmClass)
-    , program_(program(toolkit, session, wmClass), arguments(toolkit, wmClass, "'" + file_ + "'")) {
+    , program_(program(toolkit, session, wmClass), arguments(toolkit, wmClass)) {
     if (!waitUntil([this] { return window() != XCB_WINDOW_NONE; }))
         throw std::runtime_error("no window of " + wmClass.toStdString());
 }
@@ -94,33 +79,29 @@ bool TextProgram::waitUntilShown() {
 }
 
 QString TextProgram::typed() {
-    if (toolkit_ == Toolkit::gtk) return withoutSpaces(program_.output());
-    if (toolkit_ == Toolkit::qt) {
-        const auto changes = program_.output().split("typed ");
-        return changes.size() > 1 ? withoutSpaces(changes.back()) : QString();
-    }
-    QFile file(file_);
-    return file.open(QFile::ReadOnly) ? withoutSpaces(QString::fromUtf8(file.readAll())) : QString();
-}
-
-bool TextProgram::waitForTyped(const QString& text) {
-    return waitUntil([&] { return typed() == text; });
+    auto text = program_.output();
+    if (toolkit_ == Toolkit::qt)
+        text = text.contains("typed ") ? text.section("typed ", -1).section('\n', 0, 0) : QString();
+    return text.remove(' ').remove('\n');
 }
 
 InputMethodSession::InputMethodSession(const QString& framework) {
-    startDaemon(framework);
-    startProgram();
-    setRules();
+    use(framework);
+}
+
+InputMethodSession::~InputMethodSession() {
+    for (const auto* variable : {"QT_IM_MODULE", "GTK_IM_MODULE", "XMODIFIERS"})
+        qunsetenv(variable);
 }
 
 void InputMethodSession::use(const QString& framework) {
-    startDaemon(framework);
-    setRules();
-}
-
-void InputMethodSession::startDaemon(const QString& framework) {
-    setInputMethodFramework(framework);
-    if (framework == "ibus") {
+    qputenv("QT_IM_MODULE", framework.toUtf8());
+    qputenv("GTK_IM_MODULE", framework.toUtf8());
+    qputenv("XMODIFIERS", "@im=" + framework.toUtf8());
+    qputenv("LC_ALL", "C.UTF-8");
+    qputenv("GSETTINGS_SCHEMA_DIR", "/usr/share/glib-2.0/schemas");
+    const bool isIBus = framework == "ibus";
+    if (isIBus) {
         setInIBus("general", "preload-engines", "['xkb:us::eng', 'xkb:ru::rus', 'libpinyin', 'hangul']");
         setInIBus("engine.hangul", "initial-input-mode", "hangul");
         daemon.emplace<IBusDaemon>();
@@ -129,15 +110,11 @@ void InputMethodSession::startDaemon(const QString& framework) {
             Fcitx5Daemon::Settings{.inputMethods = {"keyboard-us", "keyboard-ru", "pinyin", "hangul"}});
     }
     onDaemon([](auto& each) { each.start(); });
-}
-
-void InputMethodSession::setRules() {
-    const std::string ibus[] = {"xkb:us", "xkb:ru", "ibus:libpinyin", "ibus:hangul"};
-    const std::string fcitx5[] = {"xkb:us", "xkb:ru", "fcitx:pinyin", "fcitx:hangul"};
+    if (!program) startProgram();
     for (const auto source : sources) {
         for (const auto toolkit : {Toolkit::qt, Toolkit::gtk, Toolkit::xim})
             setRule(wmClass(toolkit, source).toStdString(),
-                    std::holds_alternative<IBusDaemon>(daemon) ? ibus[source] : fcitx5[source]);
+                    isIBus ? typed[source].ibusID : typed[source].fcitx5ID);
     }
 }
 
@@ -157,33 +134,36 @@ bool InputMethodSession::waitForSource(Source source) {
     return waitUntil([&] { return isSelected(source); });
 }
 
-void InputMethodSession::typeWith(Source source) {
-    for (const auto key : typed[source].keys)
-        type({key});
-    type({enter});
+void InputMethodSession::selectByHand(Source source) {
+    if (auto* ibus = std::get_if<IBusDaemon>(&daemon))
+        ibus->setGlobalEngine(typed[source].ibusEngine);
+    else
+        std::get<Fcitx5Daemon>(daemon).select(typed[source].fcitx5InputMethod);
 }
 
 QString InputMethodSession::textOf(Source source) {
     return typed[source].text;
 }
 
-InputMethodSession::Launch InputMethodSession::launchAndType(Source source) {
-    TextProgram launched(*this, Toolkit::qt, wmClass(Toolkit::qt, source));
-    QElapsedTimer age;
-    if (!launched.waitUntilShown()) return {};
-    age.start();
-    waitForSource(source);
-    const auto readyAfter = age.elapsed();
-    typeWith(source);
-    launched.waitForTyped(textOf(source));
-    return {launched.typed(), readyAfter};
+void InputMethodSession::typeWith(Source source) {
+    for (const auto key : typed[source].keys)
+        type({key});
+    type({enter});
 }
 
-void InputMethodSession::selectByHand(Source source) {
-    if (auto* ibus = std::get_if<IBusDaemon>(&daemon))
-        ibus->setGlobalEngine(typed[source].ibusEngine);
-    else
-        std::get<Fcitx5Daemon>(daemon).select(typed[source].fcitx5InputMethod);
+bool InputMethodSession::typeInto(TextProgram& front, Source source) {
+    const auto wanted = front.typed() + textOf(source);
+    typeWith(source);
+    const bool isTyped = waitUntil([&] { return front.typed() == wanted; });
+    pauseLikeAPerson();
+    return isTyped;
+}
+
+void InputMethodSession::pauseLikeAPerson() {
+    constexpr qint64 quickestHand = 300; // milliseconds
+    QElapsedTimer age;
+    age.start();
+    waitUntil([&] { return age.elapsed() > quickestHand; });
 }
 
 } // namespace quorvane

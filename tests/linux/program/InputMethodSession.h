@@ -8,9 +8,6 @@
 
 namespace quorvane {
 
-/// What programs that are started from now on find in their environment: "ibus" or "fcitx".
-void setInputMethodFramework(const QString& framework);
-
 /// A real program that somebody types into, in the way of its toolkit.
 class TextProgram {
 public:
@@ -26,13 +23,11 @@ public:
 
     /// The text it has got so far, without spaces. Programs of GTK tell at the end of the line, and leave.
     QString typed();
-    bool waitForTyped(const QString& text);
 
 private:
     ProgramSession& session_;
     Toolkit toolkit_;
     QString wmClass_;
-    QString file_; ///< What a terminal got.
     TestProgram program_;
 };
 
@@ -44,8 +39,11 @@ public:
     static constexpr Source sources[] = {us, ru, pinyin, hangul};
     using Toolkit = TextProgram::Toolkit;
 
-    /// Starts the daemon and the program.
+    /// Starts the daemon and the program. The framework is "ibus" or "fcitx".
     explicit InputMethodSession(const QString& framework);
+    /// The next window manager is to start without a framework, as this one did: openbox waits for ever for
+    /// one that has ended.
+    ~InputMethodSession();
 
     /// Ends the daemon and starts that of another framework; the rules are the same in its terms.
     void use(const QString& framework);
@@ -53,19 +51,17 @@ public:
     /// Whether this is typed with, as the daemon and the X server tell it.
     bool isSelected(Source source);
     bool waitForSource(Source source);
-
-    void typeWith(Source source); ///< Keys for `textOf` it.
-    static QString textOf(Source source);
-
-    struct Launch {
-        QString typed;
-        std::int64_t readyAfter = 0; ///< Milliseconds from its window to its source.
-    };
-    /// Launches a program of Qt that has a rule for that source, types into it as soon as it has got that,
-    /// and closes it.
-    Launch launchAndType(Source source);
-
     void selectByHand(Source source);
+
+    static QString textOf(Source source);
+    void typeWith(Source source); ///< Keys for `textOf` it.
+
+    /// The same into the program in front. True when exactly that was added to its text.
+    bool typeInto(TextProgram& front, Source source);
+
+    /// No hand gets from a key to another window any sooner. A release that a program hands to IBus after
+    /// the next one has got the focus takes that one's text away, and Fcitx5 tells nobody of the focus.
+    static void pauseLikeAPerson();
 
     /// What both daemons can do: `start`, `end`, `kill`, `stop`, `resume`.
     template <class Action>
@@ -76,10 +72,6 @@ public:
     static QString wmClass(Toolkit toolkit, Source source);
 
     std::variant<IBusDaemon, Fcitx5Daemon> daemon;
-
-private:
-    void startDaemon(const QString& framework);
-    void setRules();
 };
 
 } // namespace quorvane

@@ -24,17 +24,18 @@ std::string stringAt(GVariant* container, gsize index) {
     return g_variant_get_string(child.get(), nullptr);
 }
 
-/// The session bus is one connection for all of GLib, which ends the program with the bus unless it is told
-/// otherwise. Whoever follows settings brings it up.
+/// GLib ends the program with the session bus, unless the connection is told otherwise; and whoever follows
+/// settings makes one, in a thread of its own. The last moment to tell it is the one in which it closes.
 void surviveEndOfSessionBus() {
-    g_bus_get(
-        G_BUS_TYPE_SESSION, nullptr,
-        [](GObject*, GAsyncResult* result, gpointer) {
-            // Kept for ever: a new one would be as deadly as this one was.
-            if (auto* bus = g_bus_get_finish(result, nullptr))
-                g_dbus_connection_set_exit_on_close(bus, FALSE);
-        },
-        nullptr);
+    constexpr auto tell = +[](GSignalInvocationHint*, guint, const GValue* values, gpointer) -> gboolean {
+        g_dbus_connection_set_exit_on_close(G_DBUS_CONNECTION(g_value_get_object(values)), FALSE);
+        return TRUE; // The next one, too.
+    };
+    static const auto isTold [[maybe_unused]] = [] {
+        g_type_class_ref(G_TYPE_DBUS_CONNECTION); // It has its signals from then on.
+        return g_signal_add_emission_hook(g_signal_lookup("closed", G_TYPE_DBUS_CONNECTION), 0, tell, nullptr,
+                                          nullptr);
+    }();
 }
 
 } // namespace
