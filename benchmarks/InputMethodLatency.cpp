@@ -76,35 +76,37 @@ void measureSwitches(Session& session, int count) {
                 count, percentile(0.5), percentile(0.99), percentile(1), missed);
 }
 
-/// Whether the launched program takes its text from the daemon by now. Fcitx5 tells; its clients introduce
-/// themselves a tenth of a second after they got the focus, and nobody can help them before.
-bool hasContext(Session& session) {
-    auto* fcitx5 = std::get_if<Fcitx5Daemon>(&session.daemon);
-    if (!fcitx5) return true;
-    const auto answer =
-        fcitx5->call("/controller", "org.fcitx.Fcitx.Controller1", "DebugInfo").arguments().value(0);
-    for (const auto& line : answer.toString().split('\n')) {
-        if (line.contains("input_window") && line.contains("focus:1")) return true;
+/// What the daemon gives the keys to. Nobody can help a program before it has introduced itself, which
+/// Fcitx5's Qt clients do a tenth of a second after they got the focus.
+QString focusedContext(Session& session) {
+    if (auto* ibus = std::get_if<IBusDaemon>(&session.daemon)) return ibus->currentInputContext();
+    const auto answer = std::get<Fcitx5Daemon>(session.daemon)
+                            .call("/controller", "org.fcitx.Fcitx.Controller1", "DebugInfo");
+    for (const auto& line : answer.arguments().value(0).toString().split('\n')) {
+        if (line.contains("focus:1")) return line.section('[', 1).section(']', 0, 0);
     }
-    return false;
+    return {};
 }
 
-/// What a program got that was typed into this long after it took text from the daemon.
-QString launchAndType(Session& session, std::chrono::milliseconds after) {
-    constexpr auto source = Session::pinyin;
-    TextProgram launched(session, TextProgram::Toolkit::qt,
-                         Session::wmClass(TextProgram::Toolkit::qt, source));
-    launched.waitUntilShown();
-    waitUntil([&] { return hasContext(session); });
+/// Whether a program that is launched gets what is typed this long after the daemon has its context.
+bool isRightFromTheFirstKey(Session& session, TextProgram::Toolkit toolkit, std::chrono::milliseconds after) {
+    const auto before = focusedContext(session);
+    TextProgram launched(session, toolkit, Session::wmClass(toolkit, Session::pinyin));
+    waitUntil([&] {
+        const auto focused = focusedContext(session);
+        return !focused.isEmpty() && focused != before;
+    });
     std::this_thread::sleep_for(after);
-    session.typeWith(source);
+    session.typeWith(Session::pinyin);
     QElapsedTimer age;
     age.start();
-    waitUntil([&] { return launched.typed() == Session::textOf(source) || age.elapsed() > 2000; });
-    return launched.typed();
+    const auto isRight = [&] { return launched.typed() == Session::textOf(Session::pinyin); };
+    waitUntil([&] { return isRight() || age.elapsed() > 2000; });
+    return isRight();
 }
 
-void measureLaunches(Session& session, int count, std::chrono::milliseconds after) {
+void measureLaunches(Session& session, TextProgram::Toolkit toolkit, int count,
+                     std::chrono::milliseconds after) {
     TextProgram before(session, TextProgram::Toolkit::xim,
                        Session::wmClass(TextProgram::Toolkit::xim, Session::us));
     int right = 0;
@@ -112,10 +114,12 @@ void measureLaunches(Session& session, int count, std::chrono::milliseconds afte
         if (!before.activate() || !session.waitForSource(Session::us))
             std::puts("the other program is not in front");
         pauseForAWhile();
-        right += launchAndType(session, after) == Session::textOf(Session::pinyin);
+        right += isRightFromTheFirstKey(session, toolkit, after);
     }
-    std::printf("typed %3ld ms after a launched program could take it: %d of %d right\n",
-                static_cast<long>(after.count()), right, count);
+    std::printf("%s, typed into %ld ms after a launched program could take it: %d of %d right\n",
+                toolkit == TextProgram::Toolkit::qt ? "Qt" : "XIM", static_cast<long>(after.count()), right,
+                count);
+    std::fflush(stdout);
 }
 
 } // namespace
@@ -125,6 +129,8 @@ int main(int argc, char** argv) {
     const std::string framework = argc > 1 ? argv[1] : "ibus";
     Session session(QString::fromStdString(framework));
     measureSwitches(session, argc > 2 ? std::atoi(argv[2]) : 200);
-    for (const auto after : {0ms, 20ms, 100ms})
-        measureLaunches(session, argc > 3 ? std::atoi(argv[3]) : 50, after);
+    for (const auto toolkit : {TextProgram::Toolkit::qt, TextProgram::Toolkit::xim}) {
+        for (const auto after : {0ms, 20ms})
+            measureLaunches(session, toolkit, argc > 3 ? std::atoi(argv[3]) : 50, after);
+    }
 }

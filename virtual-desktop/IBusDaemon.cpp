@@ -129,6 +129,12 @@ QString IBusDaemon::globalEngine() {
     return name;
 }
 
+QString IBusDaemon::currentInputContext() {
+    const auto answer = call("org.freedesktop.DBus.Properties", "Get",
+                             {daemonInterface, QStringLiteral("CurrentInputContext")});
+    return answer.arguments().value(0).value<QDBusVariant>().variant().value<QDBusObjectPath>().path();
+}
+
 QByteArrayList IBusDaemon::processes() const {
     QFile children(QString("/proc/%1/task/%1/children").arg(process_.processId()));
     return children.open(QFile::ReadOnly) ? children.readAll().trimmed().split(' ') : QByteArrayList();
