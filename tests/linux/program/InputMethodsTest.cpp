@@ -142,8 +142,8 @@ TEST_P(InputMethods, ADaemonThatHangsOrDiesStopsNothing) {
         age.start();
         EXPECT_TRUE(waitForSource(pinyin));
         EXPECT_LT(age.elapsed(), longestReturn);
+        pauseLikeAPerson(); // Its client of IBus finds the new one only then.
         EXPECT_TRUE(typeInto(chinese, pinyin)) << chinese.typed().toStdString();
-        pauseLikeAPerson();
         TextProgram korean(*this, Toolkit::qt, wmClass(Toolkit::qt, hangul));
         ASSERT_TRUE(korean.activate() && waitForSource(hangul));
         EXPECT_TRUE(typeInto(korean, hangul)) << korean.typed().toStdString();
