@@ -8,9 +8,9 @@
 
 namespace quorvane {
 
-void PreferencesSession::install(const QString& id, const QString& name, const QString& icon) {
-    const auto entry = QString("[Desktop Entry]\nType=Application\nName=%1\nExec=%2\nIcon=%3\n");
-    session.folders.write("data/applications/" + id + ".desktop", entry.arg(name, id, icon).toUtf8());
+void PreferencesSession::install(const QString& id, const QString& name) {
+    const auto entry = QString("[Desktop Entry]\nType=Application\nName=%1\nExec=%2\n");
+    session.folders.write("data/applications/" + id + ".desktop", entry.arg(name, id).toUtf8());
 }
 
 void PreferencesSession::open() {

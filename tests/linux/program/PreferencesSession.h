@@ -9,7 +9,7 @@ namespace quorvane {
 /// the mouse.
 struct PreferencesSession {
     /// An application for the user to have a rule for.
-    void install(const QString& id, const QString& name, const QString& icon = {});
+    void install(const QString& id, const QString& name);
 
     /// Starts the program and opens its window.
     void open();

@@ -6,7 +6,6 @@
 
 #include "linux/program/ProgramSession.h"
 #include "linux/support/TestWindow.h"
-#include "settings/DefaultInput.h"
 #include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
@@ -91,53 +90,25 @@ TEST_P(OnWindowManager, AStormOfFocusChangesEndsInTheLayoutOfTheProgramInFront) 
     }));
 }
 
-class ProgramOnDesktop : public testing::Test {
-protected:
-    ProgramSession session_;
-};
-
-TEST_F(ProgramOnDesktop, AnApplicationWithoutARuleGetsTheDefaultInput) {
-    session_.startProgram();
-    session_.setRule("Ruled", "xkb:de");
-    setDefaultInput(session_.stores.standardUserDefaults(), "xkb:ru");
-    session_.stores.standardUserDefaults().synchronize();
-    const TestWindow ruled({"class=Ruled"});
-    ASSERT_TRUE(session_.waitForGroup(de));
-    const TestWindow other({"class=Other"});
-    EXPECT_TRUE(session_.waitForGroup(ru));
-    EXPECT_TRUE(waitUntil([&] { return session_.switchTimes() == 2; }));
-}
-
-TEST_F(ProgramOnDesktop, ARuleHoldsWhenTheListOfLayoutsIsReplaced) {
-    session_.startProgram();
-    session_.setRule("First", "xkb:ru");
-    session_.setRule("Second", "xkb:de");
-    const TestWindow first({"class=First"});
-    ASSERT_TRUE(session_.waitForGroup(ru));
-    QProcess::execute("setxkbmap", {"-rules", "evdev", "-model", "pc105", "-layout", "de,fr,us,ru"});
-    EXPECT_TRUE(session_.waitForGroup(3)) << "still the selected layout, at its new place";
-    const TestWindow second({"class=Second"});
-    EXPECT_TRUE(session_.waitForGroup(0));
-}
-
-TEST_F(ProgramOnDesktop, TheCompanionIsAskedWhileItRuns) {
-    session_.startProgram();
-    session_.setRule("First", "xkb:ru");
-    session_.setRule("Second", "xkb:de");
+TEST(Companion, IsAskedWhileItRuns) {
+    ProgramSession session;
+    session.startProgram();
+    session.setRule("First", "xkb:ru");
+    session.setRule("Second", "xkb:de");
     std::optional<TestProgram> companion(QUORVANE_TEST_COMPANION);
     ASSERT_TRUE(waitUntil([&] { return companion->output() == "ready\n"; }));
     const TestWindow first({"class=First"});
     EXPECT_TRUE(waitUntil([&] { return companion->output() == "ready\nxkb:ru\n"; }));
     const TestWindow second({"class=Second"});
     EXPECT_TRUE(waitUntil([&] { return companion->output() == "ready\nxkb:ru\nxkb:de\n"; }));
-    EXPECT_EQ(session_.group(), us) << "switching is the companion's job now";
-    EXPECT_EQ(session_.switchTimes(), 0);
+    EXPECT_EQ(session.group(), us) << "switching is the companion's job now";
+    EXPECT_EQ(session.switchTimes(), 0);
 
     companion.reset();
     // The bus tells of the companion's end in its own time; each activation asks afresh.
     EXPECT_TRUE(waitUntil([&] {
-        session_.user.activate(activeWindow(session_) == first.window() ? second.window() : first.window());
-        return session_.group() != us;
+        session.user.activate(activeWindow(session) == first.window() ? second.window() : first.window());
+        return session.group() != us;
     }));
 }
 

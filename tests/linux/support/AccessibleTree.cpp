@@ -21,7 +21,7 @@ const QString sessionName = QStringLiteral("session of the accessible tree");
 const QString rootPath = QStringLiteral("/org/a11y/atspi/accessible/root");
 
 // Numbers of the AT-SPI protocol.
-constexpr int checked = 4, enabled = 8, showing = 25;
+constexpr int checked = 4, showing = 25;
 constexpr unsigned screenCoordinates = 0;
 
 constexpr int longestWait = 5000; // milliseconds
@@ -166,10 +166,13 @@ std::optional<Accessible> AccessibleTree::find(const QString& role, const QStrin
 }
 
 QRect AccessibleTree::placeOf(const QString& role, const QString& name) {
+    return placeOf([&] { return find(role, name); });
+}
+
+QRect AccessibleTree::placeOf(const std::function<std::optional<Accessible>()>& found) {
     QRect place;
     waitUntil([&] {
-        const auto found = find(role, name);
-        if (found) place = extents(*found);
+        if (const auto now = found()) place = extents(*now);
         return !place.isEmpty();
     });
     return place;
@@ -182,13 +185,7 @@ std::optional<Accessible> AccessibleTree::cell(const QString& table, int row, in
 }
 
 QRect AccessibleTree::placeOfCell(const QString& table, int row, int column) {
-    QRect place;
-    waitUntil([&] {
-        const auto found = cell(table, row, column);
-        if (found) place = extents(*found);
-        return !place.isEmpty();
-    });
-    return place;
+    return placeOf([&] { return cell(table, row, column); });
 }
 
 QString AccessibleTree::nameOfCell(const QString& table, int row, int column) {
@@ -199,11 +196,6 @@ QString AccessibleTree::nameOfCell(const QString& table, int row, int column) {
 bool AccessibleTree::isChecked(const QString& role, const QString& name) {
     const auto found = find(role, name);
     return found && hasState(*found, checked);
-}
-
-bool AccessibleTree::isEnabled(const QString& role, const QString& name) {
-    const auto found = find(role, name);
-    return found && hasState(*found, enabled);
 }
 
 } // namespace quorvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -36,9 +37,9 @@ public:
 
     QString nameOfCell(const QString& table, int row, int column);
     bool isChecked(const QString& role, const QString& name);
-    bool isEnabled(const QString& role, const QString& name);
 
 private:
+    QRect placeOf(const std::function<std::optional<Accessible>()>& found);
     std::optional<Accessible> find(const QString& role, const QString& name);
     std::optional<Accessible> cell(const QString& table, int row, int column);
     QList<Accessible> programs();
