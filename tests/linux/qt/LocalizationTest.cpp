@@ -146,21 +146,13 @@ TEST(StringTable, IsReadUpToTheFirstFault) {
 }
 
 TEST(Languages, AreTheFirstOfTheUsersThatThereIs) {
+    // clang-format off
     const std::pair<QStringList, const char*> cases[] = {
-        {{"de-AT"}, "de"},
-        {{"zh-CN"}, "zh-Hans"},
-        {{"zh_SG", "zh"}, "zh-Hans"},
-        {{"zh"}, "zh-Hans"},
-        {{"zh-TW"}, "zh-Hant"},
-        {{"zh-HK"}, "zh-Hant"},
-        {{"zh-Hant-CN"}, "zh-Hant"},
-        {{"zh-Hans-HK", "zh"}, "zh-Hans"},
-        {{"it-IT", "de"}, "de"},
-        {{"en-GB", "de"}, ""},
-        {{"C"}, ""},
-        {{"it"}, ""},
-        {{}, ""},
-    };
+        {{"de-AT"}, "de"}, {{"zh-CN"}, "zh-Hans"}, {{"zh_SG", "zh"}, "zh-Hans"}, {{"zh"}, "zh-Hans"},
+        {{"zh-TW"}, "zh-Hant"}, {{"zh-HK"}, "zh-Hant"}, {{"zh-Hant-CN"}, "zh-Hant"},
+        {{"zh-Hans-HK", "zh"}, "zh-Hans"}, {{"it-IT", "de"}, "de"}, {{"en-GB", "de"}, ""}, {{"C"}, ""},
+        {{"it"}, ""}, {{}, ""}};
+    // clang-format on
     for (const auto& [users, wanted] : cases)
         EXPECT_EQ(languageFor(users, {"de", "zh-Hans", "zh-Hant"}), wanted) << users.join(' ').toStdString();
 }
