@@ -1,11 +1,14 @@
 // What users want the program for, on a real desktop.
 
-#include <gtest/gtest.h>
+#include <algorithm>
 
 #include <QFile>
+#include <gtest/gtest.h>
 
 #include "linux/program/ProgramSession.h"
 #include "linux/support/TestWindow.h"
+#include "platform/linux/windows/StackedWindow.h"
+#include "settings/Keys.h"
 #include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
@@ -28,7 +31,9 @@ public:
     Terminal(ProgramSession& session, const QString& wmClass)
         : file_(session.folders.home() + "/" + wmClass)
         , xterm_("xterm", {"-u8", "-class", wmClass, "-e", "sh", "-c",
-                           "while read line; do echo $line >> " + file_ + "; done"}) {}
+                           ": > " + file_ + "; while read line; do echo $line >> " + file_ + "; done"}) {
+        waitUntil([this] { return QFile::exists(file_); }); // What comes before the shell may be lost.
+    }
 
     QString typed() const {
         QFile file(file_);
@@ -88,6 +93,35 @@ TEST_P(OnWindowManager, AStormOfFocusChangesEndsInTheLayoutOfTheProgramInFront) 
         const auto group = session_.group();
         return (active == first.window() && group == ru) || (active == second.window() && group == de);
     }));
+}
+
+TEST_P(OnWindowManager, TheIndicatorFollowsTheWindowInFront) {
+    for (const auto setting : {key::enableTipOfState, key::followWindow})
+        session_.stores.standardUserDefaults().setBool(true, setting);
+    session_.startProgram();
+    const auto x = XConnection::open();
+    const auto waitForIndicatorOn = [&](const TestWindow& window) {
+        return waitUntil([&] {
+            const auto bounds = stackedWindow(*x, window.window()).bounds;
+            const Rect wanted{bounds.x + bounds.width - 22, bounds.y + 2, 20, 20};
+            const auto stack = stackedWindows(*x);
+            return !stack.empty() && stack.front().isPopUp && stack.front().bounds == wanted;
+        });
+    };
+    const TestWindow first({"class=First", "title=First", "at=100,100,400,300"});
+    EXPECT_TRUE(waitForIndicatorOn(first));
+    const auto place = stackedWindow(*x, first.window()).bounds;
+    QProcess::execute("xdotool", {"windowmove", QString::number(first.window()), "300", "200"});
+    ASSERT_TRUE(waitUntil([&] { return stackedWindow(*x, first.window()).bounds != place; }));
+    EXPECT_TRUE(waitForIndicatorOn(first)) << "moved";
+    session_.user.minimise(first.window());
+    EXPECT_TRUE(waitUntil([&] {
+        return std::ranges::none_of(stackedWindows(*x), &StackedWindow::isPopUp); // beyond the screen's edge
+    })) << "no window is left";
+    const TestWindow second({"class=Second", "title=Second", "at=50,50,500,500"});
+    EXPECT_TRUE(waitForIndicatorOn(second));
+    session_.user.activate(first.window());
+    EXPECT_TRUE(waitForIndicatorOn(first));
 }
 
 TEST(Companion, IsAskedWhileItRuns) {
