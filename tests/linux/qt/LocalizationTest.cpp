@@ -157,12 +157,5 @@ TEST(Languages, AreTheFirstOfTheUsersThatThereIs) {
         EXPECT_EQ(languageFor(users, {"de", "zh-Hans", "zh-Hant"}), wanted) << users.join(' ').toStdString();
 }
 
-TEST(StringTableTranslator, AnswersInEveryContext) {
-    StringTableTranslator translator(StringTable("Known = Bekannt;"));
-    ASSERT_TRUE(QCoreApplication::installTranslator(&translator));
-    EXPECT_EQ(QCoreApplication::translate("Preferences", "Known"), "Bekannt");
-    EXPECT_EQ(localized("Unknown"), "Unknown");
-}
-
 } // namespace
 } // namespace quorvane
