@@ -80,14 +80,12 @@ TEST_F(PreferencesWindow, ARecordedHotKeyWorksInOtherProgramsAtOnce) {
     const auto cell = tree.placeOfCell(shortcuts, 1, input);
     const auto ground = [&] { return session.user.pixelAt(cell.left() + 34, cell.center().y()); };
     const auto idle = ground();
-    for (int time = 0; time < 2; ++time) { // the second time over the first one's hot key
-        clickAt(cell.center());
-        ASSERT_TRUE(waitUntil([&] { return ground() != idle; }));
-        session.user.pressTogether({control, option, k});
-        ASSERT_TRUE(waitUntil([&] { return ground() == idle; }));
-        EXPECT_TRUE(tree.nameOfCell(shortcuts, 1, input).contains("Ctrl+Alt+K"));
-        EXPECT_EQ(session.group(), us) << "it does not fire while it is recorded";
-    }
+    clickAt(cell.center());
+    ASSERT_TRUE(waitUntil([&] { return ground() != idle; }));
+    session.user.pressTogether({control, option, k});
+    ASSERT_TRUE(waitUntil([&] { return ground() == idle; }));
+    EXPECT_TRUE(tree.nameOfCell(shortcuts, 1, input).contains("Ctrl+Alt+K"));
+    EXPECT_EQ(session.group(), us) << "it does not fire while it is recorded";
     const auto record = stored(key::shortcutOfInput)["xkb:ru"];
     EXPECT_EQ(record["keyCode"].integerValue(), 40);
     EXPECT_EQ(record["modifierFlags"].integerValue(), 0x40000 + 0x80000);

@@ -96,6 +96,8 @@ TEST_P(OnWindowManager, AStormOfFocusChangesEndsInTheLayoutOfTheProgramInFront) 
 }
 
 TEST_P(OnWindowManager, TheIndicatorFollowsTheWindowInFront) {
+    QProcess::execute("xrandr", {"--setmonitor", "*LEFT", "800/211x900/238+0+0", "screen"});
+    QProcess::execute("xrandr", {"--setmonitor", "RIGHT", "800/211x900/238+800+0", "none"});
     for (const auto setting : {key::enableTipOfState, key::followWindow})
         session_.stores.standardUserDefaults().setBool(true, setting);
     session_.startProgram();
@@ -114,11 +116,14 @@ TEST_P(OnWindowManager, TheIndicatorFollowsTheWindowInFront) {
     QProcess::execute("xdotool", {"windowmove", QString::number(first.window()), "300", "200"});
     ASSERT_TRUE(waitUntil([&] { return stackedWindow(*x, first.window()).bounds != place; }));
     EXPECT_TRUE(waitForIndicatorOn(first)) << "moved";
+    session_.user.fillScreen(first.window());
+    ASSERT_TRUE(waitUntil([&] { return stackedWindow(*x, first.window()).bounds.y == 0; }));
+    EXPECT_TRUE(waitForIndicatorOn(first)) << "above what fills the screen";
     session_.user.minimise(first.window());
     EXPECT_TRUE(waitUntil([&] {
         return std::ranges::none_of(stackedWindows(*x), &StackedWindow::isPopUp); // beyond the screen's edge
     })) << "no window is left";
-    const TestWindow second({"class=Second", "title=Second", "at=50,50,500,500"});
+    const TestWindow second({"class=Second", "title=Second", "at=1000,50,500,500"});
     EXPECT_TRUE(waitForIndicatorOn(second));
     session_.user.activate(first.window());
     EXPECT_TRUE(waitForIndicatorOn(first));
