@@ -1,14 +1,12 @@
 #include <filesystem>
 #include <set>
 
-#include <QApplication>
 #include <QFile>
 #include <QRegularExpression>
 #include <QXmlStreamReader>
 #include <gtest/gtest.h>
 
 #include "platform/linux/localization/Languages.h"
-#include "platform/linux/localization/Localized.h"
 #include "platform/linux/localization/Translations.h"
 
 namespace quorvane {
