@@ -1,32 +1,23 @@
 #pragma once
 
-#include <functional>
-#include <memory>
-#include <string>
 #include <utility>
-#include <vector>
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
+#include "contracts/Contract.h"
 #include "platform/GlobalEventMonitor.h"
 #include "platform/HotKeys.h"
 
 namespace quorvane {
 
-class HotKeysBench {
+class HotKeysBench : public ContractBench {
 public:
-    virtual ~HotKeysBench() = default;
-
     virtual HotKeys& hotKeys() = 0;
-    virtual bool waitUntil(const std::function<bool()>& condition) = 0;
 
     /// Down and up again, modifiers included. Caps Lock among them is on meanwhile.
     virtual void press(const KeyCombination& combination) = 0;
     virtual void takeFromOutside(const KeyCombination& combination) = 0;
 };
 
-class HotKeysContract : public testing::TestWithParam<std::function<std::unique_ptr<HotKeysBench>()>> {
+class HotKeysContract : public Contract<HotKeysBench> {
 protected:
     std::optional<Subscription> add(const KeyCombination& combination, std::string name) {
         return hotKeys_.registerHotKey(combination,
@@ -36,7 +27,7 @@ protected:
     std::vector<std::string> fired(const KeyCombination& combination) {
         bench_->press(combination);
         bench_->press(f5);
-        EXPECT_TRUE(bench_->waitUntil([&] { return !fired_.empty() && fired_.back() == "end"; }));
+        EXPECT_TRUE(waitUntil([&] { return !fired_.empty() && fired_.back() == "end"; }));
         fired_.pop_back();
         return std::exchange(fired_, {});
     }
@@ -46,7 +37,6 @@ protected:
                           command = ModifierFlag::command;
     static constexpr std::int64_t j = 0x26, k = 0x28;
     static constexpr KeyCombination f5{0x60, 0}, controlOptionK{k, control | option}, controlJ{j, control};
-    std::unique_ptr<HotKeysBench> bench_ = GetParam()();
     HotKeys& hotKeys_ = bench_->hotKeys();
     std::vector<std::string> fired_;
     std::optional<Subscription> end_ = add(f5, "end");

@@ -38,56 +38,38 @@ protected:
 
     PropertyList anything() {
         constexpr auto nan = std::numeric_limits<double>::quiet_NaN();
-        return any(std::vector<PropertyList>{{},
-                                             true,
-                                             -1,
-                                             std::numeric_limits<std::int64_t>::max(),
-                                             1e300,
-                                             nan,
-                                             "ru",
-                                             "none",
-                                             "12",
-                                             PropertyList::Array{1},
-                                             Dictionary{{"X", nan}, {"Y", -1e300}, {"Width", "wide"}},
-                                             Dictionary{{"X", 10}, {"Y", 20}, {"Width", 300}},
-                                             Dictionary{{"id", 5}}});
+        // clang-format off
+        return any(std::vector<PropertyList>{
+            {}, true, -1, std::numeric_limits<std::int64_t>::max(), 1e300, nan, "ru", "none", "12",
+            PropertyList::Array{1}, Dictionary{{"X", nan}, {"Y", -1e300}, {"Width", "wide"}},
+            Dictionary{{"X", 10}, {"Y", 20}, {"Width", 300}}, Dictionary{{"id", 5}}});
+        // clang-format on
     }
 
     void happen() {
         static const std::vector<std::string> apps = {"first.app", "second.app", "third.app", alfred};
         const std::string companion(maker::companionBundleIdentifier);
+        // clang-format off
         switch (random_() % 16) {
-        case 0:
-            return desktop_.workspace.activate(any(apps));
-        case 1:
-            return desktop_.workspace.activate(RunningApplication{.localizedName = "nameless"});
-        case 2:
-            return desktop_.workspace.hide(any(apps));
-        case 3:
-            return desktop_.workspace.unhide(any(apps));
-        case 4:
-            return desktop_.workspace.quit(coin() ? companion : any(apps));
-        case 5:
-            return desktop_.workspace.launch(coin() ? companion : alfred, ActivationPolicy::accessory);
-        case 6:
-            return desktop_.globalEvents.send({.type = EventType::leftMouseUp});
-        case 7:
-            return showAnyWindows();
-        case 8:
-            return desktop_.windowList.tellLaunchersChanged();
-        case 9:
-            return report(anything());
-        case 10:
-            return standard_.setObject(anything(), any(keys));
-        case 11:
-            return desktop_.defaults.writeFromOutside(maker::sharedSuiteName, key::switchTimes, anything());
-        case 12:
-            return desktop_.inputSources.selectFromOutside(any<std::string>({"us", "ru", "de", ""}));
-        case 13:
-            return changeScreens();
-        default:
-            return desktop_.globalEvents.send({EventType::flagsChanged, any(flags), desktop_.runLoop.now()});
+        case 0: return desktop_.workspace.activate(any(apps));
+        case 1: return desktop_.workspace.activate(RunningApplication{.localizedName = "nameless"});
+        case 2: return desktop_.workspace.hide(any(apps));
+        case 3: return desktop_.workspace.unhide(any(apps));
+        case 4: return desktop_.workspace.quit(coin() ? companion : any(apps));
+        case 5: return desktop_.workspace.launch(coin() ? companion : alfred, ActivationPolicy::accessory);
+        case 6: return desktop_.globalEvents.send({.type = EventType::leftMouseUp});
+        case 7: return showAnyWindows();
+        case 8: return desktop_.windowList.tellLaunchersChanged();
+        case 9: return report(anything());
+        case 10: return standard_.setObject(anything(), any(keys));
+        case 11: return desktop_.defaults.writeFromOutside(
+            maker::sharedSuiteName, key::switchTimes, anything());
+        case 12: return desktop_.inputSources.selectFromOutside(any<std::string>({"us", "ru", "de", ""}));
+        case 13: return changeScreens();
+        default: return desktop_.globalEvents.send(
+            {EventType::flagsChanged, any(flags), desktop_.runLoop.now()});
         }
+        // clang-format on
     }
 
     void showAnyWindows() {

@@ -116,22 +116,6 @@ TEST_F(Switching, NothingHappensWithoutATargetOrWhenItIsCurrent) {
     EXPECT_EQ(openSharedDefaults(desktop_.defaults)->integerForKey(key::switchTimes), 0);
 }
 
-TEST_F(Switching, TheCompanionIsAskedAfreshEachTime) {
-    settleOnScreen();
-    launchCompanion();
-    desktop_.workspace.activate("ru.app");
-    desktop_.runLoop.advance(1);
-    EXPECT_THAT(selections(), IsEmpty());
-    ASSERT_EQ(desktop_.distributedNotifications.posted().size(), 1U);
-    EXPECT_EQ(openSharedDefaults(desktop_.defaults)->stringForKey(key::askTandrelSwitchInput), "ru");
-
-    desktop_.workspace.quit(maker::companionBundleIdentifier);
-    desktop_.workspace.activate("de.app");
-    desktop_.runLoop.advance(1);
-    EXPECT_THAT(selections(), ElementsAre("de"));
-    EXPECT_EQ(desktop_.distributedNotifications.posted().size(), 1U);
-}
-
 TEST_F(Switching, ADesktopWithoutWaitsIsSwitchedBeforeAnythingElseHappens) {
     desktop_.desktop.facts.switchDelay = desktop_.desktop.facts.screenChangeDelay = 0;
     launch();

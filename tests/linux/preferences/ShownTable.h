@@ -3,6 +3,7 @@
 #include <set>
 
 #include <QAbstractButton>
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QComboBox>
 #include <gtest/gtest.h>
@@ -35,6 +36,9 @@ struct ShownTable : PreferencesActions {
             const auto corner = table.mapToGlobal(QPoint());
             return table.isActiveWindow() && bounds.x == corner.x() && bounds.y == corner.y();
         });
+        EXPECT_TRUE(waitUntil([] {
+            return !QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents);
+        })) << "it never comes to rest";
     }
 
     QPoint middleOf(int row, Column column) {

@@ -21,8 +21,6 @@ public:
     QString output();
     QString errors();
 
-    void write(const QByteArray& line) { process_.write(line); } ///< To its standard input.
-
     bool isRunning() const { return process_.state() == QProcess::Running; }
     bool waitForEnd();
     void terminate() { process_.terminate(); }

@@ -1,12 +1,14 @@
 // What users want the program for, on a real desktop.
 
-#include <gtest/gtest.h>
+#include <algorithm>
 
 #include <QFile>
+#include <gtest/gtest.h>
 
 #include "linux/program/ProgramSession.h"
 #include "linux/support/TestWindow.h"
-#include "settings/DefaultInput.h"
+#include "platform/linux/windows/StackedWindow.h"
+#include "settings/Keys.h"
 #include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
@@ -29,7 +31,9 @@ public:
     Terminal(ProgramSession& session, const QString& wmClass)
         : file_(session.folders.home() + "/" + wmClass)
         , xterm_("xterm", {"-u8", "-class", wmClass, "-e", "sh", "-c",
-                           "while read line; do echo $line >> " + file_ + "; done"}) {}
+                           ": > " + file_ + "; while read line; do echo $line >> " + file_ + "; done"}) {
+        waitUntil([this] { return QFile::exists(file_); }); // What comes before the shell may be lost.
+    }
 
     QString typed() const {
         QFile file(file_);
@@ -91,53 +95,59 @@ TEST_P(OnWindowManager, AStormOfFocusChangesEndsInTheLayoutOfTheProgramInFront) 
     }));
 }
 
-class ProgramOnDesktop : public testing::Test {
-protected:
-    ProgramSession session_;
-};
-
-TEST_F(ProgramOnDesktop, AnApplicationWithoutARuleGetsTheDefaultInput) {
+TEST_P(OnWindowManager, TheIndicatorFollowsTheWindowInFront) {
+    QProcess::execute("xrandr", {"--setmonitor", "*LEFT", "800/211x900/238+0+0", "screen"});
+    QProcess::execute("xrandr", {"--setmonitor", "RIGHT", "800/211x900/238+800+0", "none"});
+    for (const auto setting : {key::enableTipOfState, key::followWindow})
+        session_.stores.standardUserDefaults().setBool(true, setting);
     session_.startProgram();
-    session_.setRule("Ruled", "xkb:de");
-    setDefaultInput(session_.stores.standardUserDefaults(), "xkb:ru");
-    session_.stores.standardUserDefaults().synchronize();
-    const TestWindow ruled({"class=Ruled"});
-    ASSERT_TRUE(session_.waitForGroup(de));
-    const TestWindow other({"class=Other"});
-    EXPECT_TRUE(session_.waitForGroup(ru));
-    EXPECT_TRUE(waitUntil([&] { return session_.switchTimes() == 2; }));
+    const auto x = XConnection::open();
+    const auto waitForIndicatorOn = [&](const TestWindow& window) {
+        return waitUntil([&] {
+            const auto bounds = stackedWindow(*x, window.window()).bounds;
+            const Rect wanted{bounds.x + bounds.width - 22, bounds.y + 2, 20, 20};
+            const auto stack = stackedWindows(*x);
+            return !stack.empty() && stack.front().isPopUp && stack.front().bounds == wanted;
+        });
+    };
+    const TestWindow first({"class=First", "title=First", "at=100,100,400,300"});
+    EXPECT_TRUE(waitForIndicatorOn(first));
+    const auto place = stackedWindow(*x, first.window()).bounds;
+    QProcess::execute("xdotool", {"windowmove", QString::number(first.window()), "300", "200"});
+    ASSERT_TRUE(waitUntil([&] { return stackedWindow(*x, first.window()).bounds != place; }));
+    EXPECT_TRUE(waitForIndicatorOn(first)) << "moved";
+    session_.user.fillScreen(first.window());
+    ASSERT_TRUE(waitUntil([&] { return stackedWindow(*x, first.window()).bounds.y == 0; }));
+    EXPECT_TRUE(waitForIndicatorOn(first)) << "above what fills the screen";
+    session_.user.minimise(first.window());
+    EXPECT_TRUE(waitUntil([&] {
+        return std::ranges::none_of(stackedWindows(*x), &StackedWindow::isPopUp); // beyond the screen's edge
+    })) << "no window is left";
+    const TestWindow second({"class=Second", "title=Second", "at=1000,50,500,500"});
+    EXPECT_TRUE(waitForIndicatorOn(second));
+    session_.user.activate(first.window());
+    EXPECT_TRUE(waitForIndicatorOn(first));
 }
 
-TEST_F(ProgramOnDesktop, ARuleHoldsWhenTheListOfLayoutsIsReplaced) {
-    session_.startProgram();
-    session_.setRule("First", "xkb:ru");
-    session_.setRule("Second", "xkb:de");
-    const TestWindow first({"class=First"});
-    ASSERT_TRUE(session_.waitForGroup(ru));
-    QProcess::execute("setxkbmap", {"-rules", "evdev", "-model", "pc105", "-layout", "de,fr,us,ru"});
-    EXPECT_TRUE(session_.waitForGroup(3)) << "still the selected layout, at its new place";
-    const TestWindow second({"class=Second"});
-    EXPECT_TRUE(session_.waitForGroup(0));
-}
-
-TEST_F(ProgramOnDesktop, TheCompanionIsAskedWhileItRuns) {
-    session_.startProgram();
-    session_.setRule("First", "xkb:ru");
-    session_.setRule("Second", "xkb:de");
+TEST(Companion, IsAskedWhileItRuns) {
+    ProgramSession session;
+    session.startProgram();
+    session.setRule("First", "xkb:ru");
+    session.setRule("Second", "xkb:de");
     std::optional<TestProgram> companion(QUORVANE_TEST_COMPANION);
     ASSERT_TRUE(waitUntil([&] { return companion->output() == "ready\n"; }));
     const TestWindow first({"class=First"});
     EXPECT_TRUE(waitUntil([&] { return companion->output() == "ready\nxkb:ru\n"; }));
     const TestWindow second({"class=Second"});
     EXPECT_TRUE(waitUntil([&] { return companion->output() == "ready\nxkb:ru\nxkb:de\n"; }));
-    EXPECT_EQ(session_.group(), us) << "switching is the companion's job now";
-    EXPECT_EQ(session_.switchTimes(), 0);
+    EXPECT_EQ(session.group(), us) << "switching is the companion's job now";
+    EXPECT_EQ(session.switchTimes(), 0);
 
     companion.reset();
     // The bus tells of the companion's end in its own time; each activation asks afresh.
     EXPECT_TRUE(waitUntil([&] {
-        session_.user.activate(activeWindow(session_) == first.window() ? second.window() : first.window());
-        return session_.group() != us;
+        session.user.activate(activeWindow(session) == first.window() ? second.window() : first.window());
+        return session.group() != us;
     }));
 }
 

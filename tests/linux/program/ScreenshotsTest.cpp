@@ -2,13 +2,11 @@
 
 #include <QDir>
 #include <QImage>
-#include <QPainter>
 #include <gtest/gtest.h>
 
 #include "linux/program/PreferencesSession.h"
 #include "linux/support/Portal.h"
 #include "settings/AppRule.h"
-#include "settings/InputShortcut.h"
 #include "settings/Keys.h"
 #include "settings/RuleTableOrder.h"
 #include "virtual-desktop/WaitUntil.h"
@@ -26,10 +24,6 @@ QString nameOf(const Look& look) {
     return QString(look.language) + (look.scheme == 1 ? "_dark" : "_light");
 }
 
-void PrintTo(const Look& look, std::ostream* stream) {
-    *stream << nameOf(look).toStdString();
-}
-
 const QStringList english = {"Rules", "Preference", "Learn", "Free apps", "Contact us"};
 const QStringList chinese = {"规则", "偏好设置", "学习", "免费应用", "联系我们"};
 
@@ -38,54 +32,23 @@ protected:
     Screenshots() {
         qputenv("LANGUAGE", GetParam().language);
         QDir().mkpath(folder());
-        const std::pair<const char*, QColor> applications[] = {
-            {"Terminal", {70, 80, 100}},
-            {"Firefox", {230, 110, 40}},
-            {"Kate", {60, 140, 220}},
-            {"微信", {70, 180, 90}},
-            {"テキストエディター", {150, 90, 190}},
-            {"An application whose name is far too long to be "
-             "seen in a table as narrow as this one is, really",
-             {200, 60, 90}}};
         std::vector<std::string> order;
-        const char* inputs[] = {"xkb:us", "xkb:ru", "xkb:de"};
-        for (const auto& [name, colour] : applications) {
+        for (const auto* name :
+             {"Terminal", "微信", "An application whose name is far too long to be seen"}) {
             order.push_back("application" + std::to_string(order.size()));
-            preferences_.install(QString::fromStdString(order.back()), name, icon(colour));
-            setRuleInput(standard(), order.back(), inputs[order.size() % std::size(inputs)]);
+            preferences_.install(QString::fromStdString(order.back()), name);
+            setRuleInput(standard(), order.back(), "xkb:ru");
         }
         setOrderOfAppsRule(standard(), order);
-        setShortcut(standard(), "xkb:ru", InputShortcut{15, 0x40000 + 0x80000}.record());
-        standard().setBool(true, key::enableTipOfState);
         preferences_.session.shared()->setObject(
-            PropertyList::Array{place("application1", "Address field", "xkb:us"),
-                                place("application3", "聊天窗口", "xkb:de")},
+            PropertyList::Array{PropertyList::Dictionary{
+                {"BundleIdentifier", "application1"}, {"Name", "聊天窗口"}, {"InputID", "xkb:de"}}},
             key::arrOfLocationInfo);
     }
     ~Screenshots() override { qunsetenv("LANGUAGE"); }
 
-    static PropertyList place(const char* application, const char* name, const char* input) {
-        return PropertyList::Dictionary{
-            {"BundleIdentifier", application}, {"Name", name}, {"InputID", input}};
-    }
     static QString folder() { return QUORVANE_SCREENSHOTS; }
     UserDefaults& standard() { return preferences_.session.stores.standardUserDefaults(); }
-
-    QString icon(QColor colour) {
-        QImage picture(64, 64, QImage::Format_ARGB32_Premultiplied);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(colour);
-        painter.drawRoundedRect(picture.rect(), 14, 14);
-        painter.setBrush(Qt::white);
-        painter.drawEllipse(20, 20, 24, 24);
-        painter.end();
-        const auto path = preferences_.session.folders.home() + "/" + colour.name().mid(1) + ".png";
-        picture.save(path);
-        return path;
-    }
 
     /// The window once it has come to rest.
     QImage picture(const QString& path) {
@@ -119,8 +82,7 @@ TEST_P(Screenshots, AreOfEveryTabInTheUsersLanguageAndColours) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Window, Screenshots,
-                         testing::Values(Look{"en", 2, english}, Look{"en", 1, english},
-                                         Look{"zh_CN", 2, chinese}, Look{"zh_CN", 1, chinese}),
+                         testing::Values(Look{"en", 2, english}, Look{"zh_CN", 1, chinese}),
                          [](const auto& instance) { return nameOf(instance.param).toStdString(); });
 
 } // namespace

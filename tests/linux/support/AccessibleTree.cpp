@@ -6,7 +6,6 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusReply>
 #include <QDBusVariant>
-#include <QDBusVirtualObject>
 #include <QEventLoop>
 
 #include "virtual-desktop/WaitUntil.h"
@@ -21,53 +20,34 @@ const QString sessionName = QStringLiteral("session of the accessible tree");
 const QString rootPath = QStringLiteral("/org/a11y/atspi/accessible/root");
 
 // Numbers of the AT-SPI protocol.
-constexpr int checked = 4, enabled = 8, showing = 25;
+constexpr int checked = 4, showing = 25;
 constexpr unsigned screenCoordinates = 0;
 
 constexpr int longestWait = 5000; // milliseconds
 
-/// Stands in for the services that a program asks before it tells anybody anything: where the bus for that
-/// is, and who keeps the list of programs.
-class Registry : public QDBusVirtualObject {
-public:
-    explicit Registry(QString address) : address_(std::move(address)) {}
-
-    QString introspect(const QString& /*path*/) const override { return {}; }
-
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
-        QVariant answer;
-        if (message.member() == "GetAddress") answer = address_;
-        if (message.member() == "Get") answer = QVariant::fromValue(QDBusVariant(true)); // it is enabled
-        if (message.member() == "Embed") answer = desktop(connection);
-        return answer.isValid() && connection.send(message.createReply(answer));
-    }
-
-private:
-    static QVariant desktop(const QDBusConnection& connection) {
-        QDBusArgument argument;
-        argument.beginStructure();
-        argument << connection.baseService() << QDBusObjectPath(rootPath);
-        argument.endStructure();
-        return QVariant::fromValue(argument);
-    }
-
-    QString address_;
-};
-
 } // namespace
+
+/// Where Qt looks for it: beside the type.
+static const QDBusArgument& operator>>(const QDBusArgument& from, Accessible& reference) {
+    QDBusObjectPath path;
+    from.beginStructure();
+    from >> reference.service >> path;
+    from.endStructure();
+    reference.path = path.path();
+    return from;
+}
 
 AccessibleTree::AccessibleTree()
     : address_(QString::fromUtf8(busProcess_.startAndReadLine(
           "dbus-daemon", {"--session", "--nofork", "--nopidfile", "--print-address"})))
-    , bus_(QDBusConnection::connectToBus(address_, connectionName))
-    , registry_(std::make_unique<Registry>(address_)) {
+    , bus_(QDBusConnection::connectToBus(address_, connectionName)) {
     qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
     // Not `QDBusConnection::sessionBus()`, which stays with the first bus this process has known.
     auto session =
         QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), sessionName);
-    session.registerVirtualObject("/org/a11y/bus", registry_.get());
+    session.registerVirtualObject("/org/a11y/bus", this);
     session.registerService("org.a11y.Bus");
-    bus_.registerVirtualObject(rootPath, registry_.get());
+    bus_.registerVirtualObject(rootPath, this);
     bus_.registerService("org.a11y.atspi.Registry");
 }
 
@@ -76,24 +56,19 @@ AccessibleTree::~AccessibleTree() {
     QDBusConnection::disconnectFromBus(sessionName);
 }
 
-namespace {
-
-Accessible readReference(const QDBusArgument& from) {
-    QString service;
-    QDBusObjectPath path;
-    from.beginStructure();
-    from >> service >> path;
-    from.endStructure();
-    return {service, path.path()};
+bool AccessibleTree::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
+    QVariant answer;
+    if (message.member() == "GetAddress") answer = address_;
+    if (message.member() == "Get") answer = QVariant::fromValue(QDBusVariant(true)); // it is enabled
+    if (message.member() == "Embed") {
+        QDBusArgument desktop;
+        desktop.beginStructure();
+        desktop << connection.baseService() << QDBusObjectPath(rootPath);
+        desktop.endStructure();
+        answer = QVariant::fromValue(desktop);
+    }
+    return answer.isValid() && connection.send(message.createReply(answer));
 }
-
-std::optional<Accessible> referenceIn(const QVariant& answer) {
-    const auto argument = answer.value<QDBusArgument>();
-    if (argument.currentType() != QDBusArgument::StructureType) return std::nullopt;
-    return readReference(argument);
-}
-
-} // namespace
 
 QVariant AccessibleTree::ask(const Accessible& whom, const QString& interface, const QString& method,
                              const QVariantList& arguments) {
@@ -118,14 +93,7 @@ QList<Accessible> AccessibleTree::programs() {
 }
 
 QList<Accessible> AccessibleTree::children(const Accessible& of) {
-    QList<Accessible> all;
-    const auto list = ask(of, accessible, "GetChildren").value<QDBusArgument>();
-    if (list.currentType() != QDBusArgument::ArrayType) return all;
-    list.beginArray();
-    while (!list.atEnd())
-        all.append(readReference(list));
-    list.endArray();
-    return all;
+    return qdbus_cast<QList<Accessible>>(ask(of, accessible, "GetChildren"));
 }
 
 QString AccessibleTree::roleOf(const Accessible& of) {
@@ -143,14 +111,7 @@ bool AccessibleTree::hasState(const Accessible& of, int bit) {
 }
 
 QRect AccessibleTree::extents(const Accessible& of) {
-    const auto told =
-        ask(of, "org.a11y.atspi.Component", "GetExtents", {screenCoordinates}).value<QDBusArgument>();
-    int x = 0, y = 0, width = 0, height = 0;
-    if (told.currentType() != QDBusArgument::StructureType) return {};
-    told.beginStructure();
-    told >> x >> y >> width >> height;
-    told.endStructure();
-    return {x, y, width, height};
+    return qdbus_cast<QRect>(ask(of, "org.a11y.atspi.Component", "GetExtents", {screenCoordinates}));
 }
 
 std::optional<Accessible> AccessibleTree::find(const QString& role, const QString& name) {
@@ -166,10 +127,13 @@ std::optional<Accessible> AccessibleTree::find(const QString& role, const QStrin
 }
 
 QRect AccessibleTree::placeOf(const QString& role, const QString& name) {
+    return placeOf([&] { return find(role, name); });
+}
+
+QRect AccessibleTree::placeOf(const std::function<std::optional<Accessible>()>& found) {
     QRect place;
     waitUntil([&] {
-        const auto found = find(role, name);
-        if (found) place = extents(*found);
+        if (const auto now = found()) place = extents(*now);
         return !place.isEmpty();
     });
     return place;
@@ -178,17 +142,13 @@ QRect AccessibleTree::placeOf(const QString& role, const QString& name) {
 std::optional<Accessible> AccessibleTree::cell(const QString& table, int row, int column) {
     const auto found = find("table", table);
     if (!found) return std::nullopt;
-    return referenceIn(ask(*found, "org.a11y.atspi.Table", "GetAccessibleAt", {row, column}));
+    const auto cell =
+        qdbus_cast<Accessible>(ask(*found, "org.a11y.atspi.Table", "GetAccessibleAt", {row, column}));
+    return cell.service.isEmpty() ? std::nullopt : std::optional(cell);
 }
 
 QRect AccessibleTree::placeOfCell(const QString& table, int row, int column) {
-    QRect place;
-    waitUntil([&] {
-        const auto found = cell(table, row, column);
-        if (found) place = extents(*found);
-        return !place.isEmpty();
-    });
-    return place;
+    return placeOf([&] { return cell(table, row, column); });
 }
 
 QString AccessibleTree::nameOfCell(const QString& table, int row, int column) {
@@ -199,11 +159,6 @@ QString AccessibleTree::nameOfCell(const QString& table, int row, int column) {
 bool AccessibleTree::isChecked(const QString& role, const QString& name) {
     const auto found = find(role, name);
     return found && hasState(*found, checked);
-}
-
-bool AccessibleTree::isEnabled(const QString& role, const QString& name) {
-    const auto found = find(role, name);
-    return found && hasState(*found, enabled);
 }
 
 } // namespace quorvane

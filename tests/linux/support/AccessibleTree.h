@@ -1,6 +1,6 @@
 #pragma once
 
-#include <memory>
+#include <functional>
 #include <optional>
 
 #include <QDBusConnection>
@@ -20,12 +20,13 @@ struct Accessible {
 
 /// What programs tell screen readers, and so where their widgets are: tests find them by the names that
 /// people hear. Needs a session bus. Programs started later tell.
-class AccessibleTree {
+///
+/// It stands in for the services that a program asks before it tells anybody anything: where the bus for that
+/// is, and who keeps the list of programs.
+class AccessibleTree : private QDBusVirtualObject {
 public:
     AccessibleTree();
-    ~AccessibleTree();
-    AccessibleTree(const AccessibleTree&) = delete;
-    AccessibleTree& operator=(const AccessibleTree&) = delete;
+    ~AccessibleTree() override;
 
     /// Waits for it to be on the screen; an empty rectangle when it is not there after ten seconds. In pixels
     /// from the screen's corner.
@@ -36,9 +37,12 @@ public:
 
     QString nameOfCell(const QString& table, int row, int column);
     bool isChecked(const QString& role, const QString& name);
-    bool isEnabled(const QString& role, const QString& name);
 
 private:
+    QString introspect(const QString& /*path*/) const override { return {}; }
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+
+    QRect placeOf(const std::function<std::optional<Accessible>()>& found);
     std::optional<Accessible> find(const QString& role, const QString& name);
     std::optional<Accessible> cell(const QString& table, int row, int column);
     QList<Accessible> programs();
@@ -53,7 +57,6 @@ private:
     ChildProcess busProcess_;
     QString address_;
     QDBusConnection bus_;
-    std::unique_ptr<QDBusVirtualObject> registry_;
 };
 
 } // namespace quorvane

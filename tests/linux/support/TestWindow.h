@@ -10,12 +10,18 @@ namespace quorvane {
 /// of TestWindowMain.cpp; `program` is a copy of that program with another name. Ends with this object.
 class TestWindow {
 public:
-    explicit TestWindow(const QStringList& arguments, const QString& program = QUORVANE_TEST_WINDOW);
+    explicit TestWindow(const QStringList& arguments, const QString& program = QUORVANE_TEST_WINDOW) {
+        process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        window_ = process_.startAndReadLine(program, arguments).toUInt();
+    }
     ~TestWindow() { end(); }
 
     xcb_window_t window() const { return window_; }
     int pid() const { return static_cast<int>(process_.processId()); }
-    void end();
+    void end() {
+        process_.closeWriteChannel();
+        process_.waitForFinished(10000);
+    }
 
 private:
     ChildProcess process_;

@@ -2,8 +2,8 @@
 //   class=CLASS instance=INSTANCE title=TITLE   what the window says; nothing by default
 //   at=X,Y,WIDTH,HEIGHT                         where it is
 //   popup=1                                     no business of the window manager's, like a menu
-//   type=DOCK                                   what kind of window it is, by the last part of the type's
-//   name PROPERTY=TEXT                               any other property, as UTF-8
+//   type=DOCK                                   what kind of window it is: the last part of the type's name
+//   PROPERTY=TEXT                               any other property, as UTF-8
 
 #include <cstdio>
 #include <cstdlib>

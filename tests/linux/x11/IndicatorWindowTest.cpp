@@ -160,11 +160,9 @@ TEST(IndicatorWindowTest, HasTheShapeOfWhatIsDrawn) {
     X11Session session;
     Shown shown(session, 1);
     shown.indicator.setFrameOrigin({400, 500});
-    const auto pixel = [&](std::int16_t x, std::int16_t y) {
-        const auto cookie =
-            xcb_get_image(session.x->xcb(), XCB_IMAGE_FORMAT_Z_PIXMAP, session.x->root(), x, y, 1, 1, ~0U);
-        const XcbReply<xcb_get_image_reply_t> image(xcb_get_image_reply(session.x->xcb(), cookie, nullptr));
-        return *reinterpret_cast<const std::uint32_t*>(xcb_get_image_data(image.get())) & 0xffffff;
+    const auto pixel = [&](int x, int y) {
+        session.handleWhatHappened(); // What the indicator asked for has reached the server.
+        return session.user.pixelAt(x, y) & 0xffffff;
     };
     const auto desktop = pixel(390, 370);
     EXPECT_EQ(pixel(400, 380), desktop);
@@ -192,19 +190,15 @@ TEST(X11FrontWindowTest, TellsWhereTheActiveWindowHasGone) {
     TestWindow window({"class=Moved", "at=100,100,500,300"});
     ASSERT_TRUE(session.waitForFront("Moved"));
     const auto id = QString::number(window.window());
+    // clang-format off
     const std::function<void()> changes[] = {
-        [&] {
-            run("xdotool", {"windowmove", id, "300", "200"});
-        },
-        [&] {
-            run("xdotool", {"windowsize", id, "640", "480"});
-        },
-        [&] {
-            session.user.setValues(window.window(), "_GTK_FRAME_EXTENTS", {10, 10, 20, 20});
-        },
+        [&] { run("xdotool", {"windowmove", id, "300", "200"}); },
+        [&] { run("xdotool", {"windowsize", id, "640", "480"}); },
+        [&] { session.user.setValues(window.window(), "_GTK_FRAME_EXTENTS", {10, 10, 20, 20}); },
         [&] { session.user.minimise(window.window()); },
         [&] { session.user.activate(window.window()); },
         [&] { window.end(); }};
+    // clang-format on
     std::optional<Rect> last;
     for (const auto& change : changes) {
         change();

@@ -30,12 +30,6 @@ TEST(KeyCodes, NameEachPositionOnceEitherWay) {
 }
 
 struct Session : X11Session {
-    void tap(const Keys& keys) {
-        for (const auto key : keys)
-            user.press(key);
-        for (auto key = keys.rbegin(); key != keys.rend(); ++key)
-            user.release(*key);
-    }
     /// Another program takes a key. False when somebody has it in this very state.
     bool take(std::uint8_t key, int state) {
         const auto request = xcb_grab_key_checked(other->xcb(), 0, x->root(), std::uint16_t(state), key,
@@ -58,7 +52,7 @@ public:
         keys.push_back(*xKeycodeOf(combination.keyCode));
         const Keys locks(combination.modifierFlags & ModifierFlag::capsLock ? 1 : 0, capsLock);
         for (const auto& each : {locks, keys, locks})
-            session_.tap(each);
+            session_.user.pressTogether(each);
         session_.handleWhatHappened();
     }
     void takeFromOutside(const KeyCombination& combination) override {
@@ -84,8 +78,8 @@ protected:
     int firesFor(const Keys& keys) {
         bool isEnd = false;
         const auto end = hotKeys_->registerHotKey({0x60, 0}, [&] { isEnd = true; });
-        session_.tap(keys);
-        session_.tap({keyF5});
+        session_.user.pressTogether(keys);
+        session_.user.pressTogether({keyF5});
         EXPECT_TRUE(waitUntil([&] { return isEnd; }));
         return std::exchange(fired_, 0);
     }
@@ -113,9 +107,9 @@ TEST_F(X11HotKeysTest, FireInEveryLayoutAndWithEveryLock) {
             keyboard.readGroup();
             ASSERT_EQ(keyboard.effectiveGroup(), group);
             for (const auto& locks : {Keys{}, {capsLock}, {numLock}, {capsLock, numLock}}) {
-                session_.tap(locks);
+                session_.user.pressTogether(locks);
                 ASSERT_EQ(firesFor({leftControl, leftAlt, keyK}), 1) << layouts.toStdString() << group;
-                session_.tap(locks);
+                session_.user.pressTogether(locks);
             }
         }
     }
@@ -133,8 +127,8 @@ TEST_F(X11HotKeysTest, FireOnceHoweverLongTheyAreHeld) {
     session_.user.press(keyJ);
     session_.user.release(keyK); // Ends the grab, so that the other key's release goes elsewhere.
     session_.user.release(keyJ);
-    session_.tap({keyJ});
-    session_.tap({keyK});
+    session_.user.pressTogether({keyJ});
+    session_.user.pressTogether({keyK});
     EXPECT_TRUE(waitUntil([&] { return fired_ == 22; })) << fired_;
 }
 

@@ -114,6 +114,8 @@ TEST_F(XkbInputSourcesTest, TheSelectedLayoutKeepsItsSelectionInAnotherList) {
     ASSERT_TRUE(waitForIds({"xkb:us", "xkb:ru", "xkb:fr"}));
     EXPECT_TRUE(waitForGroup(1)) << "gone from the list: the server's choice stands";
     EXPECT_EQ(sources.copyCurrentKeyboardInputSource()->id, "xkb:ru");
+    ASSERT_TRUE(sources.selectInputSource({.id = "xkb:fr"}));
+    EXPECT_TRUE(waitForGroup(2));
 }
 
 TEST_F(XkbInputSourcesTest, AMapLoadedPastTheDeclaredLayoutsIsSeenForWhatItIs) {
