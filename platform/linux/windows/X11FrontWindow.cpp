@@ -66,7 +66,7 @@ void X11FrontWindow::tell() {
         if (found.isVisible)
             bounds = screens_.points().fromTopLeft(withoutShadow(found.bounds, shadow.values()));
     }
-    if (told_ == bounds) return;
+    if (told_ && *told_ == bounds) return;
     told_ = bounds;
     changed.emit(bounds);
 }

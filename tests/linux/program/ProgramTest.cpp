@@ -112,13 +112,6 @@ TEST_P(OnWindowManager, TheIndicatorFollowsTheWindowInFront) {
     };
     const TestWindow first({"class=First", "title=First", "at=100,100,400,300"});
     EXPECT_TRUE(waitForIndicatorOn(first));
-    const auto place = stackedWindow(*x, first.window()).bounds;
-    QProcess::execute("xdotool", {"windowmove", QString::number(first.window()), "300", "200"});
-    ASSERT_TRUE(waitUntil([&] { return stackedWindow(*x, first.window()).bounds != place; }));
-    EXPECT_TRUE(waitForIndicatorOn(first)) << "moved";
-    session_.user.fillScreen(first.window());
-    ASSERT_TRUE(waitUntil([&] { return stackedWindow(*x, first.window()).bounds.y == 0; }));
-    EXPECT_TRUE(waitForIndicatorOn(first)) << "above what fills the screen";
     session_.user.minimise(first.window());
     EXPECT_TRUE(waitUntil([&] {
         return std::ranges::none_of(stackedWindows(*x), &StackedWindow::isPopUp); // beyond the screen's edge
@@ -127,6 +120,13 @@ TEST_P(OnWindowManager, TheIndicatorFollowsTheWindowInFront) {
     EXPECT_TRUE(waitForIndicatorOn(second));
     session_.user.activate(first.window());
     EXPECT_TRUE(waitForIndicatorOn(first));
+    const auto place = stackedWindow(*x, first.window()).bounds;
+    QProcess::execute("xdotool", {"windowmove", QString::number(first.window()), "300", "200"});
+    ASSERT_TRUE(waitUntil([&] { return stackedWindow(*x, first.window()).bounds != place; }));
+    EXPECT_TRUE(waitForIndicatorOn(first)) << "moved";
+    session_.user.fillScreen(first.window());
+    ASSERT_TRUE(waitUntil([&] { return stackedWindow(*x, first.window()).bounds.y == 0; }));
+    EXPECT_TRUE(waitForIndicatorOn(first)) << "above what fills the screen";
 }
 
 TEST(Companion, IsAskedWhileItRuns) {

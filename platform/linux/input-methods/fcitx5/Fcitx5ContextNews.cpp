@@ -53,7 +53,7 @@ void Fcitx5ContextNews::tell() {
         news.process = *process->second;
         told_(news);
     }
-    if (processes_.size() > mostProcesses) processes_.clear();
+    if (processes_.size() > mostProcesses) processes_.clear(); // Nothing waits for one.
 }
 
 void Fcitx5ContextNews::askForProcess(const std::string& connection) {
