@@ -50,6 +50,7 @@ CellTable::CellTable(QWidget* parent)
 }
 
 CellTable::~CellTable() {
+    isQuiet_ = true;   // Whom it would tell of its selection's end may be gone.
     setModel(nullptr); // It goes before the table does.
 }
 

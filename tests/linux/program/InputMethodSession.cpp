@@ -53,17 +53,18 @@ TextProgram::TextProgram(ProgramSession& session, Toolkit toolkit, const QString
     , toolkit_(toolkit)
     , wmClass_(wmClass)
     , program_(program(toolkit, session, wmClass), arguments(toolkit, wmClass)) {
-    if (!waitUntil([this] { return window() != XCB_WINDOW_NONE; }))
+    if (!waitUntil([this] { return window() != XCB_WINDOW_NONE && isInFront(); }))
         throw std::runtime_error("no window of " + wmClass.toStdString());
 }
 
 bool TextProgram::activate() {
-    const auto window = this->window();
-    session_.user.activate(window);
-    return waitUntil([&] {
-        const auto active = session_.user.values(session_.user.root(), "_NET_ACTIVE_WINDOW");
-        return !active.empty() && active.front() == window;
-    });
+    session_.user.activate(window());
+    return waitUntil([this] { return isInFront(); });
+}
+
+bool TextProgram::isInFront() {
+    const auto active = session_.user.values(session_.user.root(), "_NET_ACTIVE_WINDOW");
+    return !active.empty() && active.front() == window();
 }
 
 xcb_window_t TextProgram::window() {

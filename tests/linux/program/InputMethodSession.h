@@ -13,7 +13,7 @@ class TextProgram {
 public:
     enum class Toolkit { qt, gtk, xim };
 
-    /// Its window has come when this returns.
+    /// Its window is in front when this returns.
     TextProgram(ProgramSession& session, Toolkit toolkit, const QString& wmClass);
 
     xcb_window_t window(); ///< None when it is gone.
@@ -25,6 +25,8 @@ public:
     QString typed();
 
 private:
+    bool isInFront();
+
     ProgramSession& session_;
     Toolkit toolkit_;
     QString wmClass_;
