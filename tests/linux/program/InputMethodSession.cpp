@@ -135,6 +135,23 @@ bool InputMethodSession::waitForSource(Source source) {
     return waitUntil([&] { return isSelected(source); });
 }
 
+QString InputMethodSession::focusedContext() {
+    if (auto* ibus = std::get_if<IBusDaemon>(&daemon)) return ibus->currentInputContext();
+    const auto answer =
+        std::get<Fcitx5Daemon>(daemon).call("/controller", "org.fcitx.Fcitx.Controller1", "DebugInfo");
+    for (const auto& line : answer.arguments().value(0).toString().split('\n')) {
+        if (line.contains("focus:1")) return line.section('[', 1).section(']', 0, 0);
+    }
+    return {};
+}
+
+bool InputMethodSession::waitForContextAfter(const QString& before) {
+    return waitUntil([&] {
+        const auto focused = focusedContext();
+        return !focused.isEmpty() && focused != before;
+    });
+}
+
 void InputMethodSession::selectByHand(Source source) {
     if (auto* ibus = std::get_if<IBusDaemon>(&daemon))
         ibus->setGlobalEngine(typed[source].ibusEngine);

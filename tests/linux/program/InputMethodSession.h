@@ -55,6 +55,11 @@ public:
     bool waitForSource(Source source);
     void selectByHand(Source source);
 
+    /// What the daemon gives the keys to. Nobody can help a program before it has introduced itself, which
+    /// programs of Qt do up to a tenth of a second after they got the focus.
+    QString focusedContext();
+    bool waitForContextAfter(const QString& before); ///< Another one.
+
     static QString textOf(Source source);
     void typeWith(Source source); ///< Keys for `textOf` it.
 

@@ -86,8 +86,9 @@ TEST_P(InputMethods, ALaunchedProgramGetsItsOwnAtItsFirstKey) {
         for (int time = 0; time < 5; ++time) {
             ASSERT_TRUE(before.activate() && waitForSource(front));
             pauseLikeAPerson();
+            const auto context = focusedContext();
             TextProgram launched(*this, Toolkit::qt, wmClass(Toolkit::qt, source));
-            ASSERT_TRUE(launched.waitUntilShown());
+            ASSERT_TRUE(launched.waitUntilShown() && waitForContextAfter(context));
             QElapsedTimer age;
             age.start();
             ASSERT_TRUE(waitForSource(source));
@@ -155,6 +156,7 @@ TEST_P(InputMethods, AnotherFrameworkMayTakeTheDaemonsPlaceAndNothingMayTakeThat
     {
         TextProgram chinese(*this, Toolkit::qt, wmClass(Toolkit::qt, pinyin));
         EXPECT_TRUE(getsBack(chinese, pinyin));
+        pauseLikeAPerson();
         EXPECT_TRUE(typeInto(chinese, pinyin)) << chinese.typed().toStdString();
     }
     onDaemon([](auto& each) { each.end(); });
