@@ -275,10 +275,10 @@ TEST_F(Fcitx5SelectionTest, TheLastApplicationGetsItsOwnHoweverQuicklyTheyFollow
         const std::pair<int, const char*>* last = nullptr;
         newsTake_ = upTo(20000);
         for (auto count = 1 + upTo(6).count(); count > 0; --count) {
-            const auto& [process, wish] = *(last = &applications[upTo(3).count()]);
+            last = &applications[upTo(3).count()];
             const auto begin = upTo(40000);
-            after(begin, [&] { activate(process, wish); });
-            after(begin + upTo(10000), [&] { focus(process); });
+            after(begin, [this, next = *last] { activate(next.first, next.second); });
+            after(begin + upTo(10000), [this, next = *last] { focus(next.first); });
             pass(begin + 10ms + upTo(20000));
         }
         pass(500ms);
