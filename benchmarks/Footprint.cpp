@@ -6,11 +6,9 @@
 #include <vector>
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-#include <QThread>
 
 #include "benchmarks/MeasuredDesktop.h"
+#include "benchmarks/ProcessFigures.h"
 
 namespace {
 
@@ -18,38 +16,15 @@ using namespace quorvane;
 using namespace std::chrono_literals;
 using What = XWatcher::Seen::What;
 
-/// The number behind a name in a file of /proc.
-long valueIn(const QString& path, const QByteArray& name) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return 0;
-    for (const auto& line : file.readAll().split('\n')) {
-        if (line.startsWith(name + ':'))
-            return line.mid(name.size() + 1).simplified().split(' ').first().toLong();
-    }
-    return 0;
-}
-
-/// How often the threads of a process have been woken since they began.
-long wakeUps(qint64 pid) {
-    long sum = 0;
-    const auto tasks = QStringLiteral("/proc/%1/task").arg(pid);
-    for (const auto& task : QDir(tasks).entryList(QDir::Dirs | QDir::NoDotAndDotDot))
-        sum += valueIn(tasks + '/' + task + "/status", "voluntary_ctxt_switches");
-    return sum;
-}
-
 void measureIdling(unsigned long seconds) {
     MeasuredDesktop desktop(true);
     desktop.startAgentAndWait();
     while (desktop.user().nextSeen(Clock::now() + 2s)) {
     }
     const auto pid = desktop.agentPid();
-    const auto rollup = QStringLiteral("/proc/%1/smaps_rollup").arg(pid);
-    std::printf("resident %ld kB; private and written %ld kB\n", valueIn(rollup, "Rss"),
-                valueIn(rollup, "Private_Dirty"));
-    const auto before = wakeUps(pid);
-    QThread::sleep(seconds);
-    std::printf("woken %ld times in %lu idle seconds\n", wakeUps(pid) - before, seconds);
+    std::printf("resident %ld kB; private and written %ld kB\n", memory(pid, "Rss"),
+                memory(pid, "Private_Dirty"));
+    printIdleWakeUps(pid, seconds);
 }
 
 /// From starting the process to the first layout that followed the focus, which changes all the time.

@@ -1,5 +1,5 @@
-// How long an input method daemon's source takes to follow the focus, and what programs that were just
-// launched get of what is typed at once. Usage: ibus|fcitx [switches] [launches]
+// How long an input method daemon's source takes to follow the focus, what programs that were just launched
+// get of what is typed at once, and what idling costs. Usage: ibus|fcitx [switches] [launches] [idle seconds]
 
 #include <algorithm>
 #include <cstdio>
@@ -12,6 +12,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 
+#include "benchmarks/ProcessFigures.h"
 #include "linux/program/InputMethodSession.h"
 #include "virtual-desktop/WaitUntil.h"
 #include "virtual-desktop/XWatcher.h"
@@ -22,6 +23,10 @@ using namespace quorvane;
 using namespace std::chrono_literals;
 using Session = InputMethodSession;
 using Clock = XWatcher::Clock;
+
+const char* nameOf(TextProgram::Toolkit toolkit) {
+    return toolkit == TextProgram::Toolkit::qt ? "Qt" : "XIM";
+}
 
 double milliseconds(Clock::duration duration) {
     return std::chrono::duration<double, std::milli>(duration).count();
@@ -102,9 +107,16 @@ void measureLaunches(Session& session, TextProgram::Toolkit toolkit, int count,
         right += isRightFromTheFirstKey(session, toolkit, after);
     }
     std::printf("%s, typed into %ld ms after a launched program could take it: %d of %d right\n",
-                toolkit == TextProgram::Toolkit::qt ? "Qt" : "XIM", static_cast<long>(after.count()), right,
-                count);
+                nameOf(toolkit), static_cast<long>(after.count()), right, count);
     std::fflush(stdout);
+}
+
+void measureIdling(Session& session, TextProgram::Toolkit toolkit, unsigned long seconds) {
+    TextProgram front(session, toolkit, Session::wmClass(toolkit, Session::pinyin));
+    session.waitForSource(Session::pinyin);
+    std::this_thread::sleep_for(5s);
+    std::printf("%s program in front: ", nameOf(toolkit));
+    printIdleWakeUps(session.program->processId(), seconds);
 }
 
 } // namespace
@@ -116,7 +128,10 @@ int main(int argc, char** argv) {
     measureSwitches(session, argc > 2 ? std::atoi(argv[2]) : 200);
     using enum TextProgram::Toolkit;
     const int launches = argc > 3 ? std::atoi(argv[3]) : 50;
-    measureLaunches(session, qt, launches, 0ms);
-    for (const auto after : {0ms, 20ms})
-        measureLaunches(session, xim, launches, after);
+    for (const auto toolkit : {qt, xim}) {
+        for (const auto after : {0ms, 20ms})
+            measureLaunches(session, toolkit, launches, after);
+    }
+    for (const auto toolkit : {qt, xim})
+        measureIdling(session, toolkit, argc > 4 ? std::strtoul(argv[4], nullptr, 10) : 60);
 }

@@ -21,6 +21,7 @@ public:
     QString output();
     QString errors();
 
+    qint64 processId() const { return process_.processId(); }
     bool isRunning() const { return process_.state() == QProcess::Running; }
     bool waitForEnd();
     void terminate() { process_.terminate(); }
