@@ -57,6 +57,7 @@ protected:
 private:
     TestWindow latin_{{"class=Latin"}}, cyrillic_{{"class=Cyrillic"}};
 };
+
 std::string nameOf(const testing::TestParamInfo<const char*>& instance) {
     return instance.param;
 }
