@@ -97,7 +97,7 @@ protected:
     }
 
     void tell() {
-        if (!isTelling_ || recent_.first == terminal) return;
+        if (!isTelling_ || !hasFocus_ || recent_.first == terminal) return;
         const Fcitx5ContextNews::News news{std::to_string(recent_.second), recent_.first, contexts_[recent_]};
         after(newsTake_, [this, news] { selection_.told(news, now_); });
     }
@@ -264,6 +264,21 @@ TEST_F(Fcitx5SelectionTest, GivesUpInTime) {
     pass(20s);
     EXPECT_EQ(contexts_.at({terminal, 0}), "keyboard-us");
     EXPECT_EQ(selection_.current(), std::nullopt);
+}
+
+TEST_F(Fcitx5SelectionTest, AContextThatLosesTheFocusAtOnceHasItsOwnNevertheless) {
+    for (const auto lost : {0us, 600us, 900us}) {
+        contexts_.clear();
+        activate(latin, "hangul");
+        pass(53ms); // It opens, and is not looked for at this moment.
+        focus(latin);
+        after(lost, [this] { hasFocus_ = false; });
+        pass(1s);
+        EXPECT_EQ(contexts_.at({latin, 0}), "hangul");
+        EXPECT_EQ(selection_.current(), "hangul");
+        EXPECT_THAT(refused_, testing::IsEmpty());
+        activate(cyrillic, "");
+    }
 }
 
 TEST_F(Fcitx5SelectionTest, TheLastApplicationGetsItsOwnHoweverQuicklyTheyFollow) {

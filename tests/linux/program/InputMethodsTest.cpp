@@ -81,6 +81,7 @@ TEST_P(InputMethods, WhatIsTypedIsThatOfTheProgramInFront) {
 }
 
 TEST_P(InputMethods, ALaunchedProgramGetsItsOwnAtItsFirstKey) {
+    const bool isOneForAll = GetParam() == std::string("ibus"); // Also before the program has a context.
     for (const auto front : {us, pinyin}) {
         const auto source = front == us ? pinyin : us;
         TextProgram before(*this, Toolkit::xim, wmClass(Toolkit::xim, front));
@@ -89,7 +90,8 @@ TEST_P(InputMethods, ALaunchedProgramGetsItsOwnAtItsFirstKey) {
             pauseLikeAPerson();
             const auto context = focusedContext();
             TextProgram launched(*this, Toolkit::qt, wmClass(Toolkit::qt, source));
-            ASSERT_TRUE(launched.waitUntilShown() && waitForContextAfter(context));
+            ASSERT_TRUE(launched.waitUntilShown());
+            ASSERT_TRUE(!isOneForAll || waitForContextAfter(context));
             QElapsedTimer age;
             age.start();
             ASSERT_TRUE(waitForSource(source));

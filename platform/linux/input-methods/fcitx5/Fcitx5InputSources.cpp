@@ -125,16 +125,26 @@ void Fcitx5InputSources::setAvailable(bool isAvailable) {
 void Fcitx5InputSources::ask(unsigned number, const std::string& inputMethod) {
     if (!inputMethod.empty())
         controller_.call(QStringLiteral("SetCurrentIM"), {QString::fromStdString(inputMethod)});
-    const auto state = std::make_shared<Fcitx5Selection::Answer>();
-    state->isToldOfMost = news_.isTelling();
-    controller_.call(QStringLiteral("DebugInfo"), {}, [state](const auto& answer) {
-        state->contexts = contextsInDebugInfo(textIn(answer));
-        if (!state->contexts) logMisunderstanding("which program has the focus");
-    });
-    controller_.call(QStringLiteral("CurrentInputMethod"), {}, [this, number, state](const auto& answer) {
-        state->inputMethod = textIn(answer);
-        selection_.answered(number, *state, Clock::now());
+    struct Answers {
+        Fcitx5Selection::Answer both;
+        int missing = 2;
+    };
+    const auto answers = std::make_shared<Answers>();
+    answers->both.isToldOfMost = news_.isTelling();
+    // Qt may hand out the answers in another order than that of the calls.
+    const auto come = [this, number, answers] {
+        if (--answers->missing > 0) return;
+        selection_.answered(number, answers->both, Clock::now());
         selectionMoved();
+    };
+    controller_.call(QStringLiteral("DebugInfo"), {}, [answers, come](const auto& answer) {
+        answers->both.contexts = contextsInDebugInfo(textIn(answer));
+        if (!answers->both.contexts) logMisunderstanding("which program has the focus");
+        come();
+    });
+    controller_.call(QStringLiteral("CurrentInputMethod"), {}, [answers, come](const auto& answer) {
+        answers->both.inputMethod = textIn(answer);
+        come();
     });
 }
 

@@ -1,5 +1,6 @@
 #include "platform/linux/input-methods/fcitx5/Fcitx5Selection.h"
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -20,6 +21,10 @@ constexpr auto decision = 100ms;
 constexpr milliseconds retries[] = {10ms, 20ms, 50ms, 200ms};
 
 } // namespace
+
+bool Fcitx5Selection::Answer::isFocusNowhere() const {
+    return contexts && std::ranges::none_of(*contexts, &Fcitx5Context::hasFocus);
+}
 
 void Fcitx5Selection::activated(int process, Time now) {
     focus_.activated(process, now);
@@ -92,6 +97,7 @@ void Fcitx5Selection::told(const Fcitx5ContextNews::News& news, Time now) {
     const auto before = untold ? *untold : std::string();
     focus_.told(news.context, news.process, now);
     toldInputMethod_ = news.inputMethod;
+    askedBeforeTold_ = asked_;
     const auto* context = focus_.inFront(now);
     if (!context) return;
     if (untold) { // Now it is known by another name.
@@ -106,6 +112,10 @@ void Fcitx5Selection::answered(unsigned number, const Answer& answer, Time now) 
     answered_ = number;
     if (number < firstThatCounts_) return;
     focus_.seen(answer.contexts, answer.isToldOfMost, now);
+    // A context that Fcitx5 has taken the focus from is told of no more. Its program still has the keys, and
+    // what is selected reaches it.
+    if (focus_.isTold() && number > askedBeforeTold_ && answer.isFocusNowhere())
+        toldInputMethod_ = answer.inputMethod;
     const auto* context = focus_.inFront(now);
     if (context)
         look(*context, focus_.isTold() ? toldInputMethod_ : answer.inputMethod, now);

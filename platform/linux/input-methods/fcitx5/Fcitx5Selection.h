@@ -28,6 +28,8 @@ public:
         std::optional<std::vector<Fcitx5Context>> contexts; ///< None if they cannot be known.
         bool isToldOfMost = false;                          ///< News come of all contexts that use D-Bus.
         std::string inputMethod; ///< Of the context that had the focus last; empty when there is none.
+
+        bool isFocusNowhere() const;
     };
 
     struct Calls {
@@ -86,7 +88,7 @@ private:
     Fcitx5Focus focus_;
     std::optional<std::string> current_, wish_;
     Time activatedAt_{};
-    std::string toldInputMethod_;  ///< Of the focus that was told.
+    std::string toldInputMethod_;  ///< Of the context that was told of last.
     std::set<std::string> served_; ///< Contexts that have had what is wished for.
     std::string target_;           ///< The context for which it was last selected.
 
@@ -97,6 +99,7 @@ private:
 
     unsigned asked_ = 0, answered_ = 0; ///< The last questions' numbers.
     unsigned firstThatCounts_ = 0;
+    unsigned askedBeforeTold_ = 0;
     bool mustAskAgain_ = false;
 };
 
