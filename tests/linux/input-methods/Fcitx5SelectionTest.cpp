@@ -47,10 +47,13 @@ TEST(Fcitx5Contexts, AreReadTolerantly) {
         EXPECT_EQ(contextsInDebugInfo(text), std::nullopt) << text;
 }
 
-/// Fcitx5 and programs that use it, on a clock that is moved by hand. An answer takes 0.3 ms, news 0.5 ms.
+/// Fcitx5 and programs that use it, on a clock that is moved by hand. What is said to it or by it takes a
+/// while.
 class Fcitx5SelectionTest : public testing::Test {
 protected:
-    enum Process { latin = 11, cyrillic, korean, terminal, withoutText, launcher };
+    enum Process { latin = 11, cyrillic, korean, terminal, otherTerminal, withoutText, launcher };
+
+    static bool isTerminal(int process) { return process == terminal || process == otherTerminal; }
 
     void after(microseconds delay, std::function<void()> event) {
         events_.emplace(now_ + delay, std::move(event));
@@ -78,6 +81,7 @@ protected:
     void focus(int process, int number = 0) {
         recent_ = {process, number};
         hasFocus_ = true;
+        ++focuses_;
         contexts_.try_emplace(recent_, "keyboard-us");
         tell();
     }
@@ -85,7 +89,7 @@ protected:
     /// Who was in front loses the focus within a tenth of a second, as with Qt.
     void activate(int process, const char* wish) {
         if (recent_.first != process)
-            after(100ms, [this, before = recent_] { hasFocus_ = hasFocus_ && recent_ != before; });
+            after(100ms, [this, before = focuses_] { hasFocus_ = hasFocus_ && focuses_ != before; });
         selection_.activated(process, now_);
         if (*wish) selection_.select(wish, now_);
     }
@@ -97,8 +101,9 @@ protected:
     }
 
     void tell() {
-        if (!isTelling_ || !hasFocus_ || recent_.first == terminal) return;
-        const Fcitx5ContextNews::News news{std::to_string(recent_.second), recent_.first, contexts_[recent_]};
+        if (!isTelling_ || !hasFocus_ || isTerminal(recent_.first)) return;
+        const auto context = std::to_string(recent_.first) + '/' + std::to_string(recent_.second);
+        const Fcitx5ContextNews::News news{context, recent_.first, contexts_[recent_]};
         after(newsTake_, [this, news] { selection_.told(news, now_); });
     }
 
@@ -107,9 +112,9 @@ protected:
         for (const auto& [context, inputMethod] : contexts_)
             answer.contexts->push_back(
                 {"uuid" + std::to_string(context.first) + std::to_string(context.second),
-                 context.first == terminal ? "xim" : "dbus", hasFocus_ && context == recent_});
+                 isTerminal(context.first) ? "xim" : "dbus", hasFocus_ && context == recent_});
         if (!contexts_.empty()) answer.inputMethod = contexts_[recent_];
-        after(150us, [this, number, answer] { selection_.answered(number, answer, now_); });
+        after(callTakes_, [this, number, answer] { selection_.answered(number, answer, now_); });
     }
 
     Fcitx5Selection::Time now_{1h};
@@ -118,13 +123,13 @@ protected:
     std::pair<int, int> recent_;
     bool hasFocus_ = false;
     bool isTelling_ = true;
-    microseconds newsTake_ = 500us;
-    int asked_ = 0;
+    microseconds callTakes_ = 150us, newsTake_ = 500us;
+    int focuses_ = 0, asked_ = 0;
     std::vector<std::string> refused_;
     Fcitx5Selection selection_{{.ask =
                                     [this](unsigned number, const std::string& inputMethod) {
                                         ++asked_;
-                                        after(150us, [this, number, inputMethod] {
+                                        after(callTakes_, [this, number, inputMethod] {
                                             if (!inputMethod.empty()) set(inputMethod);
                                             answer(number);
                                         });
@@ -284,16 +289,24 @@ TEST_F(Fcitx5SelectionTest, AContextThatLosesTheFocusAtOnceHasItsOwnNevertheless
 TEST_F(Fcitx5SelectionTest, TheLastApplicationGetsItsOwnHoweverQuicklyTheyFollow) {
     std::mt19937 random{5}; // NOLINT(bugprone-random-generator-seed): the same each time
     const auto upTo = [&](int most) { return microseconds(std::uniform_int_distribution(0, most)(random)); };
-    const std::pair<int, const char*> applications[] = {
-        {latin, "keyboard-us"}, {cyrillic, "keyboard-ru"}, {korean, "hangul"}, {terminal, "pinyin"}};
-    for (int storm = 0; storm < 300; ++storm) {
+    const std::pair<int, const char*> applications[] = {{latin, "keyboard-us"},
+                                                        {cyrillic, "keyboard-ru"},
+                                                        {korean, "hangul"},
+                                                        {terminal, "pinyin"},
+                                                        {otherTerminal, "hangul"}};
+    for (int storm = 0; storm < 10000; ++storm) {
         const std::pair<int, const char*>* last = nullptr;
+        contexts_.clear();
+        activate(withoutText, "");
+        callTakes_ = upTo(5000);
         newsTake_ = upTo(20000);
+        isTelling_ = storm < 5000;
         for (auto count = 1 + upTo(6).count(); count > 0; --count) {
-            last = &applications[upTo(3).count()];
+            const auto* next = &applications[upTo(4).count()];
+            if (std::exchange(last, next) == next) continue;
             const auto begin = upTo(40000);
-            after(begin, [this, next = *last] { activate(next.first, next.second); });
-            after(begin + upTo(10000), [this, next = *last] { focus(next.first); });
+            after(begin, [this, next] { activate(next->first, next->second); });
+            after(begin + upTo(10000), [this, next] { focus(next->first); });
             pass(begin + 10ms + upTo(20000));
         }
         pass(500ms);

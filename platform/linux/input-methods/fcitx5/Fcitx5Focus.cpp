@@ -6,11 +6,6 @@
 namespace quorvane {
 namespace {
 
-using namespace std::chrono_literals;
-
-/// News of the X server and of Fcitx5 overtake each other by less than this.
-constexpr auto overtaking = 150ms;
-
 /// Stands for the only one that is known, when Fcitx5's description of itself is not understood.
 constexpr const char* unknownContext = "?";
 
@@ -31,31 +26,36 @@ void Fcitx5Focus::windowActivated(int process) {
 }
 
 void Fcitx5Focus::told(const std::string& context, int process, Time now) {
+    wasTold_ = true;
     const bool isSame = focused_ && focused_->context == context;
-    focused_ = {context, true, process, isSame ? focused_->since : now};
+    focused_ = {context, true, false, process, isSame ? focused_->since : now};
 }
 
 void Fcitx5Focus::seen(const std::optional<std::vector<Fcitx5Context>>& contexts, bool isToldOfMost,
                        Time now) {
     if (!contexts) {
-        if (!isTold()) see(unknownContext, now);
+        if (!isTold()) see(unknownContext, true, now);
         return;
     }
     const auto isNews = [&](const Fcitx5Context& context) {
         if (!context.hasFocus) return false;
         // One that has had the focus since before this program was there will not be told of.
-        const bool isAllThereIs = !focused_ || focused_->context == context.uuid;
-        return isAllThereIs || !isToldOfMost || !context.isOfDBus();
+        return !wasTold_ || !isToldOfMost || !context.isOfDBus();
     };
     const auto found = std::ranges::find_if(*contexts, isNews);
     if (found != contexts->end())
-        see(found->uuid, now);
+        see(found->uuid, found->isOfDBus(), now);
     else if (!isTold())
         focused_.reset();
 }
 
-void Fcitx5Focus::see(std::string context, Time now) {
-    if (!focused_ || focused_->context != context) focused_ = {std::move(context), false, 0, now};
+void Fcitx5Focus::see(std::string context, bool mayBeTold, Time now) {
+    if (!focused_ || focused_->context != context) focused_ = {std::move(context), false, mayBeTold, 0, now};
+}
+
+void Fcitx5Focus::forget() {
+    focused_.reset();
+    wasTold_ = false;
 }
 
 const std::string* Fcitx5Focus::inFront(Time now) const {

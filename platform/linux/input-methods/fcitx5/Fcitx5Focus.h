@@ -17,6 +17,9 @@ class Fcitx5Focus {
 public:
     using Time = std::chrono::steady_clock::time_point;
 
+    /// News of the X server and of Fcitx5 overtake each other by less than this.
+    static constexpr std::chrono::milliseconds overtaking{150};
+
     /// Another application has come to the front, with a window of that process; 0 when that is not known.
     void activated(int process, Time now);
 
@@ -40,21 +43,25 @@ public:
     /// Whether `told` was called for the context with the focus; otherwise one has to ask about it.
     bool isTold() const { return focused_ && focused_->isTold; }
 
+    /// Whether `told` may yet be called for the context with the focus, by another name.
+    bool mayBeTold() const { return focused_ && !focused_->isTold && focused_->mayBeTold; }
+
     /// Nothing is known of contexts any more.
-    void forget() { focused_.reset(); }
+    void forget();
 
 private:
     struct Focused {
         std::string context;
-        bool isTold = false;
+        bool isTold = false, mayBeTold = false;
         int process = 0;
         Time since;
     };
 
-    void see(std::string context, Time now);
+    void see(std::string context, bool mayBeTold, Time now);
     bool isInFront(const Focused& focused, Time now) const;
 
     std::optional<Focused> focused_;
+    bool wasTold_ = false;      ///< Of any context.
     std::string focusedBefore_; ///< At the activation.
     int front_ = 0;
     bool isSameProcess_ = false; ///< It has two applications, like an office suite; the other was in front.

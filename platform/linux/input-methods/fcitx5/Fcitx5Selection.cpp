@@ -32,6 +32,7 @@ void Fcitx5Selection::activated(int process, Time now) {
     current_.reset();
     activatedAt_ = now;
     target_.clear();
+    stray_ = std::exchange(selected_, {});
     const auto* context = focus_.inFront(now);
     if (context && focus_.isTold())
         look(*context, toldInputMethod_, now);
@@ -71,6 +72,7 @@ void Fcitx5Selection::mayHaveChanged(Time now) {
 void Fcitx5Selection::ask(const std::string& inputMethod) {
     dueAt_.reset();
     mustAskAgain_ = false;
+    if (!inputMethod.empty()) selected_ = inputMethod;
     calls_.ask(++asked_, inputMethod);
 }
 
@@ -93,7 +95,7 @@ void Fcitx5Selection::searchAgain(Time now) {
 }
 
 void Fcitx5Selection::told(const Fcitx5ContextNews::News& news, Time now) {
-    const auto* untold = focus_.isTold() ? nullptr : focus_.inFront(now);
+    const auto* untold = focus_.mayBeTold() ? focus_.inFront(now) : nullptr;
     const auto before = untold ? *untold : std::string();
     focus_.told(news.context, news.process, now);
     toldInputMethod_ = news.inputMethod;
@@ -111,11 +113,12 @@ void Fcitx5Selection::answered(unsigned number, const Answer& answer, Time now) 
     if (number <= answered_ || number > asked_) return;
     answered_ = number;
     if (number < firstThatCounts_) return;
-    focus_.seen(answer.contexts, answer.isToldOfMost, now);
-    // A context that Fcitx5 has taken the focus from is told of no more. Its program still has the keys, and
-    // what is selected reaches it.
-    if (focus_.isTold() && number > askedBeforeTold_ && answer.isFocusNowhere())
-        toldInputMethod_ = answer.inputMethod;
+    if (number > askedBeforeTold_) { // Else the news may be newer.
+        focus_.seen(answer.contexts, answer.isToldOfMost, now);
+        // A context that Fcitx5 has taken the focus from is told of no more. Its program still has the keys,
+        // and what is selected reaches it.
+        if (focus_.isTold() && answer.isFocusNowhere()) toldInputMethod_ = answer.inputMethod;
+    }
     const auto* context = focus_.inFront(now);
     if (context)
         look(*context, focus_.isTold() ? toldInputMethod_ : answer.inputMethod, now);
@@ -130,8 +133,12 @@ void Fcitx5Selection::look(const std::string& context, const std::string& inputM
         tellCurrent(inputMethod);
     } else if (inputMethod == *wish_) {
         served_.insert(context);
+        tries_ = 0;
         dueAt_.reset();
-    } else if (served_.contains(context)) { // the user's
+        // One that nothing was told of may be that of the application that was left.
+        const auto certain = activatedAt_ + Fcitx5Focus::overtaking;
+        if (!focus_.isTold() && now < certain) dueAt_ = certain;
+    } else if (served_.contains(context) && !isStray(inputMethod, now)) { // the user's
         wish_.reset();
         tellCurrent(inputMethod);
     } else if (std::exchange(target_, context) != context) {
@@ -152,6 +159,11 @@ void Fcitx5Selection::tryAgain(const std::string& inputMethod, Time now) {
     calls_.refused(refused);
 }
 
+bool Fcitx5Selection::isStray(const std::string& inputMethod, Time now) const {
+    // A selection under way changes the context that has the focus when it arrives.
+    return inputMethod == stray_ && now < activatedAt_ + Fcitx5Focus::overtaking;
+}
+
 void Fcitx5Selection::tellCurrent(const std::string& inputMethod) {
     current_.reset();
     if (!inputMethod.empty()) current_ = inputMethod;
@@ -159,7 +171,7 @@ void Fcitx5Selection::tellCurrent(const std::string& inputMethod) {
 
 void Fcitx5Selection::timePassed(Time now) {
     if (!dueAt_ || now < *dueAt_) return;
-    ask(isSearching_ || !wish_ ? std::string() : *wish_);
+    ask(tries_ > 0 && wish_ ? *wish_ : std::string());
 }
 
 void Fcitx5Selection::giveUp() {

@@ -81,6 +81,7 @@ private:
     void search(Time now);
     void searchAgain(Time now);
     void look(const std::string& context, const std::string& inputMethod, Time now);
+    bool isStray(const std::string& inputMethod, Time now) const;
     void tellCurrent(const std::string& inputMethod);
     void tryAgain(const std::string& inputMethod, Time now);
 
@@ -91,6 +92,8 @@ private:
     std::string toldInputMethod_;  ///< Of the context that was told of last.
     std::set<std::string> served_; ///< Contexts that have had what is wished for.
     std::string target_;           ///< The context for which it was last selected.
+    std::string selected_;         ///< What was selected last.
+    std::string stray_;            ///< What was selected last for the application that was left.
 
     bool isSearching_ = false;
     Time searchingSince_{};
