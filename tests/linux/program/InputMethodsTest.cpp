@@ -71,6 +71,7 @@ TEST_P(InputMethods, WhatIsTypedIsThatOfTheProgramInFront) {
             if (!running[number] || toolkit == Toolkit::gtk)
                 running[number].emplace(*this, toolkit, wmClass(toolkit, sources[number % 4]));
         }
+        pauseLikeAPerson(); // Programs that have just opened may report a focus that is over.
         for (std::size_t number = 0; number < running.size(); ++number) {
             const auto source = sources[number % 4];
             ASSERT_TRUE(running[number]->activate() && waitForSource(source)) << number;
