@@ -171,7 +171,8 @@ void Fcitx5Selection::tellCurrent(const std::string& inputMethod) {
 
 void Fcitx5Selection::timePassed(Time now) {
     if (!dueAt_ || now < *dueAt_) return;
-    ask(tries_ > 0 && wish_ ? *wish_ : std::string());
+    const bool isRetry = tries_ > 0 && wish_;
+    ask(isRetry ? *wish_ : std::string());
 }
 
 void Fcitx5Selection::giveUp() {

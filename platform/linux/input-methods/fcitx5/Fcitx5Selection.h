@@ -18,7 +18,8 @@ namespace quorvane {
 ///
 /// Most contexts are told of. The others are asked for, again and again, after an activation: closely for 1.5
 /// seconds, which a program needs to open, and loosely for ten, since an application that takes no text from
-/// Fcitx5 never gets one. After that, only news make this look again.
+/// Fcitx5 never gets one. What is found at once is asked for a second time, when it cannot be the left
+/// application's any more. After that, only news make this look again.
 class Fcitx5Selection {
 public:
     using Time = Fcitx5Focus::Time;
