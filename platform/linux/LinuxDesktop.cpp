@@ -64,6 +64,8 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     , activationsForInput_(
           workspace_.addObserver(WorkspaceNotification::didActivateApplication,
                                  [this](const auto& application) { activated(application); }))
+    , departuresForInput_(workspace_.addObserver(WorkspaceNotification::didLeaveFront,
+                                                 [this](const auto&) { frontApplication_.reset(); }))
     , switchesByHand_(globalEvents_.addGlobalMonitor(eventMask(EventType::leftMouseUp) |
                                                          eventMask(EventType::flagsChanged),
                                                      [this](const Event& event) {
