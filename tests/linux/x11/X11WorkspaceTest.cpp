@@ -12,8 +12,9 @@ protected:
     using Ids = std::vector<std::string>;
 
     Subscription noteInto(Ids& ids, WorkspaceNotification notification) {
-        return session_.workspace.addObserver(
-            notification, [&ids](const auto& application) { ids.push_back(*application.bundleIdentifier); });
+        return session_.workspace.addObserver(notification, [&ids](const auto& application) {
+            ids.push_back(application.bundleIdentifier.value_or("nobody's"));
+        });
     }
     X11Session session_;
     Ids activated_;
@@ -72,6 +73,18 @@ TEST_F(X11WorkspaceTest, KnowsTheApplicationOfAWindow) {
         EXPECT_EQ(owner->id, each.id) << each.properties.join(' ').toStdString();
         EXPECT_EQ(owner->pid, window.pid());
     }
+}
+
+TEST_F(X11WorkspaceTest, WindowsThatNobodyCanIdentifyHaveNoIdentifier) {
+    const TestWindow first({"orphan=1"});
+    ASSERT_TRUE(waitUntil([&] { return activated_.size() == 1; }));
+    const TestWindow second({"orphan=1"});
+    ASSERT_TRUE(waitUntil([&] { return activated_.size() == 2; }));
+    session_.user.activate(first.window());
+    ASSERT_TRUE(waitUntil([&] { return activated_.size() == 3; }));
+    EXPECT_THAT(activated_, testing::Each("nobody's"));
+    EXPECT_THAT(session_.workspace.runningApplications(), testing::IsEmpty());
+    EXPECT_EQ(session_.workspace.activeWindow(), first.window());
 }
 
 TEST_F(X11WorkspaceTest, ReadsTheActiveWindowWhateverIsThere) {
