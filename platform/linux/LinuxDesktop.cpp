@@ -47,6 +47,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     : defaults_(LinuxUserDefaults::configFolder(), maker::bundleIdentifier)
     , distributedNotifications_(maker::distributedNotificationInterface,
                                 [this] { defaults_.flushPendingWrites(); })
+    , busApplications_({std::string(maker::companionBundleIdentifier)})
     , desktopEntries_(DesktopEntries::ofEnvironment())
     , identities_(x, desktopEntries_)
     , launchers_(x)
