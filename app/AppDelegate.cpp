@@ -68,11 +68,14 @@ void AppDelegate::applicationDidFinishLaunching() {
 }
 
 void AppDelegate::observeDefaults() {
-    for (const auto observedKey : {key::hiddenIconInStatusBar, key::enableTipOfState, key::autoInput,
-                                   key::enableForceEnglishBrowserAddress}) {
-        subscriptions_.push_back(standardDefaults_.addObserver(
+    const auto observe = [this](ObservedUserDefaults& defaults, std::string_view observedKey) {
+        subscriptions_.push_back(defaults.addObserver(
             observedKey, [this](std::string_view keyPath) { observeValueForKeyPath(keyPath); }));
-    }
+    };
+    observe(standardDefaults_, key::hiddenIconInStatusBar);
+    observe(standardDefaults_, key::enableTipOfState);
+    observe(standardDefaults_.ownDomain(), key::autoInput);
+    observe(standardDefaults_.ownDomain(), key::enableForceEnglishBrowserAddress);
 }
 
 void AppDelegate::observeWorkspace() {
