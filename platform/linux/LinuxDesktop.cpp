@@ -79,6 +79,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
         distributedNotifications_.deliverLocally(
             {std::string(selectedKeyboardInputSourceChangedNotification), {}});
     }))
+    , application_(x)
     , applicationBundles_(desktopEntries_, workspace_)
     , interfaceFiles_(screens_, {x, notifications_, defaults_.standardUserDefaults()})
     , activations_(workspace_.addObserver(WorkspaceNotification::didActivateApplication,
@@ -88,6 +89,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
         tellFrontWindow(bounds);
     }))
     , launcherChanges_(launchers_.onChange([this] { interfaceFiles_.raiseIndicator(); }))
+    , alerts_(x)
     , openPanel_(desktopEntries_)
     , processes_([this] { defaults_.flushPendingWrites(); })
     , loginItems_(autostartFolder(), QCoreApplication::applicationFilePath().toStdString())
