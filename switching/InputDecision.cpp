@@ -24,7 +24,7 @@ void InputDecision::decide(const std::optional<std::string>& bundleIdentifier) {
 
     if (companion_.isRunning()) {
         companion_.askToSwitchInput(*target);
-    } else if (isLauncher(bundleIdentifier)) {
+    } else if (isLauncher(launchers_, bundleIdentifier)) {
         inputSwitch_.selectInputSource(*target);
     } else if (switchDelay_ > 0) {
         runLoop_.dispatchAfter(switchDelay_, [this, target = *target] { switchTo(target); });

@@ -6,6 +6,7 @@
 
 #include "input/CompanionLink.h"
 #include "input/InputSwitch.h"
+#include "platform/LauncherFacts.h"
 #include "platform/RunLoop.h"
 #include "platform/UserDefaults.h"
 
@@ -24,11 +25,13 @@ public:
     /// `switchDelay`: how long an ordinary application needs, after it came to the front, until it takes a
     /// new source; in seconds. `reset` follows each such switch.
     InputDecision(UserDefaultsStores& stores, InputSwitch& inputSwitch, CompanionLink& companion,
-                  RunLoop& runLoop, double switchDelay, std::function<void()> reset)
+                  RunLoop& runLoop, const LauncherFacts& launchers, double switchDelay,
+                  std::function<void()> reset)
         : stores_(stores)
         , inputSwitch_(inputSwitch)
         , companion_(companion)
         , runLoop_(runLoop)
+        , launchers_(launchers)
         , switchDelay_(switchDelay)
         , reset_(std::move(reset)) {}
 
@@ -44,6 +47,7 @@ private:
     InputSwitch& inputSwitch_;
     CompanionLink& companion_;
     RunLoop& runLoop_;
+    const LauncherFacts& launchers_;
     double switchDelay_;
     std::function<void()> reset_;
 };

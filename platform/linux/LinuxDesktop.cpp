@@ -29,6 +29,11 @@ DesktopFacts factsOfX11() {
         // wrong source.
         .switchDelay = 0,
         .screenChangeDelay = 0,
+        // Rules were once stored as if the launchers were those of the native desktop.
+        .launchers = {.areTold = true,
+                      .identifiers = launcherIdentifiers(),
+                      .identifierPrefixes = {},
+                      .formerPrefix = std::string(alfredBundleIdentifierPrefix) + "."},
         // Desktops have no common program for it, but all of them read this folder.
         .loginItemsCommand = "xdg-open \"${XDG_CONFIG_HOME:-$HOME/.config}/autostart\" >/dev/null 2>&1 &",
         .relaunchPath = QCoreApplication::applicationFilePath().toStdString(),
@@ -77,6 +82,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
         distributedNotifications_.deliverLocally(
             {std::string(selectedKeyboardInputSourceChangedNotification), {}});
     }))
+    , application_(x)
     , applicationBundles_(desktopEntries_, workspace_)
     , interfaceFiles_(screens_, {x, notifications_, defaults_.standardUserDefaults()})
     , activations_(workspace_.addObserver(WorkspaceNotification::didActivateApplication,
@@ -86,6 +92,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
         tellFrontWindow(bounds);
     }))
     , launcherChanges_(launchers_.onChange([this] { interfaceFiles_.raiseIndicator(); }))
+    , alerts_(x)
     , openPanel_(desktopEntries_)
     , processes_([this] { defaults_.flushPendingWrites(); })
     , loginItems_(autostartFolder(), QCoreApplication::applicationFilePath().toStdString())

@@ -11,6 +11,7 @@
 #include <QShortcut>
 #include <QWindow>
 
+#include "platform/linux/qt/BringToUser.h"
 #include "platform/linux/windows/WindowManagerRequests.h"
 
 namespace quorvane {
@@ -61,10 +62,7 @@ void QtPreferencesWindow::setFrameOrigin(Point origin) {
 }
 
 void QtPreferencesWindow::makeKeyAndOrderFront() {
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
-    activateWindow();
+    bringToUser(x_, *this);
 }
 
 void QtPreferencesWindow::dressUp() {
