@@ -84,6 +84,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
         tellFrontWindow(bounds);
     }))
     , launcherChanges_(launchers_.onChange([this] { interfaceFiles_.raiseIndicator(); }))
+    , statusBar_(x)
     , alerts_(x)
     , openPanel_(desktopEntries_)
     , processes_([this] { defaults_.flushPendingWrites(); })

@@ -91,6 +91,7 @@ public:
 struct SimulatedStatusItemState {
     ImageRef image;
     Menu menu;
+    std::string toolTip;
     bool highlights = false;
     bool isVisible = false;
 };

@@ -10,6 +10,8 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
+#include "platform/linux/qt/PlainText.h"
+
 namespace quorvane {
 namespace {
 
@@ -103,7 +105,8 @@ int CellPopUp::roomForText() const {
 bool CellPopUp::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip) return QComboBox::event(event);
     const bool fits = fontMetrics().horizontalAdvance(currentText()) <= roomForText();
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), fits ? QString() : currentText(), this);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                       fits ? QString() : toolTipOf(currentText()), this);
     return true;
 }
 
