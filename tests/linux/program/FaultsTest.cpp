@@ -79,7 +79,7 @@ TEST_F(Faults, NoSessionManagerIsAskedWhoCouldStartItAgainOrKeepItWaiting) {
     path.copy(address.sun_path, sizeof address.sun_path - 1);
     ASSERT_EQ(bind(manager, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0) << path;
     ASSERT_EQ(listen(manager, 1), 0);
-    qputenv("SESSION_MANAGER", ("local/here:" + path).c_str());
+    qputenv("SESSION_MANAGER", "unix/" + QSysInfo::machineHostName().toUtf8() + ":" + path.c_str());
     session_.startProgram();
     qunsetenv("SESSION_MANAGER");
     EXPECT_EQ(accept(manager, nullptr, nullptr), -1);
