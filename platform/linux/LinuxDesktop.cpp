@@ -76,7 +76,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     }))
     , application_(x)
     , applicationBundles_(desktopEntries_, workspace_)
-    , interfaceFiles_(screens_, {x, notifications_, defaults_.standardUserDefaults()})
+    , interfaceFiles_(x, screens_, notifications_, defaults_.standardUserDefaults())
     , activations_(workspace_.addObserver(WorkspaceNotification::didActivateApplication,
                                           [this](const auto&) { interfaceFiles_.raiseIndicator(); }))
     , frontWindowChanges_(frontWindow_.changed.connect([this](const auto& bounds) {

@@ -8,7 +8,6 @@
 #include <QScrollBar>
 #include <QStylePainter>
 #include <QToolTip>
-#include <QWheelEvent>
 
 #include "platform/linux/qt/PlainText.h"
 
@@ -25,7 +24,7 @@ QString textOf(const std::string& title) {
 
 } // namespace
 
-CellPopUp::CellPopUp(QWidget* parent) : QComboBox(parent) {
+CellPopUp::CellPopUp(QWidget* parent) : StillComboBox(parent) {
     setFocusPolicy(Qt::NoFocus);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(1);
@@ -118,10 +117,6 @@ void CellPopUp::paintEvent(QPaintEvent* /*event*/) {
     painter.setPen(palette().color(QPalette::Text));
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
-}
-
-void CellPopUp::wheelEvent(QWheelEvent* event) {
-    event->ignore(); // It scrolls the table.
 }
 
 } // namespace quorvane
