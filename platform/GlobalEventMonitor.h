@@ -26,7 +26,7 @@ inline constexpr std::uint64_t function = 0x800000;
 /// Set in every event of a real keyboard.
 inline constexpr std::uint64_t nonCoalesced = 0x100;
 
-// Which of two like keys is held.
+// Which of two like keys is held. Not every desktop tells.
 inline constexpr std::uint64_t leftControl = 0x1;
 inline constexpr std::uint64_t leftShift = 0x2;
 inline constexpr std::uint64_t rightShift = 0x4;

@@ -8,7 +8,8 @@ namespace quorvane {
 
 WantedInput InputDecision::wantedBy(const std::optional<std::string>& bundleIdentifier) const {
     return wantedInput(openSharedDefaults(stores_)->objectForKey(key::autoInput), bundleIdentifier,
-                       isLauncher(launchers_, bundleIdentifier), defaultInput(stores_.standardUserDefaults()));
+                       isLauncher(launchers_, bundleIdentifier),
+                       defaultInput(stores_.standardUserDefaults()));
 }
 
 void InputDecision::decide(const std::optional<std::string>& bundleIdentifier) {

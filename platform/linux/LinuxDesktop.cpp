@@ -72,12 +72,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
                                  [this](const auto& application) { activated(application); }))
     , departuresForInput_(workspace_.addObserver(WorkspaceNotification::didLeaveFront,
                                                  [this](const auto&) { frontApplication_.reset(); }))
-    , switchesByHand_(globalEvents_.addGlobalMonitor(eventMask(EventType::leftMouseUp) |
-                                                         eventMask(EventType::flagsChanged),
-                                                     [this](const Event& event) {
-                                                         if (!(event.modifierFlags & switchingModifiers))
-                                                             fcitx5_.userMayHaveSwitched();
-                                                     }))
+    , fcitx5Availability_(fcitx5_.availabilityChanged.connect([this] { watchSwitchesByHand(); }))
     , selectionChanges_(inputSources_.selectionChanged.connect([this] {
         distributedNotifications_.deliverLocally(
             {std::string(selectedKeyboardInputSourceChangedNotification), {}});
@@ -130,6 +125,15 @@ void LinuxDesktop::activated(const RunningApplication& application) {
     }
     frontApplication_ = application.bundleIdentifier;
     inputSources_.applicationActivated(application.processIdentifier);
+}
+
+void LinuxDesktop::watchSwitchesByHand() {
+    switchesByHand_.end();
+    if (!fcitx5_.isAvailable()) return;
+    switchesByHand_ = globalEvents_.addGlobalMonitor(
+        eventMask(EventType::leftMouseUp) | eventMask(EventType::flagsChanged), [this](const Event& event) {
+            if (!(event.modifierFlags & switchingModifiers)) fcitx5_.userMayHaveSwitched();
+        });
 }
 
 void LinuxDesktop::tellFrontWindow(const std::optional<Rect>& bounds) {

@@ -45,6 +45,9 @@ public:
 private:
     void activated(const RunningApplication& application);
 
+    /// The user switches Fcitx5 with modifier keys and the mouse; Fcitx5 does not always tell.
+    void watchSwitchesByHand();
+
     /// Where the front window has gone: none when it is no longer to be seen.
     void tellFrontWindow(const std::optional<Rect>& bounds);
 
@@ -71,7 +74,8 @@ private:
     std::optional<std::string> frontApplication_;
     Subscription activationsForInput_; ///< Made before those of the program, who decides next.
     Subscription departuresForInput_;
-    Subscription switchesByHand_;
+    Subscription fcitx5Availability_;
+    Subscription switchesByHand_; ///< While there is a daemon to ask about them.
     Subscription selectionChanges_;
 
     QtApplicationPort application_;

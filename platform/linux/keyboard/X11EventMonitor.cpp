@@ -10,16 +10,12 @@
 
 #include "platform/linux/Log.h"
 #include "platform/linux/applications/WindowFacts.h"
-#include "platform/linux/keyboard/ModifierBits.h"
 #include "platform/linux/x11/XcbReply.h"
 
 namespace quorvane {
 
 namespace {
 
-constexpr std::uint32_t keyEvents =
-    XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE;
-constexpr std::uint32_t buttonEvents = XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE;
 constexpr std::uint32_t leftButton = 1;
 
 /// The server's clock counts milliseconds since the computer was started, but in 32 bits, which last for 49
@@ -46,53 +42,48 @@ std::optional<std::uint8_t> inputOpcodeOf(xcb_connection_t* xcb) {
 
 X11EventMonitor::X11EventMonitor(XConnection& x)
     : x_(x)
-    , observers_{Observers{EventType::leftMouseUp, buttonEvents, 0, {}},
-                 Observers{EventType::flagsChanged, keyEvents, 0, {}}}
+    , observed_{Observed{EventType::leftMouseUp, &X11EventMonitor::selectButtons, 0, {}},
+                Observed{EventType::flagsChanged, &X11EventMonitor::selectModifiers, 0, {}}}
+    , modifiers_(x)
+    , modifierChanges_(modifiers_.changed.connect([this](auto time) { emit(EventType::flagsChanged, time); }))
     , events_(x.onEvent([this](const auto& event) { handle(event); })) {}
 
 Subscription X11EventMonitor::addGlobalMonitor(EventMask mask, std::function<void(const Event&)> handler) {
     auto subscriptions = std::make_shared<std::vector<Subscription>>();
-    for (auto& observers : observers_) {
-        if (mask & eventMask(observers.type)) subscriptions->push_back(observe(observers, handler));
+    for (auto& observed : observed_) {
+        if (mask & eventMask(observed.type)) subscriptions->push_back(observe(observed, handler));
     }
     return Subscription([subscriptions] { subscriptions->clear(); });
 }
 
-Subscription X11EventMonitor::observe(Observers& observers, std::function<void(const Event&)> handler) {
-    auto connection = std::make_shared<Subscription>(observers.signal.connect(std::move(handler)));
-    if (observers.count++ == 0) {
-        selectEvents();
-        if (observers.type == EventType::flagsChanged) startWatchingKeys();
-    }
-    return Subscription([this, &observers, connection, alive = std::weak_ptr(alive_)] {
+Subscription X11EventMonitor::observe(Observed& observed, std::function<void(const Event&)> handler) {
+    auto connection = std::make_shared<Subscription>(observed.observers.connect(std::move(handler)));
+    if (observed.count++ == 0) (this->*observed.select)(true);
+    return Subscription([this, &observed, connection, alive = std::weak_ptr(alive_)] {
         connection->end();
-        if (!alive.expired() && --observers.count == 0) selectEvents();
+        if (!alive.expired() && --observed.count == 0) (this->*observed.select)(false);
     });
 }
 
-void X11EventMonitor::selectEvents() {
+void X11EventMonitor::selectButtons(bool isOn) {
     if (!inputOpcode_) inputOpcode_ = inputOpcodeOf(x_.xcb());
     if (!inputOpcode_) {
-        logLine("the X server has no XInput 2.2: modifier keys and mouse clicks go unseen");
+        logLine("the X server has no XInput 2.2: mouse clicks go unseen");
         return;
     }
     struct {
-        xcb_input_event_mask_t header;
-        std::uint32_t mask;
-    } request{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, 0};
-    for (const auto& observers : observers_) {
-        if (observers.count > 0) request.mask |= observers.rawEvents;
-    }
+        xcb_input_event_mask_t header{XCB_INPUT_DEVICE_ALL_MASTER, 1};
+        std::uint32_t mask = 0;
+    } request;
+    if (isOn) request.mask = XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE;
     // Waits for the server, so that nothing goes unseen that happens after this.
     const auto cookie = xcb_input_xi_select_events_checked(x_.xcb(), x_.root(), 1, &request.header);
     const XcbReply<xcb_generic_error_t> error(xcb_request_check(x_.xcb(), cookie));
-    if (error) logLine("the X server does not let modifier keys and mouse clicks be watched");
+    if (error) logLine("the X server does not let mouse clicks be watched");
 }
 
-void X11EventMonitor::startWatchingKeys() {
-    selectKeyboardMapEvents(x_);
-    keys_.start(x_);
-    flags_ = keys_.flags(x_);
+void X11EventMonitor::selectModifiers(bool isOn) {
+    if (!modifiers_.watch(isOn)) logLine("the X server has no XKB extension: modifier keys go unseen");
 }
 
 void X11EventMonitor::handle(const xcb_generic_event_t& event) {
@@ -100,43 +91,17 @@ void X11EventMonitor::handle(const xcb_generic_event_t& event) {
     if (type == XCB_GE_GENERIC) {
         const auto& generic = reinterpret_cast<const xcb_ge_generic_event_t&>(event);
         if (generic.extension == inputOpcode_) handleRaw(generic);
-        return;
-    }
-    if (type == XCB_BUTTON_PRESS || type == XCB_BUTTON_RELEASE) {
+    } else if (type == XCB_BUTTON_PRESS || type == XCB_BUTTON_RELEASE) {
         // Certain, while a fast pointer has left a dragged window by the time that anybody asks.
         const auto& button = reinterpret_cast<const xcb_button_press_event_t&>(event);
         if (button.detail == leftButton) isOwnClick_ = type == XCB_BUTTON_PRESS;
-        return;
     }
-    if (isKeyboardMapEvent(x_, event)) keys_.mapChanged();
 }
 
 void X11EventMonitor::handleRaw(const xcb_ge_generic_event_t& event) {
-    // Raw events of keys and buttons have one layout.
-    const auto& raw = reinterpret_cast<const xcb_input_raw_key_press_event_t&>(event);
-    switch (event.event_type) {
-    case XCB_INPUT_RAW_KEY_PRESS:
-        handleKey(raw.detail, true, raw.time);
-        break;
-    case XCB_INPUT_RAW_KEY_RELEASE:
-        handleKey(raw.detail, false, raw.time);
-        break;
-    case XCB_INPUT_RAW_BUTTON_RELEASE:
-        if (raw.detail != leftButton) break;
-        if (!std::exchange(isOwnClick_, false) && !isPointerOnOwnWindow())
-            emit(EventType::leftMouseUp, raw.time);
-        break;
-    default:
-        break;
-    }
-}
-
-void X11EventMonitor::handleKey(std::uint32_t keycode, bool isDown, std::uint32_t time) {
-    if (!keys_.take(x_, keycode, isDown)) return;
-    const auto flags = keys_.flags(x_);
-    if (flags == flags_) return;
-    flags_ = flags;
-    emit(EventType::flagsChanged, time);
+    const auto& raw = reinterpret_cast<const xcb_input_raw_button_release_event_t&>(event);
+    if (event.event_type != XCB_INPUT_RAW_BUTTON_RELEASE || raw.detail != leftButton) return;
+    if (!std::exchange(isOwnClick_, false) && !isPointerOnOwnWindow()) emit(EventType::leftMouseUp, raw.time);
 }
 
 // Not by way of the windows' applications, which are remembered and watched: that is of no use for the window
@@ -155,8 +120,8 @@ bool X11EventMonitor::isPointerOnOwnWindow() const {
 }
 
 void X11EventMonitor::emit(EventType type, std::uint32_t time) {
-    const auto observers = std::ranges::find(observers_, type, &Observers::type);
-    observers->signal.emit({type, flags_, secondsSinceStart(time)});
+    const auto observed = std::ranges::find(observed_, type, &Observed::type);
+    observed->observers.emit({type, modifiers_.flags(), secondsSinceStart(time)});
 }
 
 } // namespace quorvane

@@ -7,14 +7,14 @@
 
 #include "platform/GlobalEventMonitor.h"
 #include "platform/Signal.h"
-#include "platform/linux/keyboard/ModifierKeys.h"
+#include "platform/linux/keyboard/XkbModifiers.h"
 #include "platform/linux/x11/XConnection.h"
 
 namespace quorvane {
 
-/// Modifier keys and the left mouse button, by XInput2 raw events: they come whoever has the focus, and also
-/// while a menu has grabbed the keyboard. Only the kinds of events that somebody observes are selected, so
-/// that typing wakes nobody who waits for the mouse.
+/// Modifiers, as the state of the keyboard, and the left mouse button, by XInput2 raw events: both come
+/// whoever has the focus, and also while a menu has grabbed keyboard and mouse. Nothing is selected that
+/// nobody observes, and no other keys ever are.
 ///
 /// Clicks on windows of this process are left out: those that begin on a window of this connection, and those
 /// that end on any other one. The question for the latter costs a few round trips a click.
@@ -27,31 +27,30 @@ public:
     Subscription addGlobalMonitor(EventMask mask, std::function<void(const Event&)> handler) override;
 
 private:
-    /// Those who observe one type of event.
-    struct Observers {
+    using Observers = Signal<const Event&>;
+
+    struct Observed {
         EventType type;
-        std::uint32_t rawEvents; ///< What must be selected for it.
+        void (X11EventMonitor::*select)(bool isOn);
         int count = 0;
-        Signal<const Event&> signal;
+        Observers observers;
     };
 
-    Subscription observe(Observers& observers, std::function<void(const Event&)> handler);
-    bool isObserved(EventType type) const;
-    void selectEvents();
-    void startWatchingKeys();
+    Subscription observe(Observed& observed, std::function<void(const Event&)> handler);
+    void selectButtons(bool isOn);
+    void selectModifiers(bool isOn);
     void handle(const xcb_generic_event_t& event);
     void handleRaw(const xcb_ge_generic_event_t& event);
-    void handleKey(std::uint32_t keycode, bool isDown, std::uint32_t time);
     bool isPointerOnOwnWindow() const;
     void emit(EventType type, std::uint32_t time);
 
     XConnection& x_;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
-    std::array<Observers, 2> observers_;
+    std::array<Observed, 2> observed_;
     std::optional<std::uint8_t> inputOpcode_; ///< None before it is known.
-    ModifierKeys keys_;
+    XkbModifiers modifiers_;
     bool isOwnClick_ = false; ///< The left button has gone down on a window of this connection.
-    std::uint64_t flags_ = ModifierFlag::nonCoalesced; ///< As last told.
+    Subscription modifierChanges_;
     Subscription events_;
 };
 
