@@ -85,6 +85,7 @@ PictureWindow::PictureWindow(XConnection& x, std::function<bool()> mayBeDragged)
     : x_(x)
     , mayBeDragged_(std::move(mayBeDragged))
     , events_(x.onEvent([this](const auto& event) { handle(event); })) {
+    x_.selectRootEvents(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
     raiseAgain_.setSingleShot(true);
     raiseAgain_.setInterval(windowManagersTime);
     QObject::connect(&raiseAgain_, &QTimer::timeout, &raiseAgain_, [this] { putOnTop(); });
@@ -203,8 +204,16 @@ void PictureWindow::paint() {
     xcb_clear_area(xcb, 0, window_, 0, 0, 0, 0);
 }
 
+/// Only when it appears: others want to stay in front as well, and there would be no end to it.
+void PictureWindow::raiseAbovePopUp(const xcb_generic_event_t& event) {
+    if ((event.response_type & 0x7f) != XCB_MAP_NOTIFY) return;
+    const auto& shown = reinterpret_cast<const xcb_map_notify_event_t&>(event);
+    if (shown.override_redirect && shown.window != window_) putOnTop();
+}
+
 void PictureWindow::handle(const xcb_generic_event_t& event) {
     if (window_ == XCB_WINDOW_NONE) return;
+    raiseAbovePopUp(event);
     const int type = event.response_type & 0x7f;
     if (firstXFixesEvent_ && type == *firstXFixesEvent_ + XCB_XFIXES_SELECTION_NOTIFY) {
         const auto& change = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event);

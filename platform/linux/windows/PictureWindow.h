@@ -11,8 +11,9 @@
 
 namespace quorvane {
 
-/// A window that is nothing but a picture, above everything on all workspaces, and no business of the window
-/// manager's: it is in no list of windows and never gets the focus. All lengths are pixels.
+/// A window that is nothing but a picture, above everything on all workspaces, menus that open later
+/// included, and no business of the window manager's: it is in no list of windows and never gets the focus.
+/// All lengths are pixels.
 ///
 /// It is as clear as its picture. Where no compositor blends windows it has the shape of what is drawn,
 /// without half-clear pixels. Between `hide` and `show` it catches no clicks, and before the first `show`
@@ -40,6 +41,7 @@ private:
     void create();
     void paint();
     void putOnTop();
+    void raiseAbovePopUp(const xcb_generic_event_t& event);
     void handle(const xcb_generic_event_t& event);
 
     XConnection& x_;
