@@ -52,6 +52,10 @@ void XClient::setState(xcb_window_t window, std::string_view state, bool isOn) {
     tellManager(window, "_NET_WM_STATE", isOn ? 1 : 0, x_->atom(state));
 }
 
+void XClient::showDesktop(unsigned number) {
+    tellManager(root(), "_NET_CURRENT_DESKTOP", number);
+}
+
 std::vector<std::uint32_t> XClient::values(xcb_window_t window, std::string_view property) {
     return XProperty(*x_, window, property).values();
 }

@@ -46,6 +46,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     : defaults_(LinuxUserDefaults::configFolder(), maker::bundleIdentifier)
     , distributedNotifications_(maker::distributedNotificationInterface,
                                 [this] { defaults_.flushPendingWrites(); })
+    , busApplications_({std::string(maker::companionBundleIdentifier)})
     , desktopEntries_(DesktopEntries::ofEnvironment())
     , identities_(x, desktopEntries_)
     , launchers_(x)
@@ -62,18 +63,23 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     , activationsForInput_(
           workspace_.addObserver(WorkspaceNotification::didActivateApplication,
                                  [this](const auto& application) { activated(application); }))
+    , departuresForInput_(workspace_.addObserver(WorkspaceNotification::didLeaveFront,
+                                                 [this](const auto&) { frontApplication_.reset(); }))
     , fcitx5Availability_(fcitx5_.availabilityChanged.connect([this] { watchSwitchesByHand(); }))
     , selectionChanges_(inputSources_.selectionChanged.connect([this] {
         distributedNotifications_.deliverLocally(
             {std::string(selectedKeyboardInputSourceChangedNotification), {}});
     }))
+    , application_(x)
     , applicationBundles_(desktopEntries_, workspace_)
-    , interfaceFiles_(screens_, {x, notifications_, defaults_.standardUserDefaults()})
+    , interfaceFiles_(x, screens_, notifications_, defaults_.standardUserDefaults())
     , activations_(workspace_.addObserver(WorkspaceNotification::didActivateApplication,
                                           [this](const auto&) { interfaceFiles_.raiseIndicator(); }))
     // A window that now fills the screen covers it.
     , frontWindowChanges_(windowList_.addFrontWindowObserver([this] { interfaceFiles_.raiseIndicator(); }))
     , launcherChanges_(launchers_.onChange([this] { interfaceFiles_.raiseIndicator(); }))
+    , statusBar_(x)
+    , alerts_(x)
     , openPanel_(desktopEntries_)
     , processes_([this] { defaults_.flushPendingWrites(); })
     , loginItems_(autostartFolder(), QCoreApplication::applicationFilePath().toStdString())

@@ -68,6 +68,7 @@ private:
     SessionInputSources inputSources_;
     std::optional<std::string> frontApplication_;
     Subscription activationsForInput_; ///< Made before those of the program, who decides next.
+    Subscription departuresForInput_;
     Subscription fcitx5Availability_;
     Subscription switchesByHand_; ///< While there is a daemon to ask about them.
     Subscription selectionChanges_;

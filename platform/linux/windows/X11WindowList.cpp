@@ -82,7 +82,7 @@ std::vector<WindowDescription> X11WindowList::windows() const {
     descriptions.reserve(stack.size());
     for (const auto& each : stack) {
         const auto* owner = identities_.ownerOf(each.window);
-        if (!owner || (owner->isThisProcess && !each.isManaged)) continue;
+        if (!owner || (owner->isThisProcess && each.isPopUp)) continue;
         const auto& described = described_.at(each.window);
         WindowDescription description;
         description.ownerName = owner->name;
