@@ -86,6 +86,9 @@ PictureWindow::PictureWindow(XConnection& x, std::function<bool()> mayBeDragged)
     , mayBeDragged_(std::move(mayBeDragged))
     , events_(x.onEvent([this](const auto& event) { handle(event); })) {
     x_.selectRootEvents(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
+    place_.setSingleShot(true);
+    place_.setInterval(0);
+    QObject::connect(&place_, &QTimer::timeout, &place_, [this] { place(); });
     raiseAgain_.setSingleShot(true);
     raiseAgain_.setInterval(windowManagersTime);
     QObject::connect(&raiseAgain_, &QTimer::timeout, &raiseAgain_, [this] { putOnTop(); });
@@ -114,15 +117,20 @@ void PictureWindow::hide() {
 void PictureWindow::moveTo(PixelPosition topLeft) {
     if (topLeft == position_) return;
     position_ = topLeft;
-    if (window_ == XCB_WINDOW_NONE) return;
-    const std::int32_t values[] = {topLeft.x, topLeft.y};
-    xcb_configure_window(x_.xcb(), window_, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, values);
+    if (window_ != XCB_WINDOW_NONE) place_.start();
 }
 
 void PictureWindow::raise() {
     if (!isShown_) return;
-    putOnTop();
+    place_.start();
     raiseAgain_.start();
+}
+
+void PictureWindow::place() {
+    const std::int32_t values[] = {position_.x, position_.y, XCB_STACK_MODE_ABOVE};
+    constexpr std::uint16_t position = XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y;
+    const std::uint16_t stacking = isShown_ ? XCB_CONFIG_WINDOW_STACK_MODE : 0;
+    xcb_configure_window(x_.xcb(), window_, position | stacking, values);
 }
 
 void PictureWindow::putOnTop() {

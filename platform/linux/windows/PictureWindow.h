@@ -40,6 +40,7 @@ public:
 private:
     void create();
     void paint();
+    void place();
     void putOnTop();
     void raiseAbovePopUp(const xcb_generic_event_t& event);
     void handle(const xcb_generic_event_t& event);
@@ -55,6 +56,7 @@ private:
     bool isShown_ = false;
     bool isRefused_ = false; ///< The server cannot show pictures, which has been told.
     bool isComposited_ = false;
+    QTimer place_; ///< Until the event at hand is handled: a layout must not wait for a window to be moved.
     QTimer raiseAgain_;
     Subscription events_;
 };
