@@ -35,7 +35,7 @@ AppDelegate::AppDelegate(Desktop& desktop)
                         })
     , indicator_(interface_, desktop.screens, desktop.windowList, desktop.workspace, desktop.cursor,
                  standardDefaults_, openLaunchers_, stateTip_)
-    , followWindowWatch_(desktop.globalEvents, standardDefaults_, companion_, indicator_)
+    , followWindowWatch_(desktop.globalEvents, desktop.windowList, standardDefaults_, companion_, indicator_)
     , inputDecision_(desktop.defaults, inputSwitch_, companion_, desktop.runLoop, desktop.facts.launchers,
                      desktop.facts.switchDelay, [this] { reset(); })
     , appChangeHandler_(desktop.screens, desktop.runLoop, companion_, openLaunchers_, inputDecision_,
@@ -125,7 +125,7 @@ void AppDelegate::observeLaunchersAndMouse() {
     subscriptions_.push_back(desktop_.globalEvents.addGlobalMonitor(
         eventMask(EventType::leftMouseUp) | eventMask(EventType::flagsChanged), [this](const Event& event) {
             event.type == EventType::flagsChanged ? launcherWatch_.flagsChanged(event)
-                                                  : followWindowWatch_.mouseReleased();
+                                                  : followWindowWatch_.look();
         }));
 }
 

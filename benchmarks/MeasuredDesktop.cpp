@@ -14,10 +14,12 @@ constexpr std::int64_t controlOption = 262144 + 524288;
 constexpr InputShortcut shortcuts[] = {{32, controlOption}, {15, controlOption}};
 constexpr std::uint8_t control = 37, option = 64, hotKeys[] = {30, 27};
 
-void writeSettings() {
+void writeSettings(bool isFollowing) {
     LinuxUserDefaults stores(LinuxUserDefaults::configFolder(), maker::bundleIdentifier);
     auto& standard = stores.standardUserDefaults();
     standard.setBool(true, key::notNeedRemindForAutoStartAtLogin);
+    for (const auto setting : {key::enableTipOfState, key::followWindow})
+        standard.setBool(isFollowing, setting);
     setShortcut(standard, "xkb:us", shortcuts[0].record());
     setShortcut(standard, "xkb:ru", shortcuts[1].record());
     const auto shared = openSharedDefaults(stores);
@@ -28,8 +30,8 @@ void writeSettings() {
 
 } // namespace
 
-MeasuredDesktop::MeasuredDesktop(bool withTray) {
-    writeSettings();
+MeasuredDesktop::MeasuredDesktop(bool withTray, int otherWindows) {
+    writeSettings(otherWindows > 0);
     if (withTray) {
         tray_.start("trayer", {"--edge", "bottom", "--align", "right", "--height", "28"});
         if (!tray_.waitForStarted()) qFatal("no trayer");
@@ -38,6 +40,8 @@ MeasuredDesktop::MeasuredDesktop(bool withTray) {
     windows_[0] = makeWindow("first", 100);
     windows_[1] = makeWindow("second", 500);
     launcher_ = makeWindow("Rofi", 300, true);
+    for (int i = 0; i < otherWindows; ++i)
+        user_.map(makeWindow("other", static_cast<std::int16_t>(10 * i)));
     for (const auto window : windows_)
         user_.map(window);
     bool hasFocus = false;

@@ -14,8 +14,9 @@ using Clock = XWatcher::Clock;
 /// group 1, and so does a launcher. Each group has a hot key.
 class MeasuredDesktop {
 public:
-    /// Starts everything but the agent. `withTray` adds a tray for its status item.
-    explicit MeasuredDesktop(bool withTray);
+    /// Starts everything but the agent. `withTray` adds a tray for its status item. With other windows, that
+    /// many, the indicator follows the one in front.
+    explicit MeasuredDesktop(bool withTray, int otherWindows = 0);
 
     Clock::time_point startAgent();
 

@@ -1,4 +1,5 @@
 // How long the layout takes to follow the focus, and what goes wrong meanwhile. Usage: [switches] [storms]
+// [other windows, with the indicator following the front one]
 
 #include <algorithm>
 #include <cstdio>
@@ -157,7 +158,8 @@ int main(int argc, char** argv) {
     const QCoreApplication qt(argc, argv);
     const int switches = argc > 1 ? std::atoi(argv[1]) : 1000;
     const int storms = argc > 2 ? std::atoi(argv[2]) : 200;
-    MeasuredDesktop desktop(false);
+    const int otherWindows = argc > 3 ? std::atoi(argv[3]) : 0;
+    MeasuredDesktop desktop(false, otherWindows);
     desktop.startAgentAndWait();
     settle(desktop);
     measureLatency(desktop, switches);

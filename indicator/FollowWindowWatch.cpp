@@ -16,9 +16,12 @@ void FollowWindowWatch::watchWhileFollowing() {
 void FollowWindowWatch::settingsChanged() {
     const bool isFollowing = indicator_.isFollowing();
     if (std::exchange(isWatching_, isFollowing) == isFollowing) return;
-    mouse_ = isFollowing ? globalEvents_.addGlobalMonitor(eventMask(EventType::leftMouseUp),
-                                                          [this](const Event&) { mouseReleased(); })
-                         : Subscription();
+    mouse_.end();
+    frontWindow_.end();
+    if (!isFollowing) return;
+    mouse_ = globalEvents_.addGlobalMonitor(eventMask(EventType::leftMouseUp),
+                                            [this](const Event& /*event*/) { look(); });
+    frontWindow_ = windowList_.addFrontWindowObserver([this] { look(); });
 }
 
 } // namespace quorvane

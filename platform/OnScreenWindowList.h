@@ -31,14 +31,17 @@ class OnScreenWindowList {
 public:
     virtual ~OnScreenWindowList() = default;
 
-    /// Front to back, read afresh at each call. Windows that cannot be seen may be left out or told by their
-    /// flag.
+    /// Front to back, as of now. Windows that cannot be seen may be left out or told by their flag.
     virtual std::vector<WindowDescription> windows() const = 0;
 
     /// Calls the handler when a launcher is opened, also in another one's place, and with none when it is
     /// closed: on desktops that tell, see `LauncherFacts`. On others nothing ever calls it.
     virtual Subscription
     addLauncherObserver(std::function<void(const std::optional<OpenLauncher>& open)> handler) = 0;
+
+    /// Calls the handler shortly after the front window may have moved, come or gone, on desktops that tell.
+    /// On others nothing ever calls it.
+    virtual Subscription addFrontWindowObserver(std::function<void()> handler) = 0;
 };
 
 } // namespace quorvane

@@ -45,8 +45,11 @@ void XClient::minimise(xcb_window_t window) {
 }
 
 void XClient::fillScreen(xcb_window_t window) {
-    constexpr std::uint32_t add = 1;
-    tellManager(window, "_NET_WM_STATE", add, x_->atom("_NET_WM_STATE_FULLSCREEN"));
+    setState(window, "_NET_WM_STATE_FULLSCREEN", true);
+}
+
+void XClient::setState(xcb_window_t window, std::string_view state, bool isOn) {
+    tellManager(window, "_NET_WM_STATE", isOn ? 1 : 0, x_->atom(state));
 }
 
 void XClient::showDesktop(unsigned number) {

@@ -12,12 +12,6 @@
 namespace quorvane {
 namespace {
 
-/// What the companion of other desktops posts when the front window has changed. Here nobody has to.
-constexpr const char* frontWindowNotification = "AXWindowAdjusted";
-
-/// A window of which no side is longer is no window to work in, and where it is, is not told.
-constexpr double smallestSide = 200; // points
-
 /// Keys that input methods are switched with, alone or with another key.
 constexpr auto switchingModifiers =
     ModifierFlag::shift | ModifierFlag::control | ModifierFlag::option | ModifierFlag::command;
@@ -58,8 +52,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     , launchers_(x)
     , workspace_(x, identities_, launchers_, &busApplications_)
     , screens_(x, workspace_, qGuiApp->devicePixelRatio())
-    , frontWindow_(x, workspace_, screens_)
-    , windowList_(x, identities_, screens_, launchers_)
+    , windowList_(x, identities_, workspace_, screens_, launchers_)
     , globalEvents_(x)
     , hotKeys_(x)
     , cursor_(x, qGuiApp->devicePixelRatio())
@@ -82,10 +75,8 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     , interfaceFiles_(x, screens_, notifications_, defaults_.standardUserDefaults())
     , activations_(workspace_.addObserver(WorkspaceNotification::didActivateApplication,
                                           [this](const auto&) { interfaceFiles_.raiseIndicator(); }))
-    , frontWindowChanges_(frontWindow_.changed.connect([this](const auto& bounds) {
-        interfaceFiles_.raiseIndicator(); // A window that now fills the screen covers it.
-        tellFrontWindow(bounds);
-    }))
+    // A window that now fills the screen covers it.
+    , frontWindowChanges_(windowList_.addFrontWindowObserver([this] { interfaceFiles_.raiseIndicator(); }))
     , launcherChanges_(launchers_.onChange([this] { interfaceFiles_.raiseIndicator(); }))
     , statusBar_(x)
     , alerts_(x)
@@ -134,16 +125,6 @@ void LinuxDesktop::watchSwitchesByHand() {
         eventMask(EventType::leftMouseUp) | eventMask(EventType::flagsChanged), [this](const Event& event) {
             if (!(event.modifierFlags & switchingModifiers)) fcitx5_.userMayHaveSwitched();
         });
-}
-
-void LinuxDesktop::tellFrontWindow(const std::optional<Rect>& bounds) {
-    if (bounds && bounds->width <= smallestSide && bounds->height <= smallestSide) return;
-    PropertyList::Dictionary described;
-    if (bounds) {
-        described = {
-            {"X", bounds->x}, {"Y", bounds->y}, {"Width", bounds->width}, {"Height", bounds->height}};
-    }
-    distributedNotifications_.deliverLocally({frontWindowNotification, std::move(described)});
 }
 
 } // namespace quorvane

@@ -25,7 +25,6 @@
 #include "platform/linux/qt/QtRunLoop.h"
 #include "platform/linux/qt/QtStatusBar.h"
 #include "platform/linux/windows/X11Cursor.h"
-#include "platform/linux/windows/X11FrontWindow.h"
 #include "platform/linux/windows/X11Screens.h"
 #include "platform/linux/windows/X11WindowList.h"
 
@@ -48,9 +47,6 @@ private:
     /// The user switches Fcitx5 with modifier keys and the mouse; Fcitx5 does not always tell.
     void watchSwitchesByHand();
 
-    /// Where the front window has gone: none when it is no longer to be seen.
-    void tellFrontWindow(const std::optional<Rect>& bounds);
-
     QtRunLoop runLoop_;
     NotificationCenter notifications_;
     LinuxUserDefaults defaults_;
@@ -62,7 +58,6 @@ private:
     X11Launchers launchers_;
     X11Workspace workspace_;
     X11Screens screens_;
-    X11FrontWindow frontWindow_;
     X11WindowList windowList_;
     X11EventMonitor globalEvents_;
     X11HotKeys hotKeys_;

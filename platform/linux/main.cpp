@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QPixmapCache>
+#include <glib.h>
 
 #include "app/AppDelegate.h"
 #include "platform/linux/EnvironmentWhile.h"
@@ -87,6 +88,8 @@ int main(int argc, char** argv) {
         quorvane::logLine("unknown argument: " + arguments.unknown);
         return 2;
     }
+    // GLib wakes its threads to end them when they have been idle for a while; it may let them sleep.
+    g_thread_pool_set_max_idle_time(0);
     if (!hasDisplay()) {
         quorvane::logLine("no X server: DISPLAY names none that can be reached");
         return 1;

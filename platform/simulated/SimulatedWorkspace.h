@@ -74,6 +74,13 @@ public:
         return launcherChanged_.connect(std::move(handler));
     }
 
+    Subscription addFrontWindowObserver(std::function<void()> handler) override {
+        return frontWindowMoved_.connect(std::move(handler));
+    }
+
+    /// What a desktop does that notices when windows move.
+    void tellFrontWindowMoved() { frontWindowMoved_.emit(); }
+
     /// What a desktop does that notices launchers itself.
     void tellLauncher(const std::optional<OpenLauncher>& open) { launcherChanged_.emit(open); }
 
@@ -81,6 +88,7 @@ public:
 
 private:
     Signal<const std::optional<OpenLauncher>&> launcherChanged_;
+    Signal<> frontWindowMoved_;
 };
 
 class SimulatedScreens : public Screens {

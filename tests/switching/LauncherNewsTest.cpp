@@ -117,6 +117,9 @@ TEST_F(LauncherNewsTest, TheIndicatorGoesThereAndBackAtOnceAndWatchesTheMouseOnl
     EXPECT_EQ(indicatorOrigin(), atLauncher);
     happen("closes");
     EXPECT_EQ(indicatorOrigin(), atWindow);
+    desktop_.windowList.frontToBack.front().bounds.x += 50;
+    desktop_.windowList.tellFrontWindowMoved();
+    EXPECT_EQ(indicatorOrigin(), (Point{1128, 828}));
     standard_.setBool(false, key::followWindow);
     EXPECT_FALSE(isWatching());
 }

@@ -5,19 +5,39 @@
 
 #include <QCollator>
 #include <QGuiApplication>
+#include <QStandardPaths>
 
+#include "platform/linux/applications/LauncherTable.h"
 #include "platform/linux/applications/MenuEntries.h"
 
 namespace quorvane {
+namespace {
+
+/// A launcher that is found on the machine without a desktop file; null when it is not. Themes may have an
+/// icon of the program's name.
+DesktopEntryRef launcherProgram(const std::string& id) {
+    const auto program = QStandardPaths::findExecutable(QString::fromStdString(id));
+    if (program.isEmpty()) return nullptr;
+    DesktopEntry entry;
+    entry.id = entry.icon = entry.program = id;
+    entry.name = launcherOfDesktopId(id)->name;
+    entry.path = program.toStdString();
+    return std::make_shared<const DesktopEntry>(std::move(entry));
+}
+
+} // namespace
 
 ApplicationList::ApplicationList(DesktopEntries& entries, QObject* parent) : QAbstractListModel(parent) {
     const auto currentDesktops = qgetenv("XDG_CURRENT_DESKTOP").toStdString();
     const auto programFolders = qgetenv("PATH").toStdString();
     for (auto& entry : entries.all()) {
-        if (!isShownInMenus(*entry, currentDesktops, programFolders)) continue;
-        const auto name = QString::fromStdString(entry->name);
-        const auto id = QString::fromStdString(entry->id);
-        applications_.push_back({std::move(entry), name, id});
+        const bool isShown = isShownInMenus(*entry, currentDesktops, programFolders);
+        if (isShown && !launcherOfDesktopId(entry->id)) add(std::move(entry));
+    }
+    for (const auto& id : launcherIdentifiers()) {
+        auto installed = entries.withId(id);
+        if (!installed) installed = launcherProgram(id);
+        if (installed) add(std::move(installed));
     }
     QCollator collator;
     collator.setCaseSensitivity(Qt::CaseInsensitive);
@@ -26,6 +46,12 @@ ApplicationList::ApplicationList(DesktopEntries& entries, QObject* parent) : QAb
         return collator.compare(a.name, b.name) < 0;
     });
     setFilter({});
+}
+
+void ApplicationList::add(DesktopEntryRef entry) {
+    const auto name = QString::fromStdString(entry->name);
+    const auto id = QString::fromStdString(entry->id);
+    applications_.push_back({std::move(entry), name, id});
 }
 
 void ApplicationList::setFilter(const QString& text) {

@@ -9,8 +9,9 @@
 
 namespace quorvane {
 
-/// The applications that menus show, as rows of a view, in the order of their names in the user's language.
-/// Icons come when they have been loaded, those of the rows that are drawn.
+/// The applications that menus show, and the launchers, which menus do not all show, as rows of a view, in
+/// the order of their names in the user's language. Icons come when they have been loaded, those of the rows
+/// that are drawn.
 class ApplicationList : public QAbstractListModel {
 public:
     enum Role { idRole = Qt::UserRole };
@@ -31,6 +32,7 @@ private:
         QString id;
     };
 
+    void add(DesktopEntryRef entry);
     QVariant icon(const DesktopEntry& entry) const;
     void showNewIcons();
 

@@ -4,6 +4,7 @@
 #include <QLocale>
 #include <QStandardPaths>
 
+#include "platform/linux/applications/LauncherTable.h"
 #include "platform/linux/qt/ApplicationIcon.h"
 
 namespace quorvane {
@@ -48,7 +49,10 @@ std::optional<std::string> LinuxApplicationBundles::programOf(std::string_view i
 
 std::string LinuxApplicationBundles::displayNameAtPath(std::string_view path) const {
     const auto entry = entryAtPath(path);
-    return entry && !entry->name.empty() ? entry->name : baseName(path);
+    if (entry && !entry->name.empty()) return entry->name;
+    const auto program = baseName(path);
+    const auto* launcher = launcherOfDesktopId(program);
+    return launcher ? std::string(launcher->name) : program;
 }
 
 ImageRef LinuxApplicationBundles::iconForFile(std::string_view path) const {

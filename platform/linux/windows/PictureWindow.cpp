@@ -85,6 +85,10 @@ PictureWindow::PictureWindow(XConnection& x, std::function<bool()> mayBeDragged)
     : x_(x)
     , mayBeDragged_(std::move(mayBeDragged))
     , events_(x.onEvent([this](const auto& event) { handle(event); })) {
+    x_.selectRootEvents(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
+    place_.setSingleShot(true);
+    place_.setInterval(0);
+    QObject::connect(&place_, &QTimer::timeout, &place_, [this] { place(); });
     raiseAgain_.setSingleShot(true);
     raiseAgain_.setInterval(windowManagersTime);
     QObject::connect(&raiseAgain_, &QTimer::timeout, &raiseAgain_, [this] { putOnTop(); });
@@ -113,15 +117,20 @@ void PictureWindow::hide() {
 void PictureWindow::moveTo(PixelPosition topLeft) {
     if (topLeft == position_) return;
     position_ = topLeft;
-    if (window_ == XCB_WINDOW_NONE) return;
-    const std::int32_t values[] = {topLeft.x, topLeft.y};
-    xcb_configure_window(x_.xcb(), window_, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, values);
+    if (window_ != XCB_WINDOW_NONE) place_.start();
 }
 
 void PictureWindow::raise() {
     if (!isShown_) return;
-    putOnTop();
+    place_.start();
     raiseAgain_.start();
+}
+
+void PictureWindow::place() {
+    const std::int32_t values[] = {position_.x, position_.y, XCB_STACK_MODE_ABOVE};
+    constexpr std::uint16_t position = XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y;
+    const std::uint16_t stacking = isShown_ ? XCB_CONFIG_WINDOW_STACK_MODE : 0;
+    xcb_configure_window(x_.xcb(), window_, position | stacking, values);
 }
 
 void PictureWindow::putOnTop() {
@@ -203,8 +212,16 @@ void PictureWindow::paint() {
     xcb_clear_area(xcb, 0, window_, 0, 0, 0, 0);
 }
 
+/// Only when it appears: others want to stay in front as well, and there would be no end to it.
+void PictureWindow::raiseAbovePopUp(const xcb_generic_event_t& event) {
+    if ((event.response_type & 0x7f) != XCB_MAP_NOTIFY) return;
+    const auto& shown = reinterpret_cast<const xcb_map_notify_event_t&>(event);
+    if (shown.override_redirect && shown.window != window_) putOnTop();
+}
+
 void PictureWindow::handle(const xcb_generic_event_t& event) {
     if (window_ == XCB_WINDOW_NONE) return;
+    raiseAbovePopUp(event);
     const int type = event.response_type & 0x7f;
     if (firstXFixesEvent_ && type == *firstXFixesEvent_ + XCB_XFIXES_SELECTION_NOTIFY) {
         const auto& change = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event);

@@ -11,8 +11,9 @@
 
 namespace quorvane {
 
-/// A window that is nothing but a picture, above everything on all workspaces, and no business of the window
-/// manager's: it is in no list of windows and never gets the focus. All lengths are pixels.
+/// A window that is nothing but a picture, above everything on all workspaces, menus that open later
+/// included, and no business of the window manager's: it is in no list of windows and never gets the focus.
+/// All lengths are pixels.
 ///
 /// It is as clear as its picture. Where no compositor blends windows it has the shape of what is drawn,
 /// without half-clear pixels. Between `hide` and `show` it catches no clicks, and before the first `show`
@@ -39,7 +40,9 @@ public:
 private:
     void create();
     void paint();
+    void place();
     void putOnTop();
+    void raiseAbovePopUp(const xcb_generic_event_t& event);
     void handle(const xcb_generic_event_t& event);
 
     XConnection& x_;
@@ -53,6 +56,7 @@ private:
     bool isShown_ = false;
     bool isRefused_ = false; ///< The server cannot show pictures, which has been told.
     bool isComposited_ = false;
+    QTimer place_; ///< Until the event at hand is handled: a layout must not wait for a window to be moved.
     QTimer raiseAgain_;
     Subscription events_;
 };

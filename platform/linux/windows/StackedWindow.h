@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "platform/Geometry.h"
@@ -14,14 +15,32 @@ struct StackedWindow {
     Rect bounds;                           ///< Without frame; origin at the top-left of the X screen.
     bool isPopUp = false;                  ///< A menu or the like, which passes the window manager by.
     bool isVisible = false;
+    bool isManaged = false; ///< A window manager has it in its list.
 };
 
-/// Front to back, the invisible ones at the end. Of those that no window manager manages only the visible
-/// ones.
-std::vector<StackedWindow> stackedWindows(XConnection& x);
+/// Requests under way for one window: many windows cost one round trip.
+class StackedWindowQuestion {
+public:
+    StackedWindowQuestion(XConnection& x, xcb_window_t window);
+
+    /// None (0) when it has vanished. Whether it is managed is not asked for.
+    StackedWindow answer() const;
+
+    /// What the server has told of the window before this is part of the answer.
+    std::uint32_t sequence() const { return attributes_.sequence; }
+
+private:
+    XConnection& x_;
+    xcb_window_t window_;
+    xcb_get_window_attributes_cookie_t attributes_;
+    xcb_get_geometry_cookie_t size_;
+    xcb_translate_coordinates_cookie_t origin_;
+};
 
 /// One window; none (0) when it has vanished. One round trip.
-StackedWindow stackedWindow(XConnection& x, xcb_window_t window);
+inline StackedWindow stackedWindow(XConnection& x, xcb_window_t window) {
+    return StackedWindowQuestion(x, window).answer();
+}
 
 /// The bounds without the shadow that some programs draw around their windows themselves: the left, right,
 /// top and bottom edges of `_GTK_FRAME_EXTENTS`, or nothing.

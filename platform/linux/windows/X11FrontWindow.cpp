@@ -2,9 +2,6 @@
 
 #include <chrono>
 
-#include "platform/linux/windows/StackedWindow.h"
-#include "platform/linux/x11/XProperties.h"
-
 namespace quorvane {
 
 namespace {
@@ -33,42 +30,28 @@ xcb_window_t changedWindow(XConnection& x, const xcb_generic_event_t& event) {
 
 } // namespace
 
-X11FrontWindow::X11FrontWindow(XConnection& x, const X11Workspace& workspace, const X11Screens& screens)
+X11FrontWindow::X11FrontWindow(XConnection& x, const X11Workspace& workspace, WindowStack& stack)
     : x_(x)
     , workspace_(workspace)
-    , screens_(screens)
     , followed_(workspace.activeWindow())
-    , events_(x.onEvent([this](const auto& event) { handle(event); })) {
+    , events_(x.onEvent([this](const auto& event) { handle(event); }))
+    , stackChanges_(stack.changed.connect([this] { collect(); })) {
     x_.internAtoms({"_GTK_FRAME_EXTENTS"});
     collecting_.setSingleShot(true);
     collecting_.setInterval(pauseBetweenChanges);
-    QObject::connect(&collecting_, &QTimer::timeout, &collecting_, [this] { tell(); });
+    QObject::connect(&collecting_, &QTimer::timeout, &collecting_, [this] { changed.emit(); });
 }
 
 void X11FrontWindow::handle(const xcb_generic_event_t& event) {
     // The workspace has seen the event before, and has no active window any more if that one was destroyed.
     const auto active = workspace_.activeWindow();
-    if (active != XCB_WINDOW_NONE && active != followed_) {
-        followed_ = active;
-        told_.reset();
-    }
+    if (active != XCB_WINDOW_NONE) followed_ = active;
     const auto window = changedWindow(x_, event);
-    const bool isFollowed = window != XCB_WINDOW_NONE && window == followed_;
-    if (isFollowed && !collecting_.isActive()) collecting_.start();
+    if (window != XCB_WINDOW_NONE && window == followed_) collect();
 }
 
-void X11FrontWindow::tell() {
-    std::optional<Rect> bounds;
-    if (const auto window = workspace_.activeWindow(); window != XCB_WINDOW_NONE) {
-        XProperty shadow(x_, window, "_GTK_FRAME_EXTENTS");
-        const auto found = stackedWindow(x_, window);
-        if (found.isPopUp) return; // None of those that a user works in.
-        if (found.isVisible)
-            bounds = screens_.points().fromTopLeft(withoutShadow(found.bounds, shadow.values()));
-    }
-    if (told_ && *told_ == bounds) return;
-    told_ = bounds;
-    changed.emit(bounds);
+void X11FrontWindow::collect() {
+    if (!collecting_.isActive()) collecting_.start();
 }
 
 } // namespace quorvane

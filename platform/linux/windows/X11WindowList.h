@@ -1,11 +1,14 @@
 #pragma once
 
+#include <cstdint>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/OnScreenWindowList.h"
 #include "platform/linux/applications/ApplicationIdentities.h"
 #include "platform/linux/applications/X11Launchers.h"
-#include "platform/linux/windows/StackedWindow.h"
+#include "platform/linux/windows/WindowStack.h"
+#include "platform/linux/windows/X11FrontWindow.h"
 #include "platform/linux/windows/X11Screens.h"
 #include "platform/linux/x11/XConnection.h"
 
@@ -18,28 +21,47 @@ namespace quorvane {
 /// Bounds are those of a window's contents, without the window manager's frame, in whose corners the buttons
 /// are, and without the shadow that some programs draw around their windows themselves.
 /// Layers are the source platform's: 27 for launchers, 101 for windows outside the window manager's reach
-/// (menus), 25 for docks and panels, 3 for windows kept above others, 0 for normal ones, -1 for those kept
-/// below, -1000 for the desktop.
+/// (menus), 25 for docks and panels, 3 for tools and the like that are kept above others, 0 for normal
+/// windows whether they are kept above others or not, -1 for those kept below, -1000 for the desktop.
 ///
-/// Reading costs six round trips at most, however many windows there are.
+/// The list is kept up by events, see `WindowStack`: reading it costs nothing while nothing happens, and two
+/// round trips after windows have changed, however many windows there are.
 class X11WindowList : public OnScreenWindowList {
 public:
-    X11WindowList(XConnection& x, ApplicationIdentities& identities, const X11Screens& screens,
-                  X11Launchers& launchers);
+    X11WindowList(XConnection& x, ApplicationIdentities& identities, const X11Workspace& workspace,
+                  const X11Screens& screens, X11Launchers& launchers);
 
     std::vector<WindowDescription> windows() const override;
     Subscription
     addLauncherObserver(std::function<void(const std::optional<OpenLauncher>& open)> handler) override;
+    Subscription addFrontWindowObserver(std::function<void()> handler) override {
+        return frontWindow_.changed.connect(std::move(handler));
+    }
 
 private:
+    /// What the window manager and the program say about a window.
+    struct Described {
+        std::optional<std::string> title;
+        std::vector<std::uint32_t> shadow;
+        int layer = 0; ///< As a window that is neither a launcher nor a menu.
+        bool isStale = true;
+        std::uint32_t askedAt = 0; ///< The request's number: what was told before it is known.
+    };
+    struct Question;
+
+    void describe(const std::vector<StackedWindow>& stack) const;
+    int layerOf(const std::vector<std::uint32_t>& states, const std::vector<std::uint32_t>& types) const;
     std::optional<OpenLauncher> openLauncher() const;
-    int layerOf(const StackedWindow& window, std::vector<std::uint32_t> states,
-                const std::vector<std::uint32_t>& types) const;
+    void handle(const xcb_generic_event_t& event);
 
     XConnection& x_;
     ApplicationIdentities& identities_;
     const X11Screens& screens_;
     X11Launchers& launchers_;
+    mutable WindowStack stack_;
+    X11FrontWindow frontWindow_;
+    mutable std::unordered_map<xcb_window_t, Described> described_;
+    Subscription events_;
 };
 
 } // namespace quorvane

@@ -35,6 +35,9 @@ public:
     /// After it was read: the server refused to tell, because the window has vanished.
     bool isRefused() const { return isRefused_; }
 
+    /// The request's number: what the server has told before it is known by now.
+    std::uint32_t sequence() const { return cookie_.sequence; }
+
 private:
     XcbReply<xcb_get_property_reply_t> take(std::uint8_t format);
 

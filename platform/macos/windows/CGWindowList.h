@@ -17,6 +17,7 @@ public:
     Subscription addLauncherObserver(std::function<void(const std::optional<OpenLauncher>&)>) override {
         return {};
     }
+    Subscription addFrontWindowObserver(std::function<void()>) override { return {}; }
 };
 
 } // namespace quorvane

@@ -5,7 +5,7 @@
 
 #include "linux/program/ProgramSession.h"
 #include "linux/support/AccessibleTree.h"
-#include "platform/linux/windows/StackedWindow.h"
+#include "linux/support/ShownWindows.h"
 #include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {

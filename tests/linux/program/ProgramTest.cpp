@@ -7,7 +7,7 @@
 
 #include "linux/program/ProgramSession.h"
 #include "linux/support/TestWindow.h"
-#include "platform/linux/windows/StackedWindow.h"
+#include "linux/support/ShownWindows.h"
 #include "settings/Keys.h"
 #include "virtual-desktop/WaitUntil.h"
 

@@ -8,8 +8,8 @@
 #include <gtest/gtest.h>
 
 #include "linux/program/ProgramSession.h"
+#include "linux/support/ShownWindows.h"
 #include "linux/support/TestWindow.h"
-#include "platform/linux/windows/StackedWindow.h"
 #include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {

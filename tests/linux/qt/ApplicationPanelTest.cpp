@@ -25,7 +25,12 @@ protected:
         install("hidden", "Name=Never\nNoDisplay=true\n");
         install("elsewhere", "Name=Never\nOnlyShowIn=NoSuchDesktop;\n");
         install("missing", "Name=Never\nTryExec=no-such-program\n");
+        // Launchers that no menu shows.
+        install("org.kde.krunner", "Name=KRunner\nNoDisplay=true\n");
+        qputenv("PATH", (folders_.home() + "/bin").toUtf8());
+        program("bin/dmenu");
     }
+    ~ApplicationPanelTest() override { qputenv("PATH", path_); }
     void install(const QString& id, const QByteArray& lines) {
         folders_.write("data/applications/" + id + ".desktop", "[Desktop Entry]\nType=Application\n" + lines);
     }
@@ -33,6 +38,9 @@ protected:
     void open() {
         panel_.beginChoosingApplication([this](const Choice& choice) { chosen_.push_back(choice); });
         ASSERT_TRUE(waitUntil([] { return qobject_cast<QLineEdit*>(QApplication::focusWidget()); }));
+    }
+    void program(const QString& file) {
+        QFile::setPermissions(folders_.write(file, "#!/bin/sh\n"), QFile::ReadOwner | QFile::ExeOwner);
     }
     void type(std::initializer_list<std::uint8_t> keycodes) {
         for (const auto keycode : keycodes)
@@ -46,6 +54,7 @@ protected:
         return waitUntil([] { return !QApplication::activeWindow(); });
     }
 
+    const QByteArray path_ = qgetenv("PATH");
     ScratchFolders folders_;
     DesktopEntries entries_ = DesktopEntries::ofEnvironment();
     QtOpenPanel panel_{entries_};
@@ -53,7 +62,8 @@ protected:
     std::vector<Choice> chosen_;
 };
 
-constexpr std::uint8_t a = 38, h = 43, l = 46, p = 33, escape = 9, enter = 36, down = 116;
+constexpr std::uint8_t a = 38, d = 40, h = 43, k = 45, l = 46, m = 58, p = 33, r = 27, escape = 9, enter = 36,
+                       down = 116;
 
 TEST_F(ApplicationPanelTest, IsUsedByKeyboard) {
     struct {
@@ -61,7 +71,9 @@ TEST_F(ApplicationPanelTest, IsUsedByKeyboard) {
         std::vector<Choice> chosen;
     } const cases[] = {
         {{enter}, {"sub-deep"}},
-        {{down, down, down, enter}, {"plain"}},
+        {{down, down, down, down, down, enter}, {"plain"}},
+        {{d, m, enter}, {"dmenu"}},
+        {{k, r, enter}, {"org.kde.krunner"}},
         {{a, l, p, enter}, {"sub-deep"}},
         {{h, h, enter, escape}, {}},
         {{escape}, {}},
@@ -96,12 +108,10 @@ TEST_F(ApplicationPanelTest, TakesAFileFromElsewhere) {
 
 TEST_F(ApplicationPanelTest, TellsTheApplicationOfAFile) {
     const auto path = [&](const char* file) { return folders_.home() + "/" + file; };
-    const auto program = [&](const char* file) {
-        QFile::setPermissions(folders_.write(file, "#!/bin/sh\n"), QFile::ReadOwner | QFile::ExeOwner);
-    };
     program("bin/plain");
     program("bin/lonely");
     program("bin/dmenu.other");
+    QFile::remove(path("bin/dmenu"));
     QFile::link(path("bin/dmenu.other"), path("bin/dmenu"));
     QFile::link(path("data/applications/sub/deep.desktop"), path("link.desktop"));
     QFile::link(path("nowhere"), path("dangling"));

@@ -7,13 +7,12 @@
 
 #include <xcb/xfixes.h>
 
+#include "linux/support/ShownWindows.h"
 #include "linux/x11/X11Session.h"
 #include "platform/linux/keyboard/X11EventMonitor.h"
 #include "platform/linux/qt/QtImage.h"
 #include "platform/linux/qt/QtIndicatorWindow.h"
-#include "platform/linux/windows/StackedWindow.h"
 #include "platform/linux/windows/X11Cursor.h"
-#include "platform/linux/windows/X11FrontWindow.h"
 #include "platform/linux/windows/X11WindowList.h"
 
 namespace quorvane {
@@ -60,7 +59,8 @@ TEST(IndicatorWindowTest, StandsAtThePixelAskedForOnEveryKindOfScreen) {
     const auto pixels = stackedWindow(*session.x, other.window()).bounds;
     for (const double scale : {1.0, 2.0}) {
         Shown shown(session, scale);
-        const X11WindowList list(*session.x, session.identities, shown.screens, session.launchers);
+        const X11WindowList list(*session.x, session.identities, session.workspace, shown.screens,
+                                 session.launchers);
         EXPECT_EQ(list.windows().front().bounds, (Rect{(pixels.x - 800) / scale, pixels.y / scale,
                                                        pixels.width / scale, pixels.height / scale}));
         EXPECT_EQ(shown.screens.mainScreen()->frame, (Rect{-800 / scale, 0, 800 / scale, 900 / scale}));
@@ -76,8 +76,9 @@ TEST(IndicatorWindowTest, StandsAtThePixelAskedForOnEveryKindOfScreen) {
                      {{-infinity, -1e300}, -32768, 32767}};
         for (const auto& each : cases) {
             shown.indicator.setFrameOrigin(each.origin);
-            EXPECT_EQ(stackedWindow(*session.x, native).bounds, (Rect{each.x, each.y, side, side}))
-                << each.origin.x;
+            EXPECT_TRUE(waitUntil([&] {
+                return stackedWindow(*session.x, native).bounds == Rect{each.x, each.y, side, side};
+            })) << each.origin.x;
         }
     }
 }
@@ -115,6 +116,12 @@ TEST_P(IndicatorOnWindowManager, IsAboveTheWholeScreenAndInNoList) {
     }
     EXPECT_THAT(session_.user.values(session_.user.root(), "_NET_CLIENT_LIST"),
                 testing::UnorderedElementsAre(first.window(), second.window()));
+    const auto indicator = shown_.native().window;
+    const TestWindow menu({"popup=1", "at=0,0,1600,900"});
+    EXPECT_TRUE(waitUntil([&] {
+        const auto stack = stackedWindows(*session_.x);
+        return stack[0].window == indicator && stack[1].window == menu.window();
+    }));
 }
 
 TEST_P(IndicatorOnWindowManager, IsDraggedExactlyAndWithoutTellingAnybody) {
@@ -122,7 +129,7 @@ TEST_P(IndicatorOnWindowManager, IsDraggedExactlyAndWithoutTellingAnybody) {
     ASSERT_TRUE(session_.waitForFront("Other"));
     shown_.indicator.setFrameOrigin({400, 500});
     const Rect start{400, 380, 20, 20};
-    ASSERT_EQ(shown_.place(), start);
+    ASSERT_TRUE(waitUntil([&] { return shown_.place() == start; }));
     X11EventMonitor monitor(*session_.x);
     int told = 0;
     const auto clicks = monitor.addGlobalMonitor(eventMask(EventType::leftMouseUp), [&](auto&) { ++told; });
@@ -165,8 +172,8 @@ TEST(IndicatorWindowTest, HasTheShapeOfWhatIsDrawn) {
         return session.user.pixelAt(x, y) & 0xffffff;
     };
     const auto desktop = pixel(390, 370);
+    EXPECT_TRUE(waitUntil([&] { return pixel(410, 390) > 0xe00000U; }));
     EXPECT_EQ(pixel(400, 380), desktop);
-    EXPECT_GT(pixel(410, 390), 0xe00000U);
     QImage red(64, 16, QImage::Format_ARGB32);
     red.fill(Qt::red);
     shown.indicator.iconView().setImage(QtImage::make(red));
@@ -180,37 +187,88 @@ TEST(IndicatorWindowTest, HasTheShapeOfWhatIsDrawn) {
     EXPECT_TRUE(waitUntil([&] { return shown.native().window == XCB_WINDOW_NONE; }));
 }
 
-TEST(X11FrontWindowTest, TellsWhereTheActiveWindowHasGone) {
-    X11Session session;
-    const X11Screens screens(*session.x, session.workspace, 2);
-    const X11WindowList list(*session.x, session.identities, screens, session.launchers);
-    X11FrontWindow front(*session.x, session.workspace, screens);
-    std::vector<std::optional<Rect>> told;
-    const auto telling = front.changed.connect([&](const auto& bounds) { told.push_back(bounds); });
-    TestWindow window({"class=Moved", "at=100,100,500,300"});
-    ASSERT_TRUE(session.waitForFront("Moved"));
-    const auto id = QString::number(window.window());
-    // clang-format off
-    const std::function<void()> changes[] = {
-        [&] { run("xdotool", {"windowmove", id, "300", "200"}); },
-        [&] { run("xdotool", {"windowsize", id, "640", "480"}); },
-        [&] { session.user.setValues(window.window(), "_GTK_FRAME_EXTENTS", {10, 10, 20, 20}); },
-        [&] { session.user.minimise(window.window()); },
-        [&] { session.user.activate(window.window()); },
-        [&] { window.end(); }};
-    // clang-format on
-    std::optional<Rect> last;
-    for (const auto& change : changes) {
-        change();
-        const auto seen = [&]() -> std::optional<Rect> {
-            const auto windows = list.windows();
-            return windows.empty() || !windows.front().isOnScreen ? std::nullopt
-                                                                  : std::optional(windows.front().bounds);
-        };
-        EXPECT_TRUE(waitUntil([&] { return seen() != last && !told.empty() && told.back() == seen(); }));
-        last = seen();
+class X11WindowListTest : public testing::TestWithParam<const char*> {
+protected:
+    std::vector<WindowDescription> readAfresh() {
+        return X11WindowList(*session_.x, session_.identities, session_.workspace, screens_,
+                             session_.launchers)
+            .windows();
     }
-    EXPECT_FALSE(last);
+    /// The requests that are made by the time that this returns.
+    unsigned requests() { return xcb_no_operation(session_.x->xcb()).sequence; }
+
+    X11Session session_{GetParam()};
+    X11Screens screens_{*session_.x, session_.workspace, 2};
+    X11WindowList list_{*session_.x, session_.identities, session_.workspace, screens_, session_.launchers};
+};
+INSTANTIATE_TEST_SUITE_P(X11, X11WindowListTest, testing::Values("openbox", "xfwm4"),
+                         [](const auto& instance) { return std::string(instance.param); });
+
+TEST_P(X11WindowListTest, IsKeptUpByEventsAndTellsWhenTheFrontWindowMoves) {
+    int told = 0;
+    const auto telling = list_.addFrontWindowObserver([&] { ++told; });
+    std::optional<TestWindow> front, other, menu;
+    const auto id = [&] { return QString::number(front->window()); };
+    // clang-format off
+    const struct {
+        const char* what;
+        std::function<void()> happens;
+        bool isTold = true;
+        bool isToBeSeen = true; ///< In the list, when it is over.
+    } changes[] = {
+        {"a window", [&] { front.emplace(QStringList{"class=Front", "title=Front", "at=100,100,500,300"}); }},
+        {"a menu", [&] { menu.emplace(QStringList{"class=Front", "popup=1", "at=0,0,50,50"}); }, false},
+        {"the menu is closed", [&] { menu.reset(); }, false},
+        {"moved", [&] { run("xdotool", {"windowmove", id(), "300", "200"}); }},
+        {"resized", [&] { run("xdotool", {"windowsize", id(), "640", "480"}); }},
+        {"a shadow", [&] { session_.user.setValues(front->window(), "_GTK_FRAME_EXTENTS", {9, 9, 20, 20}); }},
+        {"another title", [&] { session_.user.setText(front->window(), "_NET_WM_NAME", "UTF8_STRING", "Other"); }, false},
+        {"another window", [&] { other.emplace(QStringList{"class=Other", "title=Other"}); }},
+        {"brought to the front", [&] { session_.user.activate(front->window()); }},
+        {"filling the screen", [&] { session_.user.fillScreen(front->window()); }},
+        {"minimised", [&] { session_.user.minimise(front->window()); }},
+        {"shown again", [&] { session_.user.activate(front->window()); }},
+        {"another window manager", [&] { session_.manager.reset(); session_.manager.emplace(GetParam()); }, true, false},
+        {"closed", [&] { front->end(); }}};
+    // clang-format on
+    auto last = list_.windows();
+    for (const auto& change : changes) {
+        told = 0;
+        change.happens();
+        EXPECT_TRUE(waitUntil([&] {
+            return list_.windows() == readAfresh() && (list_.windows() != last || !change.isToBeSeen) &&
+                   (told > 0 || !change.isTold);
+        })) << change.what;
+        session_.handleWhatHappened();
+        last = list_.windows();
+    }
+    const auto before = requests();
+    EXPECT_EQ(list_.windows(), last);
+    EXPECT_EQ(requests(), before + 1) << "nothing is asked while nothing happens";
+}
+
+TEST_P(X11WindowListTest, KnowsWindowsToWorkInFromOthers) {
+    const struct {
+        const char* what;
+        QStringList arguments;
+        std::string added; ///< To its state.
+        std::optional<std::string> title;
+        int layer;
+    } cases[] = {
+        {"normal", {"title=Normal"}, {}, "Normal", 0},
+        {"always on top", {"title=Top"}, "_NET_WM_STATE_ABOVE", "Top", 0},
+        {"a tool, always on top", {"title=Tool", "type=UTILITY"}, "_NET_WM_STATE_ABOVE", "Tool", 3},
+        {"always below", {"title=Bottom"}, "_NET_WM_STATE_BELOW", "Bottom", -1},
+        {"an empty title", {"_NET_WM_NAME="}, {}, "", 0},
+    };
+    for (const auto& each : cases) {
+        const TestWindow window(each.arguments + QStringList{"class=Shown"});
+        if (!each.added.empty()) session_.user.setState(window.window(), each.added, true);
+        EXPECT_TRUE(waitUntil([&] {
+            const auto windows = list_.windows();
+            return windows.size() == 1 && windows[0].name == each.title && windows[0].layer == each.layer;
+        })) << each.what;
+    }
 }
 
 TEST(X11CursorTest, KnowsTheTextCursorByItsName) {

@@ -75,7 +75,7 @@ private:
 
     std::map<std::string, TestWindow> windows_;
     X11Screens screens_{*session_.x, session_.workspace, 1};
-    X11WindowList list_{*session_.x, session_.identities, screens_, session_.launchers};
+    X11WindowList list_{*session_.x, session_.identities, session_.workspace, screens_, session_.launchers};
 };
 
 class X11ScreensBench : public X11Bench<ScreensBench> {
