@@ -41,6 +41,13 @@ DesktopFacts factsOfX11() {
     };
 }
 
+/// Who may run without a window and matters: the companion, and the launchers for the user's table.
+std::vector<std::string> applicationsWithoutWindows() {
+    auto ids = launcherIdentifiers();
+    ids.emplace_back(maker::companionBundleIdentifier);
+    return ids;
+}
+
 /// Where the session looks for what the user wants started at login.
 std::string autostartFolder() {
     return QStandardPaths::writableLocation(QStandardPaths::ConfigLocation).toStdString() + "/autostart";
@@ -52,7 +59,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     : defaults_(LinuxUserDefaults::configFolder(), maker::bundleIdentifier)
     , distributedNotifications_(maker::distributedNotificationInterface,
                                 [this] { defaults_.flushPendingWrites(); })
-    , busApplications_({std::string(maker::companionBundleIdentifier)})
+    , busApplications_(applicationsWithoutWindows())
     , desktopEntries_(DesktopEntries::ofEnvironment())
     , identities_(x, desktopEntries_)
     , launchers_(x)
