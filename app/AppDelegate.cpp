@@ -28,7 +28,11 @@ AppDelegate::AppDelegate(Desktop& desktop)
                    openLaunchers_, companion_, [this] { reset(); })
     , stateTip_(desktop.inputSources, desktop.images, desktop.defaults, interface_.iconView,
                 interface_.iconBox)
-    , inputChangeWatch_(desktop.runLoop, [this] { stateTip_.inputChnagedNotification(); })
+    , inputChangeWatch_(desktop.runLoop,
+                        [this] {
+                            stateTip_.inputChnagedNotification();
+                            statusBarIcon_.toolTipChanged();
+                        })
     , indicator_(interface_, desktop.screens, desktop.windowList, desktop.workspace, desktop.cursor,
                  standardDefaults_, openLaunchers_, stateTip_)
     , followWindowWatch_(desktop.globalEvents, standardDefaults_, companion_, indicator_)
@@ -45,7 +49,9 @@ AppDelegate::AppDelegate(Desktop& desktop)
                           desktop.facts.loginItemsCommand)
     , launchAtLogin_(desktop.loginItems, standardDefaults_, desktop.log)
     , settingsMirror_(desktop.defaults)
-    , statusBarIcon_(desktop.statusBar, desktop.images, statusMenu()) {
+    , statusToolTip_(inputDecision_, desktop.inputSources, desktop.applicationBundles, desktop.application)
+    , statusBarIcon_(desktop.statusBar, desktop.images, statusMenu(),
+                     [this] { return statusToolTip_.text(); }) {
     theDelegate = this;
 }
 
@@ -99,6 +105,7 @@ void AppDelegate::observeWorkspace() {
 }
 
 void AppDelegate::observeDistributedNotifications() {
+    subscriptions_.push_back(inputDecision_.decided.connect([this] { statusBarIcon_.toolTipChanged(); }));
     subscriptions_.push_back(desktop_.distributedNotifications.addObserver(
         selectedKeyboardInputSourceChangedNotification, [this](const DistributedNotification& notification) {
             inputChangeWatch_.inputSourceChanged(notification);

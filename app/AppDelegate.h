@@ -8,6 +8,7 @@
 #include "app/LoginItemsReminder.h"
 #include "app/SettingsMirror.h"
 #include "app/StatusBarIcon.h"
+#include "app/StatusToolTip.h"
 #include "indicator/FollowWindowWatch.h"
 #include "indicator/InputIndicator.h"
 #include "input/CompanionLink.h"
@@ -91,6 +92,7 @@ private:
     LoginItemsReminder loginItemsReminder_;
     LaunchAtLoginController launchAtLogin_;
     SettingsMirror settingsMirror_;
+    StatusToolTip statusToolTip_;
     StatusBarIcon statusBarIcon_;
     std::unique_ptr<AppPrefsWindowController> preferences_;
 

@@ -15,6 +15,8 @@ XServer::XServer(const QString& layouts) {
     process_.setStandardErrorFile(QProcess::nullDevice());
     const QStringList arguments{"-displayfd",  "1",         "-screen", "0",
                                 "1600x900x24", "-nolisten", "tcp",     "-noreset"};
+    for (const auto* ofAnotherSession : {"WAYLAND_DISPLAY", "XDG_SESSION_TYPE", "SESSION_MANAGER"})
+        qunsetenv(ofAnotherSession);
     qputenv("DISPLAY", ":" + process_.startAndReadLine("Xvfb", arguments));
     if (layouts.isEmpty()) return;
     const auto status =

@@ -92,7 +92,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     }))
     , application_(x)
     , applicationBundles_(desktopEntries_)
-    , interfaceFiles_(screens_, {x, notifications_, defaults_.standardUserDefaults()})
+    , interfaceFiles_(x, screens_, notifications_, defaults_.standardUserDefaults())
     , activations_(workspace_.addObserver(WorkspaceNotification::didActivateApplication,
                                           [this](const auto&) { interfaceFiles_.raiseIndicator(); }))
     , frontWindowChanges_(frontWindow_.changed.connect([this](const auto& bounds) {
@@ -100,6 +100,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
         tellFrontWindow(bounds);
     }))
     , launcherChanges_(launchers_.onChange([this] { interfaceFiles_.raiseIndicator(); }))
+    , statusBar_(x)
     , alerts_(x)
     , openPanel_(desktopEntries_)
     , processes_([this] { defaults_.flushPendingWrites(); })

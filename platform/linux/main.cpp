@@ -11,6 +11,7 @@
 #include "platform/linux/LinuxDesktop.h"
 #include "platform/linux/Log.h"
 #include "platform/linux/UnixSignals.h"
+#include "platform/linux/WaylandSession.h"
 #include "platform/linux/appearance/ColorScheme.h"
 #include "platform/linux/localization/Translations.h"
 #include "platform/linux/qt/TemplateIcon.h"
@@ -100,6 +101,8 @@ int main(int argc, char** argv) {
     // Its timer would wake an idle program half a minute after a picture was drawn, to free a few pixels.
     QPixmapCache::setCacheLimit(0);
 
+    // Logged in English: no translation is there yet.
+    if (quorvane::isWaylandSession()) quorvane::logLine(quorvane::waylandNotice().toStdString());
     quorvane::installTranslations();
 
     const auto x = quorvane::XConnection::open();

@@ -10,11 +10,14 @@ public:
 
     void setTemplateImage(ImageRef image) override { state_->image = std::move(image); }
     void setMenu(Menu menu) override { state_->menu = std::move(menu); }
+    void setToolTip(std::function<std::string()> toolTip) override { toolTip_ = std::move(toolTip); }
+    void toolTipChanged() override { state_->toolTip = toolTip_(); }
     void setHighlightMode(bool highlights) override { state_->highlights = highlights; }
     void setVisible(bool visible) override { state_->isVisible = visible; }
 
 private:
     std::shared_ptr<SimulatedStatusItemState> state_;
+    std::function<std::string()> toolTip_;
 };
 
 } // namespace

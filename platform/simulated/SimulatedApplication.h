@@ -93,6 +93,7 @@ public:
 struct SimulatedStatusItemState {
     ImageRef image;
     Menu menu;
+    std::string toolTip;
     bool highlights = false;
     bool isVisible = false;
 };

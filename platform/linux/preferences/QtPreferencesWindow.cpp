@@ -62,7 +62,16 @@ void QtPreferencesWindow::setFrameOrigin(Point origin) {
 }
 
 void QtPreferencesWindow::makeKeyAndOrderFront() {
+    if (!isVisible()) fitScreen();
     bringToUser(x_, *this);
+}
+
+/// Before it opens: never larger than what the screen has room for, frame and all.
+void QtPreferencesWindow::fitScreen() {
+    constexpr QSize frame(16, 48); // about that of most window managers
+    const auto* pointed = QGuiApplication::screenAt(QCursor::pos());
+    const auto room = (pointed ? pointed : screen())->availableGeometry().size() - frame;
+    resize(size().boundedTo(room));
 }
 
 void QtPreferencesWindow::dressUp() {
