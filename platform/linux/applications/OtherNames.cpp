@@ -1,5 +1,7 @@
 #include "platform/linux/applications/OtherNames.h"
 
+#include <chrono>
+
 #include "platform/linux/applications/ApplicationFiles.h"
 #include "settings/FormerIdentifiers.h"
 #include "settings/Keys.h"
@@ -13,7 +15,11 @@ OtherNames::OtherNames(UserDefaultsStores& stores, ApplicationIdentities& identi
     , renames_(identities.renamed.connect([this](const std::string& wmClass, const std::string& program) {
         if (programs_.insert_or_assign(wmClass, program).second) takeOver();
     }))
-    , changes_(stores.standardUserDefaults().addObserver(key::autoInput, [this](auto) { takeOver(); })) {
+    , changes_(stores.standardUserDefaults().addObserver(key::autoInput, [this](auto) { quiet_.start(); })) {
+    // All rules are written at once, and whoever is just writing several of them shall not lose one.
+    quiet_.setSingleShot(true);
+    quiet_.setInterval(std::chrono::seconds(1));
+    QObject::connect(&quiet_, &QTimer::timeout, &quiet_, [this] { takeOver(); });
     takeOver();
 }
 

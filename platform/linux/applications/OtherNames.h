@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 
+#include <QTimer>
+
 #include "platform/Subscription.h"
 #include "platform/UserDefaults.h"
 #include "platform/linux/applications/ApplicationIdentities.h"
@@ -26,6 +28,7 @@ private:
     UserDefaultsStores& stores_;
     DesktopEntries& entries_;
     std::map<std::string, std::string> programs_; ///< By class.
+    QTimer quiet_;
     Subscription renames_;
     Subscription changes_;
 };
