@@ -18,8 +18,8 @@ private:
     ChildProcess process_;
 };
 
-/// A window manager ("openbox", "xfwm4", "bspwm") on the current display; ready when the constructor returns. Ends
-/// with this object.
+/// A window manager ("openbox", "xfwm4", "bspwm") on the current display; ready when the constructor returns.
+/// Ends with this object.
 class WindowManager {
 public:
     explicit WindowManager(const QString& program);

@@ -35,6 +35,13 @@ DesktopFacts factsOfX11() {
     };
 }
 
+/// Who may run without a window and matters: the companion, and the launchers for the user's table.
+std::vector<std::string> applicationsWithoutWindows() {
+    auto ids = launcherIdentifiers();
+    ids.emplace_back(maker::companionBundleIdentifier);
+    return ids;
+}
+
 /// Where the session looks for what the user wants started at login.
 std::string autostartFolder() {
     return QStandardPaths::writableLocation(QStandardPaths::ConfigLocation).toStdString() + "/autostart";
@@ -46,9 +53,10 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     : defaults_(LinuxUserDefaults::configFolder(), maker::bundleIdentifier)
     , distributedNotifications_(maker::distributedNotificationInterface,
                                 [this] { defaults_.flushPendingWrites(); })
-    , busApplications_({std::string(maker::companionBundleIdentifier)})
+    , busApplications_(applicationsWithoutWindows())
     , desktopEntries_(DesktopEntries::ofEnvironment())
     , identities_(x, desktopEntries_)
+    , otherNames_(defaults_, identities_, desktopEntries_)
     , launchers_(x)
     , workspace_(x, identities_, launchers_, &busApplications_)
     , screens_(x, workspace_, qGuiApp->devicePixelRatio())
@@ -71,7 +79,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
             {std::string(selectedKeyboardInputSourceChangedNotification), {}});
     }))
     , application_(x)
-    , applicationBundles_(desktopEntries_, workspace_)
+    , applicationBundles_(desktopEntries_)
     , interfaceFiles_(x, screens_, notifications_, defaults_.standardUserDefaults())
     , activations_(workspace_.addObserver(WorkspaceNotification::didActivateApplication,
                                           [this](const auto&) { interfaceFiles_.raiseIndicator(); }))

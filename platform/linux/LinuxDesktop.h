@@ -5,6 +5,7 @@
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxLog.h"
 #include "platform/linux/LinuxProcesses.h"
+#include "platform/linux/applications/OtherNames.h"
 #include "platform/linux/applications/X11Workspace.h"
 #include "platform/linux/dbus/BusApplications.h"
 #include "platform/linux/dbus/DBusNotificationCenter.h"
@@ -55,6 +56,7 @@ private:
 
     DesktopEntries desktopEntries_;
     ApplicationIdentities identities_;
+    OtherNames otherNames_;
     X11Launchers launchers_;
     X11Workspace workspace_;
     X11Screens screens_;

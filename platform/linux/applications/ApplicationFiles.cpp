@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include "platform/linux/applications/LauncherTable.h"
+#include "platform/linux/applications/ProgramNames.h"
 
 namespace quorvane {
 
@@ -38,10 +39,10 @@ std::optional<std::string> idOfDesktopFile(DesktopEntries& entries, const fs::pa
     if (auto name = file.stem().string(); entries.withId(name)) return name;
     if (!entry->startupWmClass.empty()) {
         const auto installed = entries.withStartupWmClass(entry->startupWmClass);
-        return installed ? installed->id : entry->startupWmClass;
+        return installed ? installed->id : nameOfApplication(entry->startupWmClass, entry->program);
     }
     if (entry->program.empty()) return std::nullopt;
-    return idOfProgram(entries, entry->program);
+    return isInterpreter(entry->program) ? file.stem().string() : idOfProgram(entries, entry->program);
 }
 
 std::optional<std::string> idOfExecutable(DesktopEntries& entries, const fs::path& file) {

@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include "platform/linux/applications/ProcessFacts.h"
+#include "platform/linux/applications/ProgramNames.h"
 #include "platform/linux/x11/XcbReply.h"
 #include "settings/Maker.h"
 
@@ -59,7 +60,9 @@ void ApplicationIdentities::learn(std::span<const xcb_window_t> windows) {
         // A window that vanished before the first request, and whose number was another's before the second,
         // would be remembered for ever.
         const XcbReply<xcb_generic_error_t> refusal(xcb_request_check(x_.xcb(), selections[i]));
-        if (facts[i] && !refusal) owners_[unknown[i]] = identify(*facts[i]);
+        if (!facts[i] || refusal) continue;
+        const auto& owner = owners_[unknown[i]] = identify(*facts[i]);
+        if (owner.otherId) renamed.emit(std::string(*owner.otherId), std::string(*owner.id));
     }
 }
 
@@ -107,16 +110,18 @@ WindowOwner ApplicationIdentities::identify(const WindowFacts& facts) {
         return owner;
     }
     const auto flatpakId = flatpakIdOf(facts.pid);
-    const auto program = executableNameOf(facts.pid);
+    const auto program = programNameOf(facts.pid);
     if (const auto entry = installed(facts, flatpakId, program)) {
         owner.id = entry->id;
         owner.name = entry->name;
         return owner;
     }
+    const auto name = nameOfApplication(facts.wmClass, program);
     const auto id =
-        firstNotEmpty({facts.gtkApplicationId, withoutPathAndSuffix(facts.kdeDesktopFile), flatpakId,
-                       facts.wmClass, facts.wmInstance, idOfSameProcess(facts.pid).value_or(""), program});
+        firstNotEmpty({facts.gtkApplicationId, withoutPathAndSuffix(facts.kdeDesktopFile), flatpakId, name,
+                       facts.wmInstance, idOfSameProcess(facts.pid).value_or(""), program});
     if (!id.empty()) owner.id = id;
+    if (id == name && name != facts.wmClass) owner.otherId = facts.wmClass;
     owner.name = firstNotEmpty({facts.wmClass, program, id});
     return owner;
 }

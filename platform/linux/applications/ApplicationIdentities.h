@@ -5,6 +5,7 @@
 #include <string>
 #include <unordered_map>
 
+#include "platform/Signal.h"
 #include "platform/linux/applications/DesktopEntries.h"
 #include "platform/linux/applications/LauncherTable.h"
 #include "platform/linux/applications/WindowFacts.h"
@@ -14,9 +15,10 @@ namespace quorvane {
 
 /// The application a window belongs to.
 struct WindowOwner {
-    std::optional<std::string> id; ///< A desktop-file id where there is one, see below. Never empty.
-    std::string name;              ///< In the user's language.
-    int pid = 0;                   ///< 0 when the server does not tell.
+    std::optional<std::string> id;      ///< A desktop-file id where there is one, see below. Never empty.
+    std::string name;                   ///< In the user's language.
+    std::optional<std::string> otherId; ///< By which the settings may know it, too.
+    int pid = 0;                        ///< 0 when the server does not tell.
     bool isThisProcess = false;
     bool isPartOfDesktop = false;            ///< The window is a panel or the desktop's background.
     const KnownLauncher* launcher = nullptr; ///< If it is one; id and name are the launcher's then.
@@ -31,13 +33,12 @@ struct WindowOwner {
 ///   4. the process's name inside Snap;
 ///   5. the file whose StartupWMClass is the class, then the instance, of WM_CLASS;
 ///   6. the file whose id is the class, then the instance: exactly, then without regard to case, then the
-///   last
-///      part of a reverse-DNS id;
-///   7. the file whose Exec starts the process's program, then the one whose id is that program's name,
-///   unless
-///      the program is an interpreter.
-/// Without a desktop file it is the first of these that is not empty: 1, 2, 3, the class, the instance, the
-/// id of another window of the same process, the program's name. These, too, are the same at every start.
+///      last part of a reverse-DNS id;
+///   7. the file whose Exec starts the process's program, then the one whose id is that program's name.
+/// Without a desktop file it is the first of these that is not empty: 1, 2, 3, the class, but as the program
+/// spells it (ProgramNames.h), the instance, the id of another window of the same process, the program's
+/// name. These, too, are the same at every start. A program that an interpreter runs is the script.
+///
 /// A window of which none of this is known, for instance one of another computer's programs, has no id.
 ///
 /// Windows of this process have its own id.
@@ -62,6 +63,9 @@ public:
     bool isIdentifying(xcb_atom_t property) const;
 
     DesktopEntries& entries() { return entries_; }
+
+    /// A window has been identified whose application has another id than its class.
+    Signal<const std::string& /*wmClass*/, const std::string& /*id*/> renamed;
 
 private:
     void handle(const xcb_generic_event_t& event);

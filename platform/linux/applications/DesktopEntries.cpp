@@ -1,7 +1,6 @@
 #include "platform/linux/applications/DesktopEntries.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <cstdlib>
 #include <sstream>
@@ -9,6 +8,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include "platform/linux/applications/ProgramNames.h"
 
 namespace quorvane {
 
@@ -21,14 +22,6 @@ constexpr off_t largestFile = 1 << 20; // Bytes. No real one comes near it.
 std::string environment(const char* name) {
     const char* value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): there is one thread
     return value ? value : "";
-}
-
-std::string lower(std::string_view text) {
-    std::string result(text);
-    for (char& c : result) {
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    }
-    return result;
 }
 
 std::string lastComponent(const std::string& id) {
@@ -62,16 +55,6 @@ std::string currentLocale() {
         if (auto value = environment(name); !value.empty()) return value;
     }
     return {};
-}
-
-/// Programs that run other programs: they do not tell which application it is.
-bool isInterpreter(std::string_view program) {
-    constexpr std::array names = {"bash", "dash", "electron", "flatpak", "gjs", "java", "mono",
-                                  "node", "perl", "python",   "ruby",    "sh",  "wine"};
-    return std::ranges::any_of(names, [&](std::string_view name) {
-        if (!program.starts_with(name)) return false;
-        return program.find_first_not_of("0123456789.-", name.size()) == std::string_view::npos;
-    });
 }
 
 std::string idInFolder(const fs::path& file, const fs::path& folder) {

@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "platform/linux/applications/ProgramNames.h"
+
 namespace quorvane {
 
 namespace {
@@ -18,6 +20,17 @@ std::string firstLine(const std::string& path) {
     return line;
 }
 
+/// The first argument that is no option, without its folder.
+std::string scriptNameOf(int pid) {
+    std::ifstream commandLine(processFile(pid, "cmdline"));
+    std::string argument;
+    std::getline(commandLine, argument, '\0'); // the interpreter
+    while (std::getline(commandLine, argument, '\0')) {
+        if (!argument.starts_with('-')) return argument.substr(argument.rfind('/') + 1);
+    }
+    return {};
+}
+
 } // namespace
 
 std::string executableNameOf(int pid) {
@@ -27,6 +40,13 @@ std::string executableNameOf(int pid) {
     constexpr std::string_view deleted = " (deleted)";
     if (name.ends_with(deleted)) name.resize(name.size() - deleted.size());
     return name;
+}
+
+std::string programNameOf(int pid) {
+    auto name = executableNameOf(pid);
+    if (!isInterpreter(name)) return name;
+    const auto script = scriptNameOf(pid);
+    return script.empty() ? name : script;
 }
 
 std::string flatpakIdOf(int pid) {

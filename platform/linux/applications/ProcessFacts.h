@@ -10,6 +10,9 @@ namespace quorvane {
 /// The base name of the program it runs.
 std::string executableNameOf(int pid);
 
+/// The same, or where that is an interpreter, of the script if there is one.
+std::string programNameOf(int pid);
+
 /// The application's name inside Flatpak, which is its desktop-file id.
 std::string flatpakIdOf(int pid);
 

@@ -31,21 +31,25 @@ BusApplications::BusApplications(const std::vector<std::string>& ids) {
                          QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
                          SLOT(disconnected()));
     for (const auto& id : ids)
-        isRunning(id);
+        follow(id);
 }
 
 bool BusApplications::isRunning(std::string_view id) {
+    return follow(id);
+}
+
+bool BusApplications::follow(std::string_view id) {
     auto known = names_.find(id);
     if (known == names_.end()) {
         if (!isBusName(id)) return false;
         known = names_.emplace(id, Name()).first;
-        follow(QString::fromStdString(known->first)); // Before it is asked: no change in between is missed.
+        listen(QString::fromStdString(known->first)); // Before it is asked: no change in between is missed.
     }
     if (!known->second.isAsked) ask(known->first);
     return known->second.isOwned;
 }
 
-void BusApplications::follow(const QString& name) {
+void BusApplications::listen(const QString& name) {
     sessionBus().connect(busService, busPath, busService, QStringLiteral("NameOwnerChanged"), {name},
                          QString(), this, SLOT(ownerChanged(QString, QString, QString)));
 }

@@ -37,7 +37,8 @@ private:
 
     Q_SLOT void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
     Q_SLOT void disconnected();
-    void follow(const QString& name);
+    bool follow(std::string_view id); ///< Whether it is owned, as far as the bus has told.
+    void listen(const QString& name);
     void ask(const std::string& id);
     void answered(const std::string& id, const QDBusPendingCallWatcher& answer);
 

@@ -1,5 +1,7 @@
 #include "platform/linux/qt/LinuxApplicationBundles.h"
 
+#include <algorithm>
+
 #include <QFile>
 #include <QLocale>
 #include <QStandardPaths>
@@ -24,27 +26,20 @@ std::string baseName(std::string_view path) {
     return std::string(path.substr(path.rfind('/') + 1));
 }
 
+/// In reverse-DNS style, with two dots at least: classes and programs may have one ("Kupfer.py").
+bool isStyledLikeDesktopFiles(std::string_view id) {
+    const bool isPath = id.find('/') != std::string_view::npos;
+    return !isPath && std::ranges::count(id, '.') >= 2;
+}
+
 } // namespace
 
 std::optional<std::string> LinuxApplicationBundles::absolutePathForAppBundle(std::string_view id) const {
-    const auto entry = entries_.withId(id);
-    return entry ? std::optional(entry->path) : programOf(id);
-}
-
-std::optional<std::string> LinuxApplicationBundles::programOf(std::string_view id) const {
+    if (const auto entry = entries_.withId(id)) return entry->path;
+    if (id.empty() || isStyledLikeDesktopFiles(id)) return std::nullopt;
     const auto name = QString::fromUtf8(id.data(), qsizetype(id.size()));
-    if (name.contains('/')) return std::nullopt;
-    // Windows of xterm say "XTerm".
-    for (const auto& program : {name, name.toLower()}) {
-        const auto path = QStandardPaths::findExecutable(program);
-        if (!path.isEmpty()) return path.toStdString();
-    }
-    for (const auto& running : workspace_.runningApplications()) {
-        if (running.bundleIdentifier != id || running.processIdentifier == 0) continue;
-        const auto path = QFile::symLinkTarget(QStringLiteral("/proc/%1/exe").arg(running.processIdentifier));
-        if (!path.isEmpty()) return path.toStdString();
-    }
-    return std::nullopt;
+    const auto program = name.contains('/') ? name : QStandardPaths::findExecutable(name);
+    return (program.isEmpty() ? name : program).toStdString();
 }
 
 std::string LinuxApplicationBundles::displayNameAtPath(std::string_view path) const {

@@ -1,29 +1,26 @@
 #pragma once
 
 #include "platform/ApplicationBundles.h"
-#include "platform/Workspace.h"
 #include "platform/linux/applications/DesktopEntries.h"
 
 namespace quorvane {
 
-/// The installed applications. An application's bundle is its desktop file, or if it has none, its program:
-/// the one of its name, as windows usually name it, or the one that is running.
+/// The installed applications. An application's bundle is its desktop file, or if it has none, the program of
+/// its name. What has neither, like a program that an interpreter runs or one outside the usual folders, is
+/// taken for installed, with nothing but its name; only ids in the style of desktop files ("org.kde.kate")
+/// are those of applications that were removed.
 class LinuxApplicationBundles : public ApplicationBundles {
 public:
-    /// Both must outlive this object.
-    LinuxApplicationBundles(DesktopEntries& entries, const Workspace& workspace)
-        : entries_(entries)
-        , workspace_(workspace) {}
+    /// `entries` must outlive this object.
+    explicit LinuxApplicationBundles(DesktopEntries& entries) : entries_(entries) {}
 
+    /// Where there is no file, the name instead of a path.
     std::optional<std::string> absolutePathForAppBundle(std::string_view bundleIdentifier) const override;
     std::string displayNameAtPath(std::string_view path) const override;
     ImageRef iconForFile(std::string_view path) const override;
 
 private:
-    std::optional<std::string> programOf(std::string_view bundleIdentifier) const;
-
     DesktopEntries& entries_;
-    const Workspace& workspace_;
 };
 
 } // namespace quorvane

@@ -44,7 +44,16 @@ public:
         }
         session_.handleWhatHappened();
     }
-    void quit(const std::string& id) override { windows_.erase(id); }
+    void quit(const std::string& id) override {
+        const auto window = windows_[id].front().window();
+        windows_.erase(id);
+        // The next program gets its number: nobody shall take that for the one that has gone.
+        for (const auto* property : {"_NET_CLIENT_LIST", "_NET_ACTIVE_WINDOW"}) {
+            waitUntil([&] {
+                return !std::ranges::count(session_.user.values(session_.user.root(), property), window);
+            });
+        }
+    }
 
 private:
     std::map<std::string, std::list<TestWindow>> windows_;

@@ -2,6 +2,12 @@
 #include <gtest/gtest.h>
 
 #include "linux/x11/X11Session.h"
+#include "platform/linux/applications/ApplicationFiles.h"
+#include "platform/linux/applications/OtherNames.h"
+#include "platform/linux/defaults/LinuxUserDefaults.h"
+#include "platform/linux/qt/LinuxApplicationBundles.h"
+#include "settings/AppRule.h"
+#include "settings/Keys.h"
 #include "settings/Maker.h"
 
 namespace quorvane {
@@ -16,6 +22,12 @@ protected:
             ids.push_back(application.bundleIdentifier.value_or("nobody's"));
         });
     }
+    QString copyOfTestWindow(const char* name) {
+        const auto path = session_.folders.home() + "/" + name;
+        QFile::copy(QUORVANE_TEST_WINDOW, path);
+        return path;
+    }
+
     X11Session session_;
     Ids activated_;
     Ids launched_;
@@ -35,13 +47,9 @@ TEST_F(X11WorkspaceTest, KnowsTheApplicationOfAWindow) {
     entry("plain", "");
     entry("org.maker.Tool", "Exec=env LANG=C /opt/bin/special --flag %U\n");
     entry("org.maker.Script", "Exec=python3 script.py\n");
-    const auto copyOf = [&](const char* name) {
-        const auto path = session_.folders.home() + "/" + name;
-        QFile::copy(QUORVANE_TEST_WINDOW, path);
-        return path;
-    };
-    const auto special = copyOf("special");
-    const auto python = copyOf("python3");
+    const auto special = copyOfTestWindow("special");
+    const auto spelled = copyOfTestWindow("spelled");
+    const auto python = copyOfTestWindow("python3.11");
     const QString standard = QUORVANE_TEST_WINDOW;
     const struct {
         QString program;
@@ -59,7 +67,11 @@ TEST_F(X11WorkspaceTest, KnowsTheApplicationOfAWindow) {
         {standard, {"class=Plain", "instance=editor"}, "plain"},
         {standard, {"class=editor"}, "org.maker.Editor"},
         {special, {"class=Unknown"}, "org.maker.Tool"},
+        {spelled, {"class=SPELLED", "instance=other"}, "spelled"},
+        {spelled, {"class=Spelled too"}, "Spelled too"},
         {python, {"class=Unknown", "instance=other"}, "Unknown"},
+        {python, {"--", "/x/widget", "class=Widget"}, "widget"},
+        {python, {"--", "/x/widget", "class=Unknown"}, "Unknown"},
         {standard, {"class=Unknown", "instance=other"}, "Unknown"},
         {standard, {"instance=other"}, "other"},
         {standard, {}, "quorvane_test_window"},
@@ -72,6 +84,39 @@ TEST_F(X11WorkspaceTest, KnowsTheApplicationOfAWindow) {
         ASSERT_TRUE(owner);
         EXPECT_EQ(owner->id, each.id) << each.properties.join(' ').toStdString();
         EXPECT_EQ(owner->pid, window.pid());
+    }
+}
+
+TEST_F(X11WorkspaceTest, AProgramWithoutDesktopFileIsTheSameWhicheverWayItIsNamed) {
+    const auto named = copyOfTestWindow("named"), chosen = copyOfTestWindow("chosen");
+    LinuxUserDefaults stores(LinuxUserDefaults::configFolder(), "test.domain");
+    auto& standard = stores.standardUserDefaults();
+    const auto rule = [&](const char* id) {
+        return AppRule::ofApplication(standard.objectForKey(key::autoInput), id).id();
+    };
+    setRuleInput(standard, "Named", "ru");
+    setRuleInput(standard, chosen.toStdString(), "de");
+    const OtherNames names(stores, session_.identities, session_.entries);
+    EXPECT_EQ(rule("chosen"), "de");
+    EXPECT_EQ(bundleIdentifierOfFile(session_.entries, chosen.toStdString()), "chosen");
+    EXPECT_EQ(rule("named"), std::nullopt) << "nobody knows yet whose class it is";
+    {
+        const TestWindow window({"class=Named"}, named);
+        ASSERT_TRUE(session_.waitForFront("named"));
+    }
+    EXPECT_EQ(rule("named"), "ru");
+    EXPECT_EQ(rule("Named"), std::nullopt);
+    setRuleInput(standard, "Named", "us");
+    EXPECT_TRUE(waitUntil([&] { return !rule("Named"); }));
+    EXPECT_EQ(rule("named"), "ru") << "what has been set for the program itself counts";
+
+    // What is in the user's table, whether it runs or not.
+    const LinuxApplicationBundles bundles(session_.entries);
+    const std::pair<std::string, std::optional<std::string>> rows[] = {
+        {"named", "named"}, {"Kupfer.py", "Kupfer.py"}, {"sh", "sh"}, {"org.maker.Removed", std::nullopt}};
+    for (const auto& [id, name] : rows) {
+        const auto path = bundles.absolutePathForAppBundle(id);
+        EXPECT_EQ(path ? std::optional(bundles.displayNameAtPath(*path)) : std::nullopt, name) << id;
     }
 }
 
