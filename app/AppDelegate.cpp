@@ -1,7 +1,9 @@
 #include "app/AppDelegate.h"
 
+#include "settings/FormerLaunchers.h"
 #include "settings/Keys.h"
 #include "settings/Maker.h"
+#include "settings/SharedDefaults.h"
 #include "shortcuts/InputHotKeys.h"
 
 namespace quorvane {
@@ -22,7 +24,8 @@ AppDelegate::AppDelegate(Desktop& desktop)
     , standardDefaults_(desktop.defaults.standardUserDefaults())
     , interface_(desktop.interfaceFiles.mainInterface())
     , companion_(desktop.workspace, desktop.defaults, desktop.distributedNotifications)
-    , inputSwitch_(desktop.inputSources, desktop.defaults, desktop.workspace, companion_, [this] { reset(); })
+    , inputSwitch_(desktop.inputSources, desktop.defaults, desktop.workspace, desktop.facts.launchers,
+                   openLaunchers_, companion_, [this] { reset(); })
     , stateTip_(desktop.inputSources, desktop.images, desktop.defaults, interface_.iconView,
                 interface_.iconBox)
     , inputChangeWatch_(desktop.runLoop,
@@ -32,12 +35,15 @@ AppDelegate::AppDelegate(Desktop& desktop)
                         })
     , indicator_(interface_, desktop.screens, desktop.windowList, desktop.workspace, desktop.cursor,
                  standardDefaults_, openLaunchers_, stateTip_)
-    , inputDecision_(desktop.defaults, inputSwitch_, companion_, desktop.runLoop, desktop.facts.switchDelay,
-                     [this] { reset(); })
+    , followWindowWatch_(desktop.globalEvents, standardDefaults_, companion_, indicator_)
+    , inputDecision_(desktop.defaults, inputSwitch_, companion_, desktop.runLoop, desktop.facts.launchers,
+                     desktop.facts.switchDelay, [this] { reset(); })
     , appChangeHandler_(desktop.screens, desktop.runLoop, companion_, openLaunchers_, inputDecision_,
                         indicator_, desktop.facts.screenChangeDelay)
-    , launcherWatch_(desktop.workspace, desktop.windowList, desktop.runLoop, companion_, openLaunchers_,
-                     inputDecision_, appChangeHandler_, indicator_)
+    , launcherEpisodes_(desktop.workspace, inputDecision_, appChangeHandler_, indicator_)
+    , launcherWatch_(desktop.workspace, desktop.windowList, desktop.runLoop, openLaunchers_,
+                     launcherEpisodes_, indicator_)
+    , launcherNews_(openLaunchers_, launcherEpisodes_, indicator_)
     , hotKeyCenter_(desktop.hotKeys)
     , loginItemsReminder_(desktop.alerts, desktop.application, desktop.processes, standardDefaults_,
                           desktop.facts.loginItemsCommand)
@@ -65,20 +71,25 @@ void AppDelegate::applicationDidFinishLaunching() {
     indicator_.showInitialState();
     updateStatusBarItem();
 
+    takeOverFormerLaunchers(standardDefaults_, desktop_.facts.launchers);
+    takeOverFormerLaunchers(*openSharedDefaults(desktop_.defaults), desktop_.facts.launchers);
     observeDefaults();
     observeWorkspace();
     observeDistributedNotifications();
     registerAllHotKey(standardDefaults_, hotKeyCenter_,
                       [this](const PTHotKey& hotKey) { inputHotKeyAction(hotKey); });
-    observeLaunchers();
+    observeLaunchersAndMouse();
 }
 
 void AppDelegate::observeDefaults() {
-    for (const auto observedKey : {key::hiddenIconInStatusBar, key::enableTipOfState, key::autoInput,
-                                   key::enableForceEnglishBrowserAddress}) {
-        subscriptions_.push_back(standardDefaults_.addObserver(
+    const auto observe = [this](ObservedUserDefaults& defaults, std::string_view observedKey) {
+        subscriptions_.push_back(defaults.addObserver(
             observedKey, [this](std::string_view keyPath) { observeValueForKeyPath(keyPath); }));
-    }
+    };
+    observe(standardDefaults_, key::hiddenIconInStatusBar);
+    observe(standardDefaults_, key::enableTipOfState);
+    observe(standardDefaults_.ownDomain(), key::autoInput);
+    observe(standardDefaults_.ownDomain(), key::enableForceEnglishBrowserAddress);
 }
 
 void AppDelegate::observeWorkspace() {
@@ -102,12 +113,18 @@ void AppDelegate::observeDistributedNotifications() {
         [this](const DistributedNotification& notification) { indicator_.windowAdjusted(notification); }));
 }
 
-void AppDelegate::observeLaunchers() {
+void AppDelegate::observeLaunchersAndMouse() {
+    if (desktop_.facts.launchers.areTold) {
+        subscriptions_.push_back(desktop_.windowList.addLauncherObserver(
+            [this](const auto& open) { launcherNews_.launcherChanged(open); }));
+        followWindowWatch_.watchWhileFollowing();
+        return;
+    }
     subscriptions_.push_back(desktop_.globalEvents.addGlobalMonitor(
-        eventMask(EventType::leftMouseUp) | eventMask(EventType::flagsChanged),
-        [this](const Event& event) { launcherWatch_.handleEvent(event); }));
-    subscriptions_.push_back(
-        desktop_.windowList.addLauncherObserver([this] { launcherWatch_.launcherWindowsChanged(); }));
+        eventMask(EventType::leftMouseUp) | eventMask(EventType::flagsChanged), [this](const Event& event) {
+            event.type == EventType::flagsChanged ? launcherWatch_.flagsChanged(event)
+                                                  : followWindowWatch_.mouseReleased();
+        }));
 }
 
 bool AppDelegate::applicationShouldHandleReopen(bool /*hasVisibleWindows*/) {

@@ -7,13 +7,13 @@ namespace quorvane {
 
 void SettingsMirror::copyAutoInput() {
     const auto shared = openSharedDefaults(stores_);
-    shared->setObject(stores_.standardUserDefaults().objectForKey(key::autoInput), key::autoInput);
+    shared->setObject(own_.objectForKey(key::autoInput), key::autoInput);
     shared->synchronize();
 }
 
 void SettingsMirror::copyForceEnglishBrowserAddress() {
     const auto shared = openSharedDefaults(stores_);
-    shared->setBool(stores_.standardUserDefaults().boolForKey(key::enableForceEnglishBrowserAddress),
+    shared->setBool(own_.boolForKey(key::enableForceEnglishBrowserAddress),
                     key::enableForceEnglishBrowserAddress);
     shared->synchronize();
 }

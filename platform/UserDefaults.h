@@ -38,16 +38,23 @@ public:
     void removeObjectForKey(std::string_view key) { setObject({}, key); }
 };
 
-/// The application's own defaults.
-class StandardUserDefaults : public UserDefaults {
+/// A store that tells of writes.
+class ObservedUserDefaults : public UserDefaults {
 public:
-    /// From now on, keys that the application's own domain lacks are read and observed in the suite too.
-    virtual void addSuiteNamed(std::string_view suiteName) = 0;
-
     /// Calls the handler with the key after each write of it, also of an equal value, whoever made it:
     /// at once for this process's writes, from the run loop for those of other processes.
     virtual Subscription addObserver(std::string_view key,
                                      std::function<void(std::string_view key)> handler) = 0;
+};
+
+/// The application's own defaults.
+class StandardUserDefaults : public ObservedUserDefaults {
+public:
+    /// From now on, keys that the application's own domain lacks are read and observed in the suite too.
+    virtual void addSuiteNamed(std::string_view suiteName) = 0;
+
+    /// The application's own domain alone, whatever suites were added.
+    virtual ObservedUserDefaults& ownDomain() = 0;
 };
 
 /// Where the stores are opened.

@@ -8,7 +8,7 @@ namespace quorvane {
 
 WantedInput InputDecision::wantedBy(const std::optional<std::string>& bundleIdentifier) const {
     return wantedInput(openSharedDefaults(stores_)->objectForKey(key::autoInput), bundleIdentifier,
-                       isLauncher(bundleIdentifier), defaultInput(stores_.standardUserDefaults()));
+                       isLauncher(launchers_, bundleIdentifier), defaultInput(stores_.standardUserDefaults()));
 }
 
 void InputDecision::decide(const std::optional<std::string>& bundleIdentifier) {
@@ -23,7 +23,7 @@ void InputDecision::giveWantedInput() {
 
     if (companion_.isRunning()) {
         companion_.askToSwitchInput(*target);
-    } else if (isLauncher(lastApplication_)) {
+    } else if (isLauncher(launchers_, lastApplication_)) {
         inputSwitch_.selectInputSource(*target);
     } else if (switchDelay_ > 0) {
         runLoop_.dispatchAfter(switchDelay_, [this, target = *target] { switchTo(target); });

@@ -5,6 +5,7 @@
 
 #include "input/CompanionLink.h"
 #include "input/InputSwitch.h"
+#include "platform/LauncherFacts.h"
 #include "platform/RunLoop.h"
 #include "platform/Signal.h"
 #include "platform/UserDefaults.h"
@@ -19,11 +20,13 @@ public:
     /// `switchDelay`: how long an ordinary application needs, after it came to the front, until it takes a
     /// new source; in seconds. `reset` follows each such switch.
     InputDecision(UserDefaultsStores& stores, InputSwitch& inputSwitch, CompanionLink& companion,
-                  RunLoop& runLoop, double switchDelay, std::function<void()> reset)
+                  RunLoop& runLoop, const LauncherFacts& launchers, double switchDelay,
+                  std::function<void()> reset)
         : stores_(stores)
         , inputSwitch_(inputSwitch)
         , companion_(companion)
         , runLoop_(runLoop)
+        , launchers_(launchers)
         , switchDelay_(switchDelay)
         , reset_(std::move(reset)) {}
 
@@ -48,6 +51,7 @@ private:
     InputSwitch& inputSwitch_;
     CompanionLink& companion_;
     RunLoop& runLoop_;
+    const LauncherFacts& launchers_;
     double switchDelay_;
     std::function<void()> reset_;
     std::optional<std::string> lastApplication_;

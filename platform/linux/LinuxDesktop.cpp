@@ -29,6 +29,11 @@ DesktopFacts factsOfX11() {
         // wrong source.
         .switchDelay = 0,
         .screenChangeDelay = 0,
+        // Rules were once stored as if the launchers were those of the native desktop.
+        .launchers = {.areTold = true,
+                      .identifiers = launcherIdentifiers(),
+                      .identifierPrefixes = {},
+                      .formerPrefix = std::string(alfredBundleIdentifierPrefix) + "."},
         // Desktops have no common program for it, but all of them read this folder.
         .loginItemsCommand = "xdg-open \"${XDG_CONFIG_HOME:-$HOME/.config}/autostart\" >/dev/null 2>&1 &",
         .relaunchPath = QCoreApplication::applicationFilePath().toStdString(),

@@ -36,8 +36,13 @@ std::unique_ptr<StatusItem> SimulatedStatusBar::statusItemWithLength(double /*le
 
 Subscription SimulatedGlobalEventMonitor::addGlobalMonitor(EventMask mask,
                                                            std::function<void(const Event&)> handler) {
-    return sent_.connect([mask, handler = std::move(handler)](const Event& event) {
-        if (mask & eventMask(event.type)) handler(event);
+    auto connection = std::make_shared<Subscription>(
+        sent_.connect([mask, handler = std::move(handler)](const Event& event) {
+            if (mask & eventMask(event.type)) handler(event);
+        }));
+    return Subscription([connection, masks = masks_, place = masks_->insert(mask)] {
+        connection->end();
+        masks->erase(place);
     });
 }
 

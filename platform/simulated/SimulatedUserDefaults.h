@@ -2,10 +2,8 @@
 
 #include <map>
 #include <string>
-#include <vector>
 
-#include "platform/Signal.h"
-#include "platform/UserDefaults.h"
+#include "platform/DefaultsSearchList.h"
 
 namespace quorvane {
 
@@ -15,7 +13,7 @@ public:
     SimulatedUserDefaults();
     ~SimulatedUserDefaults() override;
 
-    StandardUserDefaults& standardUserDefaults() override;
+    StandardUserDefaults& standardUserDefaults() override { return standard_; }
     std::unique_ptr<UserDefaults> initWithSuiteName(std::string_view suiteName) override;
 
     /// A write by another program, for instance the companion application.
@@ -25,18 +23,12 @@ public:
     int synchronizations(std::string_view suiteName) const;
 
 private:
-    class Standard;
-    class Suite;
-    struct Domain {
-        PropertyList values = PropertyList::Dictionary{};
-        int synchronizations = 0;
-    };
+    class Domain;
 
-    void write(std::string_view domain, std::string_view key, PropertyList value);
+    Domain& domain(std::string_view name);
 
-    std::map<std::string, Domain, std::less<>> domains_; // the standard one is ""
-    Signal<std::string_view, std::string_view> written_; // domain, key
-    std::unique_ptr<Standard> standard_;
+    std::map<std::string, std::unique_ptr<Domain>, std::less<>> domains_; // the application's own one is ""
+    DefaultsSearchList standard_;
 };
 
 } // namespace quorvane

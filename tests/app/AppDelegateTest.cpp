@@ -147,6 +147,22 @@ TEST_F(Program, SettingsTheCompanionNeedsAreMirroredWhenTheyChange) {
     EXPECT_EQ(desktop_.defaults.synchronizations(maker::sharedSuiteName), 3);
 }
 
+TEST_F(Program, TheMirrorCopiesTheOwnDomainOnlyAlsoOnceTheSharedSuiteIsReadThroughTheStandardDefaults) {
+    launch();
+    standard_.addSuiteNamed(maker::sharedSuiteName); // as the preferences do when they open
+    const auto shared = openSharedDefaults(desktop_.defaults);
+    standard_.setObject(Dictionary{{"an.app", Dictionary{{"id", "ru"}}}}, key::autoInput);
+    standard_.removeObjectForKey(key::autoInput);
+    EXPECT_TRUE(shared->objectForKey(key::autoInput).isNothing());
+    standard_.setBool(true, key::enableForceEnglishBrowserAddress);
+    standard_.removeObjectForKey(key::enableForceEnglishBrowserAddress);
+    EXPECT_EQ(shared->objectForKey(key::enableForceEnglishBrowserAddress), PropertyList(false));
+    desktop_.defaults.writeFromOutside(maker::sharedSuiteName, key::enableForceEnglishBrowserAddress, true);
+    EXPECT_EQ(shared->objectForKey(key::enableForceEnglishBrowserAddress), PropertyList(true))
+        << "another program's write is its own";
+    EXPECT_EQ(desktop_.defaults.synchronizations(maker::sharedSuiteName), 4);
+}
+
 TEST_F(Program, AnUnhideSwitchesTheInputSource) {
     launch();
     setRule("other.app", "ru");

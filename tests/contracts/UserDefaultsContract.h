@@ -98,6 +98,8 @@ TEST_P(UserDefaultsContract, WritesOfOtherProgramsAreReadAndTold) {
 
 TEST_P(UserDefaultsContract, AnAddedSuiteIsReadAndToldWhereTheOwnDomainLacksTheKey) {
     const auto subscription = observe("key");
+    int ownWrites = 0;
+    const auto ownSubscription = standard_.ownDomain().addObserver("key", [&](auto) { ++ownWrites; });
     suite_->setObject("not added yet", "key");
     standard_.addSuiteNamed("group.suite");
     EXPECT_EQ(standard_.objectForKey("key"), PropertyList("not added yet"));
@@ -111,6 +113,8 @@ TEST_P(UserDefaultsContract, AnAddedSuiteIsReadAndToldWhereTheOwnDomainLacksTheK
     EXPECT_EQ(standard_.objectForKey("key"), PropertyList("own"));
     standard_.removeObjectForKey("key");
     EXPECT_THAT(seen_, testing::ElementsAre("by this program", "by another program", "own", "hidden"));
+    EXPECT_TRUE(standard_.ownDomain().objectForKey("key").isNothing());
+    EXPECT_EQ(ownWrites, 2) << "set and removed";
 }
 
 } // namespace quorvane

@@ -84,7 +84,7 @@ TEST_F(Preferences, TheRowsAreRulesAndRunningApplicationsInTheUsersOrder) {
     setRuleInput(standard_, "c", "ru");
     standard_.setObject(Array{"b", "c", "ruled", 7}, key::notDisplayAppName);
     const auto found = [&] {
-        return buildArrOfApps(standard_, desktop_.workspace, desktop_.applicationBundles);
+        return buildArrOfApps(standard_, desktop_.workspace, desktop_.applicationBundles, {});
     };
     EXPECT_THAT(found(), ElementsAre("c", "ruled", "a", "com.runningwithcrayons.Alfred-5"));
     standard_.setObject(Array{"a", "gone", "ruled"}, key::orderOfAppsRule);

@@ -95,8 +95,8 @@ WindowOwner ApplicationIdentities::identify(const WindowFacts& facts) {
     owner.isPartOfDesktop = facts.isPartOfDesktop;
     owner.launcher = launcherOfClass(facts.wmClass);
     if (owner.launcher) {
-        owner.id = owner.launcher->bundleIdentifier();
-        owner.name = owner.launcher->ownerName();
+        owner.id = owner.launcher->desktopId;
+        owner.name = owner.launcher->name;
         return owner;
     }
     const auto flatpakId = flatpakIdOf(facts.pid);

@@ -203,8 +203,6 @@ bool X11Workspace::isHidden(const std::vector<std::uint32_t>& states) const {
 }
 
 RunningApplication X11Workspace::backgroundApplication(std::string_view id) const {
-    if (const auto* launcher = launcherOfDesktopId(id))
-        return {launcher->bundleIdentifier(), launcher->ownerName(), ActivationPolicy::accessory, 0};
     const auto entry = identities_.entries().withId(id);
     return {std::string(id), entry ? entry->name : std::string(id), ActivationPolicy::accessory, 0};
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <vector>
 
 #include "platform/linux/Log.h"
 
@@ -17,70 +16,14 @@ std::filesystem::path absolutePath(const char* variable) {
 
 } // namespace
 
-class LinuxUserDefaults::Suite : public UserDefaults {
-public:
-    explicit Suite(DefaultsDomain& domain) : domain_(domain) {}
-
-    PropertyList objectForKey(std::string_view key) const override { return domain_.objectForKey(key); }
-    void setObject(PropertyList value, std::string_view key) override {
-        domain_.setObject(std::move(value), key);
-    }
-    bool synchronize() override { return domain_.synchronize(); }
-
-private:
-    DefaultsDomain& domain_;
-};
-
-class LinuxUserDefaults::Standard : public StandardUserDefaults {
-public:
-    Standard(LinuxUserDefaults& stores, std::string_view domain)
-        : stores_(stores)
-        , name_(domain)
-        , own_(stores.domain(domain)) {}
-
-    PropertyList objectForKey(std::string_view key) const override {
-        auto value = own_.objectForKey(key);
-        for (auto suite = suites_.begin(); value.isNothing() && suite != suites_.end(); ++suite)
-            value = stores_.domain(*suite).objectForKey(key);
-        return value;
-    }
-    void setObject(PropertyList value, std::string_view key) override {
-        own_.setObject(std::move(value), key);
-    }
-    bool synchronize() override { return own_.synchronize(); }
-
-    void addSuiteNamed(std::string_view suiteName) override {
-        stores_.domain(suiteName); // its changes count from now on
-        suites_.emplace_back(suiteName);
-    }
-
-    Subscription addObserver(std::string_view key, std::function<void(std::string_view)> handler) override {
-        return stores_.changed_.connect([this, observed = std::string(key), handler = std::move(handler)](
-                                            std::string_view domain, std::string_view changed) {
-            if (changed == observed && sees(domain, changed)) handler(changed);
-        });
-    }
-
-private:
-    /// Whether a write of the key in that domain can change what is read here.
-    bool sees(std::string_view domain, std::string_view key) const {
-        if (domain == name_) return true;
-        return std::ranges::find(suites_, domain) != suites_.end() && own_.objectForKey(key).isNothing();
-    }
-
-    LinuxUserDefaults& stores_;
-    std::string name_;
-    DefaultsDomain& own_;
-    std::vector<std::string> suites_;
-};
-
 LinuxUserDefaults::LinuxUserDefaults(const std::filesystem::path& folder, std::string_view standardDomain)
     : folder_(folder) {
     if (const auto error = makePrivateFolder(folder_)) logLine(memoryOnly(folder_, error));
     // Before the first reading, so that no change gets lost between the two.
     if (!folder_.empty())
         watch_ = std::make_unique<FolderWatch>(folder_, [this](std::string_view name) { fileChanged(name); });
-    standard_ = std::make_unique<Standard>(*this, standardDomain);
+    standard_.emplace(domain(standardDomain),
+                      [this](std::string_view name) -> DefaultsDomain& { return domain(name); });
 }
 
 LinuxUserDefaults::~LinuxUserDefaults() = default;
@@ -103,7 +46,7 @@ StandardUserDefaults& LinuxUserDefaults::standardUserDefaults() {
 }
 
 std::unique_ptr<UserDefaults> LinuxUserDefaults::initWithSuiteName(std::string_view suiteName) {
-    return std::make_unique<Suite>(domain(suiteName));
+    return std::make_unique<DomainDefaults>(domain(suiteName));
 }
 
 void LinuxUserDefaults::flushPendingWrites() {
@@ -111,12 +54,10 @@ void LinuxUserDefaults::flushPendingWrites() {
         domain->flush(Durability::visible);
 }
 
-DefaultsDomain& LinuxUserDefaults::domain(std::string_view name) {
+FileDomain& LinuxUserDefaults::domain(std::string_view name) {
     const auto known = domains_.find(name);
     if (known != domains_.end()) return *known->second;
-    auto file = folder_.empty() ? folder_ : folder_ / fileNameOf(name);
-    auto changed = [this, domain = std::string(name)](std::string_view key) { changed_.emit(domain, key); };
-    auto opened = std::make_unique<DefaultsDomain>(std::move(file), std::move(changed));
+    auto opened = std::make_unique<FileDomain>(folder_.empty() ? folder_ : folder_ / fileNameOf(name));
     return *domains_.emplace(name, std::move(opened)).first->second;
 }
 

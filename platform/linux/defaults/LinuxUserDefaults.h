@@ -1,14 +1,13 @@
 #pragma once
 
 #include <filesystem>
-#include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
-#include "platform/Signal.h"
-#include "platform/UserDefaults.h"
-#include "platform/linux/defaults/DefaultsDomain.h"
+#include "platform/DefaultsSearchList.h"
+#include "platform/linux/defaults/FileDomain.h"
 #include "platform/linux/defaults/FolderWatch.h"
 
 namespace quorvane {
@@ -34,16 +33,12 @@ public:
     void flushPendingWrites();
 
 private:
-    class Standard;
-    class Suite;
-
-    DefaultsDomain& domain(std::string_view name);
+    FileDomain& domain(std::string_view name);
     void fileChanged(std::string_view fileName);
 
     std::filesystem::path folder_;
-    std::map<std::string, std::unique_ptr<DefaultsDomain>, std::less<>> domains_;
-    Signal<std::string_view, std::string_view> changed_; // domain, key
-    std::unique_ptr<Standard> standard_;
+    std::map<std::string, std::unique_ptr<FileDomain>, std::less<>> domains_;
+    std::optional<DefaultsSearchList> standard_;
     std::unique_ptr<FolderWatch> watch_;
 };
 

@@ -83,6 +83,19 @@ std::vector<WindowDescription> X11WindowList::windows() const {
     return descriptions;
 }
 
+Subscription
+X11WindowList::addLauncherObserver(std::function<void(const std::optional<OpenLauncher>& open)> handler) {
+    return launchers_.onChange([this, handler = std::move(handler)] { handler(openLauncher()); });
+}
+
+std::optional<OpenLauncher> X11WindowList::openLauncher() const {
+    const auto* launcher = launchers_.openLauncher();
+    if (!launcher) return std::nullopt;
+    XProperty shadow(x_, launchers_.openWindow(), "_GTK_FRAME_EXTENTS");
+    const auto bounds = withoutShadow(stackedWindow(x_, launchers_.openWindow()).bounds, shadow.values());
+    return OpenLauncher{std::string(launcher->desktopId), screens_.points().fromTopLeft(bounds)};
+}
+
 int X11WindowList::layerOf(const StackedWindow& window, std::vector<std::uint32_t> states,
                            const std::vector<std::uint32_t>& types) const {
     if (launchers_.isOpen(window.window)) return Layer::launcher;

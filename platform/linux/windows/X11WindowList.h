@@ -27,11 +27,11 @@ public:
                   X11Launchers& launchers);
 
     std::vector<WindowDescription> windows() const override;
-    Subscription addLauncherObserver(std::function<void()> handler) override {
-        return launchers_.onChange(std::move(handler));
-    }
+    Subscription
+    addLauncherObserver(std::function<void(const std::optional<OpenLauncher>& open)> handler) override;
 
 private:
+    std::optional<OpenLauncher> openLauncher() const;
     int layerOf(const StackedWindow& window, std::vector<std::uint32_t> states,
                 const std::vector<std::uint32_t>& types) const;
 

@@ -1,4 +1,4 @@
-#include "platform/linux/defaults/DefaultsDomain.h"
+#include "platform/linux/defaults/FileDomain.h"
 
 #include <algorithm>
 
@@ -21,7 +21,7 @@ const PropertyList::Dictionary& entriesOf(const PropertyList& value) {
 
 /// Calls the handler with each key that one of two dictionaries lacks or has another value for.
 void forEachDifference(const PropertyList& before, const PropertyList& after,
-                       const DefaultsDomain::KeyHandler& handler) {
+                       const std::function<void(std::string_view)>& handler) {
     for (const auto& [key, value] : entriesOf(before))
         if (!(after[key] == value)) handler(key);
     for (const auto& [key, value] : entriesOf(after))
@@ -35,31 +35,34 @@ std::string memoryOnly(const std::filesystem::path& folder, std::error_code erro
     return "settings are kept in memory only: " + folder.string() + " cannot be written: " + error.message();
 }
 
-DefaultsDomain::DefaultsDomain(std::filesystem::path file, KeyHandler changed)
-    : file_(std::move(file))
-    , changed_(std::move(changed))
-    , nextRetry_(firstRetry) {
+FileDomain::FileDomain(std::filesystem::path file) : file_(std::move(file)), nextRetry_(firstRetry) {
     retry_.setSingleShot(true);
     QObject::connect(&retry_, &QTimer::timeout, &retry_, [this] { flush(Durability::visible); });
 }
 
-DefaultsDomain::~DefaultsDomain() {
+FileDomain::~FileDomain() {
     flush(Durability::visible);
 }
 
-PropertyList DefaultsDomain::objectForKey(std::string_view key) {
+PropertyList FileDomain::objectForKey(std::string_view key) {
     refresh();
     const auto pending = pending_.find(key);
     return pending == pending_.end() ? file_.contents()[key] : pending->second;
 }
 
-void DefaultsDomain::setObject(PropertyList value, std::string_view key) {
+void FileDomain::setObject(PropertyList value, std::string_view key) {
     pending_.insert_or_assign(std::string(key), std::move(value));
     flushLater();
-    changed_(key);
+    changed_.emit(key);
 }
 
-bool DefaultsDomain::flush(Durability durability) {
+Subscription FileDomain::addObserver(std::string_view key, std::function<void(std::string_view)> handler) {
+    return changed_.connect([observed = std::string(key), handler = std::move(handler)](auto changed) {
+        if (changed == observed) handler(changed);
+    });
+}
+
+bool FileDomain::flush(Durability durability) {
     if (pending_.empty()) return true;
     const bool hasFailed = nextRetry_ > firstRetry; // who holds the lock all the time is waited for once only
     const auto patience = hasFailed ? 0ms : lockPatience;
@@ -76,17 +79,17 @@ bool DefaultsDomain::flush(Durability durability) {
     return true;
 }
 
-bool DefaultsDomain::synchronize() {
+bool FileDomain::synchronize() {
     return flush(Durability::durable) && !file_.synchronize();
 }
 
-void DefaultsDomain::refresh() {
+void FileDomain::refresh() {
     const auto before = file_.contents();
     file_.refresh();
     noticeChangesSince(before);
 }
 
-void DefaultsDomain::noticeChangesSince(const PropertyList& before) {
+void FileDomain::noticeChangesSince(const PropertyList& before) {
     if (before.dictionary() == file_.contents().dictionary()) return; // the same object: nothing was read
     const bool isAnnouncementQueued = !changedByOthers_.empty();
     forEachDifference(before, file_.contents(), [this](std::string_view key) {
@@ -96,12 +99,12 @@ void DefaultsDomain::noticeChangesSince(const PropertyList& before) {
     later([this] { announceChanges(); });
 }
 
-void DefaultsDomain::announceChanges() {
+void FileDomain::announceChanges() {
     for (const auto& key : std::exchange(changedByOthers_, {}))
-        changed_(key);
+        changed_.emit(key);
 }
 
-void DefaultsDomain::flushLater() {
+void FileDomain::flushLater() {
     if (isFlushQueued_ || retry_.isActive()) return;
     isFlushQueued_ = true;
     later([this] {
@@ -110,11 +113,11 @@ void DefaultsDomain::flushLater() {
     });
 }
 
-void DefaultsDomain::later(std::function<void()> block) {
+void FileDomain::later(std::function<void()> block) {
     QMetaObject::invokeMethod(&retry_, std::move(block), Qt::QueuedConnection);
 }
 
-void DefaultsDomain::retryLater(std::error_code error) {
+void FileDomain::retryLater(std::error_code error) {
     const bool isLocked = error == std::errc::resource_unavailable_try_again;
     logLine(isLocked ? "another process keeps " + file_.path().string() + " locked: settings are saved later"
                      : memoryOnly(file_.path().parent_path(), error));

@@ -7,31 +7,29 @@
 #include <string>
 #include <system_error>
 
+#include "platform/DefaultsDomain.h"
+#include "platform/Signal.h"
 #include "platform/linux/defaults/DefaultsFile.h"
 
 namespace quorvane {
 
 /// One domain of the user's defaults in this process: what its file holds, overlaid with this process's
 /// writes that are not in it yet. Those go there together, once what now runs has returned to the event loop.
-class DefaultsDomain {
+class FileDomain : public DefaultsDomain {
 public:
-    using KeyHandler = std::function<void(std::string_view key)>;
+    explicit FileDomain(std::filesystem::path file);
+    ~FileDomain() override;
+    FileDomain(const FileDomain&) = delete;
+    FileDomain& operator=(const FileDomain&) = delete;
 
-    /// `changed` is called at once with the key of every write of this process, and from the event loop with
-    /// each key to which others gave another value.
-    DefaultsDomain(std::filesystem::path file, KeyHandler changed);
-    ~DefaultsDomain();
-    DefaultsDomain(const DefaultsDomain&) = delete;
-    DefaultsDomain& operator=(const DefaultsDomain&) = delete;
-
-    PropertyList objectForKey(std::string_view key);
-    void setObject(PropertyList value, std::string_view key);
+    PropertyList objectForKey(std::string_view key) override;
+    void setObject(PropertyList value, std::string_view key) override;
+    bool synchronize() override;
+    Subscription addObserver(std::string_view key,
+                             std::function<void(std::string_view key)> handler) override;
 
     /// False when writes had to stay pending.
     bool flush(Durability durability);
-
-    /// Flushes, and waits for the disk.
-    bool synchronize();
 
     /// Looks for changes made by others.
     void refresh();
@@ -46,7 +44,7 @@ private:
     DefaultsFile file_;
     PendingWrites pending_;
     std::set<std::string, std::less<>> changedByOthers_;
-    KeyHandler changed_;
+    Signal<std::string_view> changed_; // key
     bool isFlushQueued_ = false;
 
     // While writing fails: the next try. It waits longer each time, for what may never get better.
