@@ -100,6 +100,8 @@ void AppDelegate::observeWorkspace() {
                 appChangeHandler_.appChanged(application);
             }));
     }
+    subscriptions_.push_back(desktop_.workspace.addObserver(
+        WorkspaceNotification::didLeaveFront, [this](const auto&) { appChangeHandler_.frontLeft(); }));
 }
 
 void AppDelegate::observeDistributedNotifications() {

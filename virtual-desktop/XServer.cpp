@@ -28,6 +28,7 @@ WindowManager::WindowManager(const QString& program) {
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert("XDG_DATA_DIRS", "/usr/share"); // Its themes, without which it ends at once.
     QStringList arguments{"--sm-disable"};
+    if (program == "bspwm") arguments = QStringList{"-c", "/dev/null"};
     if (program == "xfwm4") {
         arguments = {"--compositor=off"};
         // Its settings daemon would write them after everything has ended and the home is gone.

@@ -56,6 +56,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     : defaults_(LinuxUserDefaults::configFolder(), maker::bundleIdentifier)
     , distributedNotifications_(maker::distributedNotificationInterface,
                                 [this] { defaults_.flushPendingWrites(); })
+    , busApplications_({std::string(maker::companionBundleIdentifier)})
     , desktopEntries_(DesktopEntries::ofEnvironment())
     , identities_(x, desktopEntries_)
     , launchers_(x)
@@ -73,6 +74,8 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     , activationsForInput_(
           workspace_.addObserver(WorkspaceNotification::didActivateApplication,
                                  [this](const auto& application) { activated(application); }))
+    , departuresForInput_(workspace_.addObserver(WorkspaceNotification::didLeaveFront,
+                                                 [this](const auto&) { frontApplication_.reset(); }))
     , switchesByHand_(globalEvents_.addGlobalMonitor(eventMask(EventType::leftMouseUp) |
                                                          eventMask(EventType::flagsChanged),
                                                      [this](const Event& event) {

@@ -88,7 +88,7 @@ TEST_F(Switching, OnAnotherScreenTheDecisionWaitsForTheLastApplication) {
     EXPECT_THAT(selections(), ElementsAre("de", "de"));
 }
 
-TEST_F(Switching, TheSameApplicationIsDecidedOnce) {
+TEST_F(Switching, TheSameApplicationIsDecidedOnceUntilNobodyIsInFront) {
     settleOnScreen();
     desktop_.workspace.activate("ru.app");
     desktop_.runLoop.advance(1);
@@ -96,6 +96,11 @@ TEST_F(Switching, TheSameApplicationIsDecidedOnce) {
     desktop_.workspace.activate("ru.app");
     desktop_.runLoop.advance(1);
     EXPECT_EQ(desktop_.inputSources.currentID(), "us");
+    desktop_.workspace.quit("first.app");
+    desktop_.workspace.quit("ru.app");
+    desktop_.workspace.activate("ru.app");
+    desktop_.runLoop.advance(1);
+    EXPECT_EQ(desktop_.inputSources.currentID(), "ru");
 }
 
 TEST_F(Switching, AnApplicationWithoutIdentifierIsDecidedEachTime) {

@@ -71,7 +71,7 @@ std::vector<WindowDescription> X11WindowList::windows() const {
     for (std::size_t i = 0; i < stack.size(); ++i) {
         auto& question = questions[i];
         const auto* owner = identities_.ownerOf(stack[i].window);
-        if (!owner || owner->isThisProcess) continue;
+        if (!owner || (owner->isThisProcess && stack[i].isPopUp)) continue;
         WindowDescription description;
         description.ownerName = owner->name;
         description.name = question.title();

@@ -33,12 +33,11 @@ protected:
     PropertyList stored(std::string_view key) { return standard().objectForKey(key); }
 };
 
-TEST_F(PreferencesWindow, ASourceChosenForAnApplicationIsUsedAtItsNextActivation) {
+TEST_F(PreferencesWindow, ASourceChosenForTheApplicationBehindItIsUsedWhenThatIsInFrontAgain) {
     for (const auto* each : {"First", "Second"})
         setRuleInput(standard(), each, "xkb:us");
     open();
     const TestWindow second({"class=Second", "at=1300,600,200,100"});
-    const TestWindow other({"class=Other", "at=1300,750,200,100"});
     ASSERT_TRUE(waitUntil([&] { return tree.nameOfCell(applications, 1, name) == "Second"; }));
     const auto defaultInput = tree.placeOf("combo box", "-").center();
     session.user.moveTo(defaultInput.x(), defaultInput.y());
