@@ -151,6 +151,7 @@ void AppDelegate::showPreferences() {
             desktop_, companion_, hotKeyCenter_, desktop_.interfaceFiles.loadPreferences(),
             [this](std::string_view id) { changeInputTo(id); });
     }
+    preferences_->windowWillOpen();
     preferences_->window().makeKeyAndOrderFront();
     desktop_.application.activateIgnoringOtherApps();
 }

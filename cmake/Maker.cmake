@@ -12,6 +12,10 @@ set(QUORVANE_LOGIN_ITEM_IDENTIFIER "${QUORVANE_REVERSE_DNS_PREFIX}.QuorvaneProHe
 set(QUORVANE_WEBSITE "www.example.org" CACHE STRING "Host of the maker's web pages")
 set(QUORVANE_STORE_IDENTIFIER "000000001" CACHE STRING "The store's identifier of this application")
 set(QUORVANE_STORE_IDENTIFIER_OF_PRO "000000002" CACHE STRING "The store's identifier of the Pro edition")
+set(QUORVANE_REVIEW_PAGE "https://${QUORVANE_WEBSITE}/review" CACHE STRING
+    "Page for reviews of this application, on desktops without a store")
+set(QUORVANE_REVIEW_PAGE_OF_PRO "https://${QUORVANE_WEBSITE}/review-pro" CACHE STRING
+    "The same for the Pro edition")
 
 set(QUORVANE_GENERATED_DIR "${CMAKE_BINARY_DIR}/generated")
 configure_file("${CMAKE_SOURCE_DIR}/settings/Maker.h.in" "${QUORVANE_GENERATED_DIR}/settings/Maker.h" @ONLY)

@@ -40,8 +40,17 @@ struct DesktopFacts {
 
     LauncherFacts launchers;
 
+    /// Whether input sources come and go while a program runs, with a daemon behind them. The native desktop
+    /// keeps what a window showed when it was loaded.
+    bool inputSourcesComeAndGo = false;
+
     /// The shell command that shows the user which programs start at login.
     std::string loginItemsCommand = "open /System/Library/PreferencePanes/Accounts.prefPane";
+
+    /// Where users of this desktop review the program, and its Pro edition; empty: in the native desktop's
+    /// store.
+    std::string reviewPage;
+    std::string reviewPageOfPro;
 
     /// What starts a new instance of this program.
     std::string relaunchPath = "/usr/bin/open";

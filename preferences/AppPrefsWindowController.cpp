@@ -1,5 +1,7 @@
 #include "preferences/AppPrefsWindowController.h"
 
+#include <utility>
+
 #include "preferences/RuleTableRows.h"
 #include "settings/DefaultInput.h"
 #include "settings/SharedDefaults.h"
@@ -20,7 +22,7 @@ AppPrefsWindowController::AppPrefsWindowController(Desktop& desktop, const Compa
     , outlets_(interface_->outlets())
     , changeInputTo_(std::move(changeInputTo))
     , companionAlert_(desktop.alerts, desktop.application, desktop.links)
-    , links_(desktop.links, desktop.clock)
+    , links_(desktop.links, desktop.clock, desktop.facts)
     , setUpButton_(companion, desktop.distributedNotifications, desktop.application, companionAlert_, lists_,
                    outlets_.window, outlets_.StartOrStopSetUpButton)
     , applications_({desktop.defaults.standardUserDefaults(), desktop.applicationBundles, desktop.application,
@@ -59,8 +61,7 @@ void AppPrefsWindowController::awakeFromNib() {
     setUpButton_.showStopped();
     lists_.arrOfApps = buildArrOfApps(desktop_.defaults.standardUserDefaults(), desktop_.workspace,
                                       desktop_.applicationBundles, desktop_.facts.launchers);
-    lists_.inputs = InputSourceCatalogue::build(desktop_.inputSources, desktop_.images);
-    buildDefaultInputButton();
+    buildInputs();
     subscriptions_.push_back(desktop_.notifications.addObserver(
         windowWillCloseNotification, &outlets_.window,
         [this](const Notification& notification) { preferencesWillClose(notification); }));
@@ -68,6 +69,19 @@ void AppPrefsWindowController::awakeFromNib() {
     subscriptions_.push_back(desktop_.workspace.addObserver(
         WorkspaceNotification::didLaunchApplication,
         [this](const RunningApplication& application) { didLaunchApplicationNotification(application); }));
+}
+
+void AppPrefsWindowController::buildInputs() {
+    lists_.inputs = InputSourceCatalogue::build(desktop_.inputSources, desktop_.images);
+    buildDefaultInputButton();
+}
+
+void AppPrefsWindowController::windowWillOpen() {
+    if (!std::exchange(hasClosed_, false) || !desktop_.facts.inputSourcesComeAndGo) return;
+    buildInputs();
+    for (auto* table : {&outlets_.autoInputByApplicationTableView, &outlets_.autoInputByLocationTableView,
+                        &outlets_.shortcutTableView})
+        table->reloadData();
 }
 
 void AppPrefsWindowController::buildDefaultInputButton() {
@@ -95,6 +109,7 @@ void AppPrefsWindowController::refreshSwitchTimes() {
 void AppPrefsWindowController::preferencesWillClose(const Notification& notification) {
     const auto title = desktop_.application.localizedString("Quorvane");
     if (!notification.object || notification.object->title() != title) return;
+    hasClosed_ = true;
     outlets_.StartOrStopSetUpButton.setState(stateOff);
     lists_.isClosingPreferences = true;
     startOrStopSetUpButtonClick();

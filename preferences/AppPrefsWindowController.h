@@ -35,6 +35,9 @@ public:
     /// A hot key that was recorded in this window was pressed.
     void inputHotKeyAction(const PTHotKey& hotKey) { changeInputTo_(hotKey.identifier()); }
 
+    /// The window is about to be shown, or to be brought to the front. Where input sources come and go, it
+    /// opens with those that there are.
+    void windowWillOpen();
     void preferencesWillClose(const Notification& notification);
     void refreshSwitchTimes();
     void addLocationInfoByTandrel() { locations_.reload(); }
@@ -66,6 +69,7 @@ public:
 private:
     void registerObservers();
     void awakeFromNib();
+    void buildInputs();
     void buildDefaultInputButton();
     void selectTab(int index);
 
@@ -75,6 +79,7 @@ private:
     std::function<void(std::string_view id)> changeInputTo_;
 
     PreferencesLists lists_;
+    bool hasClosed_ = false; ///< The window was closed and has not opened again.
     CompanionAlert companionAlert_;
     PreferencesLinks links_;
     SetUpButton setUpButton_;

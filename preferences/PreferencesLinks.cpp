@@ -23,6 +23,7 @@ struct Link {
     std::string_view scheme;
     std::string_view host;
     std::string_view path;
+    std::string DesktopFacts::*pageOfDesktop = nullptr; ///< Where it is instead, unless that is empty.
 };
 
 constexpr std::array links = {
@@ -31,8 +32,9 @@ constexpr std::array links = {
     Link{"feedbackOfSwitchLocation", secure, maker::website, "/support"},
     Link{moreFreeApps, secure, maker::website, "/"},
     Link{"instructionsForChangedInputByLocation", secure, maker::website, "/switch-by-location"},
-    Link{"gotoQuorvane", store, maker::storeReview, maker::storeIdentifier},
-    Link{"gotoQuorvanePro", store, maker::storeReview, maker::storeIdentifierOfPro},
+    Link{"gotoQuorvane", store, maker::storeReview, maker::storeIdentifier, &DesktopFacts::reviewPage},
+    Link{"gotoQuorvanePro", store, maker::storeReview, maker::storeIdentifierOfPro,
+         &DesktopFacts::reviewPageOfPro},
     Link{"TeachingVideo", secure, maker::website, "/video"},
     Link{"FAQDocument", secure, maker::website, "/faq"},
     Link{"gotoOfficialWebsite", plain, maker::website, "/"},
@@ -46,6 +48,10 @@ void PreferencesLinks::open(std::string_view action) {
     const auto* const link = std::ranges::find(links, action, &Link::action);
     if (link == links.end()) return;
     if (action == moreFreeApps && clock_.secondsSince1970() <= moreFreeAppsSince) return;
+    if (link->pageOfDesktop && !(facts_.*link->pageOfDesktop).empty()) {
+        links_.openURL(facts_.*link->pageOfDesktop);
+        return;
+    }
     links_.openURL(std::string(link->scheme).append(link->host).append(link->path));
 }
 

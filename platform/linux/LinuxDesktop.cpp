@@ -28,8 +28,12 @@ DesktopFacts factsOfX11() {
                       .identifiers = launcherIdentifiers(),
                       .identifierPrefixes = {},
                       .formerPrefix = std::string(alfredBundleIdentifierPrefix) + "."},
+        .inputSourcesComeAndGo = true,
         // Desktops have no common program for it, but all of them read this folder.
-        .loginItemsCommand = "xdg-open \"${XDG_CONFIG_HOME:-$HOME/.config}/autostart\" >/dev/null 2>&1 &",
+        .loginItemsCommand = R"(f="${XDG_CONFIG_HOME:-$HOME/.config}/autostart"; mkdir -p "$f" && )"
+                             R"(xdg-open "$f" >/dev/null 2>&1 &)",
+        .reviewPage = std::string(maker::reviewPage),
+        .reviewPageOfPro = std::string(maker::reviewPageOfPro),
         .relaunchPath = QCoreApplication::applicationFilePath().toStdString(),
         .relaunchArguments = {launch_argument::newInstance},
     };

@@ -2,6 +2,7 @@
 
 #include "preferences/RuleTableRows.h"
 #include "settings/AppRule.h"
+#include "settings/DefaultInput.h"
 #include "settings/LocationRule.h"
 #include "support/ProgramTest.h"
 
@@ -325,6 +326,12 @@ TEST_F(Preferences, TabsLabelsAndLinks) {
     desktop_.clock.now += 0.5;
     actions().openLink("moreFreeApps");
     EXPECT_EQ(desktop_.links.opened.size(), 2U);
+
+    actions().openLink("gotoQuorvane");
+    EXPECT_THAT(desktop_.links.opened.back(), testing::StartsWith("macappstore://"));
+    desktop_.desktop.facts.reviewPageOfPro = "https://review/pro";
+    actions().openLink("gotoQuorvanePro");
+    EXPECT_EQ(desktop_.links.opened.back(), "https://review/pro") << "of a desktop without a store";
 }
 
 TEST_F(Preferences, RowsAndTablesThatAreNoneAreEmpty) {
@@ -342,6 +349,26 @@ TEST_F(Preferences, RowsAndTablesThatAreNoneAreEmpty) {
     PopUpButtonPart menu = popUp(0);
     choose({.tag = 99, .action = menu.action, .willPopUp = menu.willPopUp}, ru);
     EXPECT_TRUE(standard_.objectForKey(key::autoInput).isNothing());
+}
+
+TEST_F(Preferences, ShowTheInputSourcesOfTheirOpeningWhereTheseComeAndGo) {
+    for (const bool comeAndGo : {true, false}) {
+        desktop_.desktop.facts.inputSourcesComeAndGo = comeAndGo;
+        setDefaultInput(standard_, "ru");
+        program_.reset();
+        open();
+        const auto before = popUp(0).itemTitles;
+        const auto defaultsBefore = window_->defaultInput.items.size();
+        const std::size_t come = comeAndGo ? 1 : 0;
+        desktop_.inputSources.enable({.id = comeAndGo ? "pinyin" : "hangul"});
+        EXPECT_EQ(popUp(0).itemTitles, before) << "while it is open";
+        window_->window.close();
+        program_->openPreferences();
+        desktop_.runLoop.advance(0.01);
+        EXPECT_EQ(popUp(0).itemTitles.size(), before.size() + come);
+        EXPECT_EQ(window_->defaultInput.items.size(), defaultsBefore + come);
+        EXPECT_EQ(window_->defaultInput.title(), ru);
+    }
 }
 
 } // namespace

@@ -50,11 +50,16 @@ fs::file_time_type timeOf(const fs::path& folder) {
     return error ? fs::file_time_type::min() : time;
 }
 
+/// The one of the user's texts: the first language wins, unless there is no locale at all.
 std::string currentLocale() {
+    std::string locale;
     for (const auto* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        if (auto value = environment(name); !value.empty()) return value;
+        if (locale = environment(name); !locale.empty()) break;
     }
-    return {};
+    if (locale.empty() || locale == "C" || locale == "POSIX") return locale;
+    const auto languages = environment("LANGUAGE");
+    const auto first = languages.substr(0, languages.find(':'));
+    return first.empty() ? locale : first;
 }
 
 std::string idInFolder(const fs::path& file, const fs::path& folder) {

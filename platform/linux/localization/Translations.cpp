@@ -23,12 +23,13 @@ QStringList availableLanguages() {
     return names;
 }
 
-StringTable tableOf(const QString& language) {
-    QFile file(":/" + language + folderSuffix + "/Localizable.strings");
+/// Of a language, or of what it says differently on this desktop.
+StringTable tableOf(const QString& folder) {
+    QFile file(":/" + folder + folderSuffix + "/Localizable.strings");
     if (!file.open(QIODevice::ReadOnly)) return {};
     StringTable table(QString::fromUtf8(file.readAll()));
     if (const auto line = table.faultyLine())
-        logLine("the texts in " + language.toStdString() + " are damaged in line " + std::to_string(*line));
+        logLine("the texts in " + folder.toStdString() + " are damaged in line " + std::to_string(*line));
     return table;
 }
 
@@ -37,6 +38,26 @@ QLocale localeOfQt(const QString& language) {
     if (language == QStringLiteral("zh-Hans")) return {QLocale::Chinese, QLocale::China};
     if (language == QStringLiteral("zh-Hant")) return {QLocale::Chinese, QLocale::Taiwan};
     return QLocale(language);
+}
+
+/// What was installed last is asked first.
+void install(const QString& folder) {
+    auto* texts = new StringTableTranslator(tableOf(folder));
+    texts->setParent(qApp);
+    QCoreApplication::installTranslator(texts);
+}
+
+/// English texts are their own keys, except where this desktop says something else.
+void installThisDesktopsTexts(const QString& language) {
+    install(QStringLiteral("linux/") + (language.isEmpty() ? QStringLiteral("en") : language));
+}
+
+void installTexts(const QString& language) {
+    auto textsOfQt = std::make_unique<QTranslator>(qApp);
+    if (textsOfQt->load(localeOfQt(language), QStringLiteral("qtbase"), QStringLiteral("_"),
+                        QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(textsOfQt.release());
+    install(language);
 }
 
 } // namespace
@@ -48,15 +69,8 @@ QString StringTableTranslator::translate(const char* /*context*/, const char* so
 
 void installTranslations() {
     const auto language = languageFor(QLocale::system().uiLanguages(), availableLanguages());
-    if (language.isEmpty()) return;
-    auto textsOfQt = std::make_unique<QTranslator>(qApp);
-    if (textsOfQt->load(localeOfQt(language), QStringLiteral("qtbase"), QStringLiteral("_"),
-                        QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QCoreApplication::installTranslator(textsOfQt.release());
-    // What was installed last is asked first.
-    auto* texts = new StringTableTranslator(tableOf(language));
-    texts->setParent(qApp);
-    QCoreApplication::installTranslator(texts);
+    if (!language.isEmpty()) installTexts(language);
+    installThisDesktopsTexts(language);
 }
 
 } // namespace quorvane

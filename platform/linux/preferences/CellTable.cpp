@@ -76,6 +76,7 @@ void CellTable::setSource(PreferencesActions& actions, const TableView& table, s
 void CellTable::reload() {
     const QScopedValueRollback quiet(isQuiet_, true);
     const int count = model_.currentRowCount();
+    endEditingFrom(count);
     if (selectedRow() >= count) clearSelection();
     // Or else the row that the toolkit goes to instead would be selected.
     if (currentIndex().row() >= count)
@@ -85,6 +86,13 @@ void CellTable::reload() {
     controls_.reload();
     model_.reload();
     updateSight();
+}
+
+/// What is being edited in a row that has gone is no row's any more, and the toolkit would still commit it.
+void CellTable::endEditingFrom(int row) {
+    const auto edited = currentIndex();
+    if (state() != EditingState || edited.row() < row) return;
+    if (auto* editor = indexWidget(edited)) closeEditor(editor, QAbstractItemDelegate::NoHint);
 }
 
 int CellTable::selectedRow() const {

@@ -68,6 +68,7 @@ protected:
 private:
     enum class Widths { none, ofTitles, ofCells };
 
+    void endEditingFrom(int row);
     void layOutColumns();
     void updateRowHeight();
     void updateSight();

@@ -28,7 +28,7 @@ NoticeStrip::NoticeStrip(QWidget* parent) : QFrame(parent), icon_(new QLabel(thi
 
 void NoticeStrip::setText(const QString& text) {
     text_->setText(text);
-    text_->setAccessibleName(text);
+    setAccessibleName(text);
     setVisible(!text.isEmpty());
 }
 

@@ -20,7 +20,8 @@ std::string QtApplicationPort::shortVersion() const {
 void QtApplicationPort::activateIgnoringOtherApps() {
     auto windows = openWindows();
     // What is to be answered first comes last, above the others and with the focus.
-    std::ranges::stable_partition(windows, [](const QWidget* window) { return !window->isModal(); });
+    std::stable_partition(windows.begin(), windows.end(),
+                          [](const QWidget* window) { return !window->isModal(); });
     for (auto* window : windows)
         bringToUser(x_, *window);
 }

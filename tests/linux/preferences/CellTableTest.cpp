@@ -110,6 +110,26 @@ TEST(CellTableTest, HasNamesEditedInTheirPlaces) {
     shown.tap({space});
     shown.click(shown.middleOf(4, icon));
     EXPECT_TRUE(shown.waitFor({"renames 1 az", "renames 1  "}));
+
+    static QStringList warnings;
+    const auto former = qInstallMessageHandler(
+        [](QtMsgType /*type*/, const auto& /*context*/, const QString& text) { warnings.append(text); });
+    for (const int left : {2, 0}) {
+        EXPECT_TRUE(isOver());
+        shown.click(shown.middleOf(left, name));
+        ASSERT_TRUE(waitUntil([&] { return shown.port.selectedRow() == left; }));
+        shown.tap({f2});
+        ASSERT_TRUE(edits(QString::number(left)));
+        shown.tap({keyA});
+        ASSERT_TRUE(edits("a"));
+        shown.rowCount = left;
+        QMetaObject::invokeMethod(
+            &shown.table, [&] { shown.port.reloadData(); }, Qt::QueuedConnection);
+        EXPECT_TRUE(waitUntil([&] { return !editor(); })) << "its row has gone";
+    }
+    qInstallMessageHandler(former);
+    EXPECT_EQ(warnings, QStringList());
+    EXPECT_EQ(shown.log.size(), 2U) << "what was typed is nobody's name";
 }
 
 TEST(CellTableTest, AsksOnlyForWhatIsSeenAndStaysWhereItIs) {

@@ -72,6 +72,13 @@ TEST_F(Faults, ASecondLaunchLeavesAndASuccessorWaitsForTheEnd) {
     EXPECT_TRUE(successor.isRunning());
 }
 
+TEST_F(Faults, InAWaylandSessionItSaysSoOnce) {
+    qputenv("XDG_SESSION_TYPE", "wayland");
+    session_.startProgram();
+    qunsetenv("XDG_SESSION_TYPE");
+    EXPECT_EQ(session_.program->errors().count("Wayland session"), 1);
+}
+
 TEST_F(Faults, NoSessionManagerIsAskedWhoCouldStartItAgainOrKeepItWaiting) {
     const auto path = (session_.folders.home() + "/sessions").toStdString();
     const int manager = socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0);

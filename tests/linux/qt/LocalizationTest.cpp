@@ -103,6 +103,20 @@ TEST_P(StringTablesTest, HaveEveryTextOnceAndAsItsKeyIs) {
 INSTANTIATE_TEST_SUITE_P(Languages, StringTablesTest,
                          testing::Values("de", "es", "fr", "ja", "ko", "ru", "zh-Hans", "zh-Hant"));
 
+TEST(StringTablesOfLinux, SayNothingOfAnotherSystem) {
+    static const auto wanted = keysOfProgram();
+    for (const auto* language : {"en", "de", "es", "fr", "ja", "ko", "ru", "zh-Hans", "zh-Hant"}) {
+        const auto path = root / "resources/linux" / (std::string(language) + ".lproj/Localizable.strings");
+        const StringTable table(contents(path));
+        EXPECT_EQ(table.faultyLine(), std::nullopt) << path;
+        ASSERT_EQ(table.keys().size(), 1) << path;
+        const auto& reminder = table.keys().first();
+        EXPECT_TRUE(wanted.contains(reminder)) << path;
+        EXPECT_EQ(found(table.value(reminder), "Quorvane"), QStringList("Quorvane")) << path;
+        EXPECT_FALSE(table.value(reminder).contains('>')) << path << ": the way through other settings";
+    }
+}
+
 TEST(PreferencesWindows, AreTheSameOnEveryDesktop) {
     const auto macFolder = root / "platform/macos/preferences";
     Keys linuxTexts, linuxNames, macTexts;

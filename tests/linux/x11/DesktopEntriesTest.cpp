@@ -48,7 +48,13 @@ TEST(DesktopEntries, FindsTheFirstGoodFileAndSeesChanges) {
     folders.write("data/applications/broken.desktop", "\x01\x02");
     write("data/applications/sub/deep.desktop", "Name=Deep\nExec=two\n");
     write("data/applications/other.desktop", "Name=Other\nExec=two\n");
+    write("data/applications/polyglot.desktop", "Name=English\nName[de]=Deutsch\n");
+    qputenv("LC_ALL", "en_US.UTF-8");
+    qputenv("LANGUAGE", "de:fr");
     auto entries = DesktopEntries::ofEnvironment();
+    qunsetenv("LANGUAGE");
+    qunsetenv("LC_ALL");
+    EXPECT_EQ(entries.withId("polyglot")->name, "Deutsch") << "the language that the texts are in";
     EXPECT_EQ(entries.withId("app")->name, "Own");
     EXPECT_EQ(entries.withId("broken")->name, "Whole");
     EXPECT_FALSE(entries.withId("hidden"));
