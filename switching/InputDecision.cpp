@@ -17,6 +17,7 @@ std::optional<std::string> wantedInputSource(const PropertyList& autoInput,
 }
 
 void InputDecision::decide(const std::optional<std::string>& bundleIdentifier) {
+    companion_.dropRequest(); // what is decided now holds
     const auto autoInput = openSharedDefaults(stores_)->objectForKey(key::autoInput);
     const auto target =
         wantedInputSource(autoInput, bundleIdentifier, defaultInput(stores_.standardUserDefaults()));
