@@ -1,7 +1,9 @@
 #include "app/AppDelegate.h"
 
+#include "settings/FormerLaunchers.h"
 #include "settings/Keys.h"
 #include "settings/Maker.h"
+#include "settings/SharedDefaults.h"
 #include "shortcuts/InputHotKeys.h"
 
 namespace quorvane {
@@ -22,24 +24,34 @@ AppDelegate::AppDelegate(Desktop& desktop)
     , standardDefaults_(desktop.defaults.standardUserDefaults())
     , interface_(desktop.interfaceFiles.mainInterface())
     , companion_(desktop.workspace, desktop.defaults, desktop.distributedNotifications)
-    , inputSwitch_(desktop.inputSources, desktop.defaults, desktop.workspace, companion_, [this] { reset(); })
+    , inputSwitch_(desktop.inputSources, desktop.defaults, desktop.workspace, desktop.facts.launchers,
+                   openLaunchers_, companion_, [this] { reset(); })
     , stateTip_(desktop.inputSources, desktop.images, desktop.defaults, interface_.iconView,
                 interface_.iconBox)
-    , inputChangeWatch_(desktop.runLoop, [this] { stateTip_.inputChnagedNotification(); })
+    , inputChangeWatch_(desktop.runLoop,
+                        [this] {
+                            stateTip_.inputChnagedNotification();
+                            statusBarIcon_.toolTipChanged();
+                        })
     , indicator_(interface_, desktop.screens, desktop.windowList, desktop.workspace, desktop.cursor,
                  standardDefaults_, openLaunchers_, stateTip_)
-    , inputDecision_(desktop.defaults, inputSwitch_, companion_, desktop.runLoop, desktop.facts.switchDelay,
-                     [this] { reset(); })
+    , followWindowWatch_(desktop.globalEvents, standardDefaults_, companion_, indicator_)
+    , inputDecision_(desktop.defaults, inputSwitch_, companion_, desktop.runLoop, desktop.facts.launchers,
+                     desktop.facts.switchDelay, [this] { reset(); })
     , appChangeHandler_(desktop.screens, desktop.runLoop, companion_, openLaunchers_, inputDecision_,
                         indicator_, desktop.facts.screenChangeDelay)
-    , launcherWatch_(desktop.workspace, desktop.windowList, desktop.runLoop, companion_, openLaunchers_,
-                     inputDecision_, appChangeHandler_, indicator_)
+    , launcherEpisodes_(desktop.workspace, inputDecision_, appChangeHandler_, indicator_)
+    , launcherWatch_(desktop.workspace, desktop.windowList, desktop.runLoop, openLaunchers_,
+                     launcherEpisodes_, indicator_)
+    , launcherNews_(openLaunchers_, launcherEpisodes_, indicator_)
     , hotKeyCenter_(desktop.hotKeys)
     , loginItemsReminder_(desktop.alerts, desktop.application, desktop.processes, standardDefaults_,
                           desktop.facts.loginItemsCommand)
     , launchAtLogin_(desktop.loginItems, standardDefaults_, desktop.log)
     , settingsMirror_(desktop.defaults)
-    , statusBarIcon_(desktop.statusBar, desktop.images, statusMenu()) {
+    , statusToolTip_(inputDecision_, desktop.inputSources, desktop.applicationBundles, desktop.application)
+    , statusBarIcon_(desktop.statusBar, desktop.images, statusMenu(),
+                     [this] { return statusToolTip_.text(); }) {
     theDelegate = this;
 }
 
@@ -59,12 +71,14 @@ void AppDelegate::applicationDidFinishLaunching() {
     indicator_.showInitialState();
     updateStatusBarItem();
 
+    takeOverFormerLaunchers(standardDefaults_, desktop_.facts.launchers);
+    takeOverFormerLaunchers(*openSharedDefaults(desktop_.defaults), desktop_.facts.launchers);
     observeDefaults();
     observeWorkspace();
     observeDistributedNotifications();
     registerAllHotKey(standardDefaults_, hotKeyCenter_,
                       [this](const PTHotKey& hotKey) { inputHotKeyAction(hotKey); });
-    observeLaunchers();
+    observeLaunchersAndMouse();
 }
 
 void AppDelegate::observeDefaults() {
@@ -86,9 +100,12 @@ void AppDelegate::observeWorkspace() {
                 appChangeHandler_.appChanged(application);
             }));
     }
+    subscriptions_.push_back(desktop_.workspace.addObserver(
+        WorkspaceNotification::didLeaveFront, [this](const auto&) { appChangeHandler_.frontLeft(); }));
 }
 
 void AppDelegate::observeDistributedNotifications() {
+    subscriptions_.push_back(inputDecision_.decided.connect([this] { statusBarIcon_.toolTipChanged(); }));
     subscriptions_.push_back(desktop_.distributedNotifications.addObserver(
         selectedKeyboardInputSourceChangedNotification, [this](const DistributedNotification& notification) {
             inputChangeWatch_.inputSourceChanged(notification);
@@ -98,12 +115,18 @@ void AppDelegate::observeDistributedNotifications() {
         [this](const DistributedNotification& notification) { indicator_.windowAdjusted(notification); }));
 }
 
-void AppDelegate::observeLaunchers() {
+void AppDelegate::observeLaunchersAndMouse() {
+    if (desktop_.facts.launchers.areTold) {
+        subscriptions_.push_back(desktop_.windowList.addLauncherObserver(
+            [this](const auto& open) { launcherNews_.launcherChanged(open); }));
+        followWindowWatch_.watchWhileFollowing();
+        return;
+    }
     subscriptions_.push_back(desktop_.globalEvents.addGlobalMonitor(
-        eventMask(EventType::leftMouseUp) | eventMask(EventType::flagsChanged),
-        [this](const Event& event) { launcherWatch_.handleEvent(event); }));
-    subscriptions_.push_back(
-        desktop_.windowList.addLauncherObserver([this] { launcherWatch_.launcherWindowsChanged(); }));
+        eventMask(EventType::leftMouseUp) | eventMask(EventType::flagsChanged), [this](const Event& event) {
+            event.type == EventType::flagsChanged ? launcherWatch_.flagsChanged(event)
+                                                  : followWindowWatch_.mouseReleased();
+        }));
 }
 
 bool AppDelegate::applicationShouldHandleReopen(bool /*hasVisibleWindows*/) {

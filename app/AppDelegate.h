@@ -8,6 +8,8 @@
 #include "app/LoginItemsReminder.h"
 #include "app/SettingsMirror.h"
 #include "app/StatusBarIcon.h"
+#include "app/StatusToolTip.h"
+#include "indicator/FollowWindowWatch.h"
 #include "indicator/InputIndicator.h"
 #include "input/CompanionLink.h"
 #include "input/InputChangeWatch.h"
@@ -19,6 +21,8 @@
 #include "shortcuts/PTHotKeyCenter.h"
 #include "switching/AppChangeHandler.h"
 #include "switching/InputDecision.h"
+#include "switching/LauncherEpisodes.h"
+#include "switching/LauncherNews.h"
 #include "switching/LauncherWatch.h"
 
 namespace quorvane {
@@ -65,7 +69,7 @@ private:
     void observeDefaults();
     void observeWorkspace();
     void observeDistributedNotifications();
-    void observeLaunchers();
+    void observeLaunchersAndMouse();
     void showPreferences();
 
     Desktop& desktop_;
@@ -73,18 +77,22 @@ private:
     MainInterface interface_;
 
     CompanionLink companion_;
+    OpenLaunchers openLaunchers_;
     InputSwitch inputSwitch_;
     StateTip stateTip_;
     InputChangeWatch inputChangeWatch_;
-    OpenLaunchers openLaunchers_;
     InputIndicator indicator_;
+    FollowWindowWatch followWindowWatch_;
     InputDecision inputDecision_;
     AppChangeHandler appChangeHandler_;
-    LauncherWatch launcherWatch_;
+    LauncherEpisodes launcherEpisodes_;
+    LauncherWatch launcherWatch_; ///< This one, or on desktops that tell of launchers, the next.
+    LauncherNews launcherNews_;
     PTHotKeyCenter hotKeyCenter_;
     LoginItemsReminder loginItemsReminder_;
     LaunchAtLoginController launchAtLogin_;
     SettingsMirror settingsMirror_;
+    StatusToolTip statusToolTip_;
     StatusBarIcon statusBarIcon_;
     std::unique_ptr<AppPrefsWindowController> preferences_;
 

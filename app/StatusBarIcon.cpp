@@ -12,6 +12,8 @@ void StatusBarIcon::create() {
     statusItem_->setTemplateImage(images_.imageNamed("menuBarIcon"));
     statusItem_->setMenu(menu_);
     statusItem_->setHighlightMode(true);
+    statusItem_->setToolTip(toolTip_);
+    statusItem_->toolTipChanged();
 }
 
 } // namespace quorvane

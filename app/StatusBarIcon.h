@@ -11,12 +11,18 @@ namespace quorvane {
 /// hidden.
 class StatusBarIcon {
 public:
-    StatusBarIcon(StatusBar& statusBar, const Images& images, Menu menu)
+    StatusBarIcon(StatusBar& statusBar, const Images& images, Menu menu, std::function<std::string()> toolTip)
         : statusBar_(statusBar)
         , images_(images)
-        , menu_(std::move(menu)) {}
+        , menu_(std::move(menu))
+        , toolTip_(std::move(toolTip)) {}
 
     void setHidden(bool hidden);
+
+    /// What the tool tip would say has changed.
+    void toolTipChanged() {
+        if (statusItem_) statusItem_->toolTipChanged();
+    }
 
 private:
     void create();
@@ -24,6 +30,7 @@ private:
     StatusBar& statusBar_;
     const Images& images_;
     Menu menu_;
+    std::function<std::string()> toolTip_;
     std::unique_ptr<StatusItem> statusItem_;
 };
 

@@ -23,7 +23,7 @@ void writeSettings() {
     const auto shared = openSharedDefaults(stores);
     setRuleInput(*shared, "first", "xkb:us");
     setRuleInput(*shared, "second", "xkb:ru");
-    setRuleInput(*shared, "com.runningwithcrayons.Alfred.rofi", "xkb:ru");
+    setRuleInput(*shared, "rofi", "xkb:ru");
 }
 
 } // namespace

@@ -49,7 +49,7 @@ void InputIndicator::showInitialState() {
 }
 
 void InputIndicator::checkFollowWindow() {
-    if (!followsWindows() || !stateTip_.isEnabled() || openLaunchers_.any()) return;
+    if (!isFollowing() || openLaunchers_.any()) return;
     setFollowedWindowBounds(getFrameOfFirstWindow(frontmostName(workspace_)));
     adjustIconView();
 }
@@ -68,7 +68,7 @@ PropertyList InputIndicator::getFrameOfFirstWindow(std::string_view applicationN
 }
 
 void InputIndicator::windowAdjusted(const DistributedNotification& notification) {
-    if (!followsWindows() || !stateTip_.isEnabled()) return;
+    if (!isFollowing()) return;
     setFollowedWindowBounds(notification.userInfo);
     adjustIconView();
 }
@@ -79,6 +79,10 @@ bool InputIndicator::isTextCursor() const {
 
 bool InputIndicator::followsWindows() const {
     return standard_.boolForKey(key::followWindow);
+}
+
+bool InputIndicator::isFollowing() const {
+    return followsWindows() && stateTip_.isEnabled();
 }
 
 } // namespace quorvane

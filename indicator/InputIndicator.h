@@ -64,6 +64,9 @@ public:
 
     bool followsWindows() const;
 
+    /// It follows windows and is shown.
+    bool isFollowing() const;
+
 private:
     MainInterface interface_;
     const Screens& screens_;

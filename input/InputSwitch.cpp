@@ -22,14 +22,19 @@ void InputSwitch::selectInputSource(std::string_view id) {
 void InputSwitch::changeInputTo(std::string_view id) {
     companion_.dropRequest();
     if (currentInputSourceID() == id) return;
-    const auto frontmost = workspace_.frontmostApplication();
-    if (frontmost && isLauncher(frontmost->bundleIdentifier)) return;
+    if (isLauncherInFront()) return;
     if (companion_.isRunning()) {
         companion_.askToSwitchInput(id);
         return;
     }
     selectInputSource(id);
     reset_();
+}
+
+/// One that a desktop tells of is in front, whichever application is active behind it.
+bool InputSwitch::isLauncherInFront() const {
+    const auto frontmost = workspace_.frontmostApplication();
+    return openLaunchers_.told || (frontmost && isLauncher(launchers_, frontmost->bundleIdentifier));
 }
 
 } // namespace quorvane

@@ -6,6 +6,8 @@
 #include <string_view>
 
 #include "input/CompanionLink.h"
+#include "input/OpenLaunchers.h"
+#include "platform/LauncherFacts.h"
 #include "platform/TextInputSources.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
@@ -17,10 +19,13 @@ class InputSwitch {
 public:
     /// `reset` makes a selection reach the application in front.
     InputSwitch(TextInputSources& inputSources, UserDefaultsStores& stores, const Workspace& workspace,
-                CompanionLink& companion, std::function<void()> reset)
+                const LauncherFacts& launchers, const OpenLaunchers& openLaunchers, CompanionLink& companion,
+                std::function<void()> reset)
         : inputSources_(inputSources)
         , stores_(stores)
         , workspace_(workspace)
+        , launchers_(launchers)
+        , openLaunchers_(openLaunchers)
         , companion_(companion)
         , reset_(std::move(reset)) {}
 
@@ -35,9 +40,13 @@ public:
     void changeInputTo(std::string_view id);
 
 private:
+    bool isLauncherInFront() const;
+
     TextInputSources& inputSources_;
     UserDefaultsStores& stores_;
     const Workspace& workspace_;
+    const LauncherFacts& launchers_;
+    const OpenLaunchers& openLaunchers_;
     CompanionLink& companion_;
     std::function<void()> reset_;
 

@@ -2,15 +2,14 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
+
+#include "platform/LauncherFacts.h"
 
 namespace quorvane {
 
-inline constexpr std::string_view spotlightBundleIdentifier = "com.apple.Spotlight";
-inline constexpr std::string_view alfredBundleIdentifierPrefix = "com.runningwithcrayons.Alfred";
-
-/// Whether it is one of the launchers whose windows never make it the active application. Their search field
-/// is ready at once, so they are switched at once; and while one is in front, a hot key does not switch.
-bool isLauncher(const std::optional<std::string>& bundleIdentifier);
+/// Whether it is one of the desktop's launchers, whose windows never make them the active application. Their
+/// search field is ready at once, so they are switched at once; and while one is in front, a hot key does not
+/// switch.
+bool isLauncher(const LauncherFacts& launchers, const std::optional<std::string>& bundleIdentifier);
 
 } // namespace quorvane

@@ -6,8 +6,9 @@ namespace quorvane {
 struct OpenLaunchers {
     bool alfred = false;
     bool spotlight = false;
+    bool told = false; ///< One that the desktop tells of.
 
-    bool any() const { return alfred || spotlight; }
+    bool any() const { return alfred || spotlight || told; }
 };
 
 } // namespace quorvane

@@ -56,7 +56,9 @@ struct BoxPart {
 
 struct ShortcutRecorderPart {
     Rect frame;
-    PropertyList objectValue; ///< Nothing: no shortcut.
+    PropertyList objectValue; ///< Nothing: no shortcut is shown.
+    bool hasEntry = false;    ///< Whether there is something to clear, shown or not.
+    bool isRefused = false;   ///< There is, but pressing it has no effect.
     std::int64_t tagid = 0;
     std::uint64_t allowedModifierFlags = 0;
     bool allowsEmptyModifierFlags = false;

@@ -12,6 +12,7 @@
 #include "platform/HotKeys.h"
 #include "platform/Image.h"
 #include "platform/InterfaceFiles.h"
+#include "platform/LauncherFacts.h"
 #include "platform/Links.h"
 #include "platform/LoginItems.h"
 #include "platform/NotificationCenter.h"
@@ -36,6 +37,8 @@ struct DesktopFacts {
 
     /// How long after the keyboard focus moved to another screen the desktop takes to settle.
     double screenChangeDelay = 0.2; // seconds
+
+    LauncherFacts launchers;
 
     /// The shell command that shows the user which programs start at login.
     std::string loginItemsCommand = "open /System/Library/PreferencePanes/Accounts.prefPane";

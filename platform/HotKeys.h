@@ -4,7 +4,7 @@
 #include <functional>
 #include <optional>
 
-#include "platform/Subscription.h"
+#include "platform/Signal.h"
 
 namespace quorvane {
 
@@ -19,6 +19,10 @@ struct KeyCombination {
 class HotKeys {
 public:
     virtual ~HotKeys() = default;
+
+    /// The keyboard has changed, or others have: what was refused may be granted now, and what was granted may
+    /// rest. Registering it again tells.
+    Signal<> changed;
 
     /// From now on the combination reaches no other program, and the handler is called from the run loop:
     /// once a press, however long the key is held, with Caps Lock on or off. None when it is refused:

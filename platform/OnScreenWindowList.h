@@ -20,6 +20,12 @@ struct WindowDescription {
     bool operator==(const WindowDescription&) const = default;
 };
 
+/// A launcher that the user types into, and where its window is.
+struct OpenLauncher {
+    std::string bundleIdentifier;
+    Rect bounds; ///< Global, origin at the top-left of the primary screen.
+};
+
 /// The windows of all applications.
 class OnScreenWindowList {
 public:
@@ -29,9 +35,10 @@ public:
     /// flag.
     virtual std::vector<WindowDescription> windows() const = 0;
 
-    /// Calls the handler when a launcher's window has come or gone, on desktops that tell. On others nothing
-    /// ever calls it.
-    virtual Subscription addLauncherObserver(std::function<void()> handler) = 0;
+    /// Calls the handler when a launcher is opened, also in another one's place, and with none when it is
+    /// closed: on desktops that tell, see `LauncherFacts`. On others nothing ever calls it.
+    virtual Subscription
+    addLauncherObserver(std::function<void(const std::optional<OpenLauncher>& open)> handler) = 0;
 };
 
 } // namespace quorvane

@@ -24,6 +24,11 @@ public:
     /// A template image: only its shape counts, the desktop chooses the colour.
     virtual void setTemplateImage(ImageRef image) = 0;
     virtual void setMenu(Menu menu) = 0;
+
+    /// What the item says when the pointer rests on it. Asked for at `toolTipChanged`, or some time after it,
+    /// when the desktop has nothing better to do; it must be callable as long as the item lives.
+    virtual void setToolTip(std::function<std::string()> toolTip) = 0;
+    virtual void toolTipChanged() = 0;
     virtual void setHighlightMode(bool highlights) = 0;
     virtual void setVisible(bool visible) = 0;
 };

@@ -28,7 +28,9 @@ struct RunningApplication {
 enum class WorkspaceNotification {
     didActivateApplication, ///< The application came to the front.
     didUnhideApplication,   ///< The application in front was hidden and is shown again.
-    didLaunchApplication    ///< The application was not running and now is.
+    didLaunchApplication,   ///< The application was not running and now is.
+    didLeaveFront ///< The application in front closed its last window and nobody has come there yet. Only on
+                  ///< desktops where nobody can be in front.
 };
 
 /// Which applications run, and which one is in front.
@@ -42,7 +44,7 @@ public:
     virtual std::vector<RunningApplication>
     runningApplicationsWithBundleIdentifier(std::string_view bundleIdentifier) const = 0;
 
-    /// None before the first activation the desktop tells of.
+    /// None before the first activation the desktop tells of, and while nobody is in front.
     virtual std::optional<RunningApplication> frontmostApplication() const = 0;
 
     virtual Subscription addObserver(WorkspaceNotification notification,

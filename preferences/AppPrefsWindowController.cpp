@@ -58,7 +58,7 @@ void AppPrefsWindowController::awakeFromNib() {
                                     desktop_.application.shortVersion());
     setUpButton_.showStopped();
     lists_.arrOfApps = buildArrOfApps(desktop_.defaults.standardUserDefaults(), desktop_.workspace,
-                                      desktop_.applicationBundles);
+                                      desktop_.applicationBundles, desktop_.facts.launchers);
     lists_.inputs = InputSourceCatalogue::build(desktop_.inputSources, desktop_.images);
     buildDefaultInputButton();
     subscriptions_.push_back(desktop_.notifications.addObserver(

@@ -9,15 +9,15 @@
 namespace quorvane {
 namespace {
 
-bool isShownWhileRunning(const RunningApplication& application) {
+bool isShownWhileRunning(const RunningApplication& application, const LauncherFacts& launchers) {
     return application.activationPolicy == ActivationPolicy::regular ||
-           isLauncher(application.bundleIdentifier);
+           isLauncher(launchers, application.bundleIdentifier);
 }
 
 } // namespace
 
 std::vector<std::string> buildArrOfApps(const UserDefaults& standard, const Workspace& workspace,
-                                        const ApplicationBundles& bundles) {
+                                        const ApplicationBundles& bundles, const LauncherFacts& launchers) {
     std::vector<std::string> found;
     const auto autoInput = standard.objectForKey(key::autoInput);
     if (const auto* rules = autoInput.dictionary()) {
@@ -26,7 +26,7 @@ std::vector<std::string> buildArrOfApps(const UserDefaults& standard, const Work
     }
     for (const auto& application : workspace.runningApplications()) {
         const auto& identifier = application.bundleIdentifier;
-        if (!identifier || !isShownWhileRunning(application)) continue;
+        if (!identifier || !isShownWhileRunning(application, launchers)) continue;
         const bool isThere = std::ranges::find(found, *identifier) != found.end();
         if (!isThere && !isHiddenFromRuleTable(standard, *identifier)) found.push_back(*identifier);
     }

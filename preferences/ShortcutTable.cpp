@@ -18,10 +18,10 @@ constexpr std::uint64_t allowedModifierFlags =
     ModifierFlag::shift | ModifierFlag::control | ModifierFlag::option | ModifierFlag::command;
 
 /// What the recorder shows for a stored record: nothing for a key without modifiers that is no function key,
-/// though it is a hot key all the same. A number that is missing is 0.
+/// though it is a hot key all the same.
 PropertyList shownShortcut(const PropertyList& record) {
-    const InputShortcut shortcut{record["keyCode"].integerValue(), record["modifierFlags"].integerValue()};
-    return shortcut.isValid() ? shortcut.record() : PropertyList();
+    const auto shortcut = InputShortcut::ofRecord(record);
+    return shortcut && shortcut->isValid() ? shortcut->record() : PropertyList();
 }
 
 } // namespace
@@ -50,9 +50,11 @@ CellView ShortcutTable::tableViewForShortcut(std::string_view column, int row) {
 }
 
 CellView ShortcutTable::recorderCell(const InputSourceInfo& input, int row) {
+    const auto record = standard_.objectForKey(key::shortcutOfInput)[input.id];
     ShortcutRecorderPart recorder{.frame = recorderFrame,
-                                  .objectValue =
-                                      shownShortcut(standard_.objectForKey(key::shortcutOfInput)[input.id]),
+                                  .objectValue = shownShortcut(record),
+                                  .hasEntry = !record.isNothing(),
+                                  .isRefused = hotKeyCenter_.isRefused(input.id),
                                   .tagid = row,
                                   .allowedModifierFlags = allowedModifierFlags,
                                   .allowsEmptyModifierFlags = true};
@@ -68,12 +70,13 @@ CellView ShortcutTable::recorderCell(const InputSourceInfo& input, int row) {
 void ShortcutTable::shortcutRecorderDidEndRecording(const SRRecorderControlWithTagid& recorder) {
     const auto* input = inputAt(recorder.tagid());
     if (!input) return;
-    if (const auto hotKey = hotKeyCenter_.hotKeyWithIdentifier(input->id))
-        hotKeyCenter_.unregisterHotKey(*hotKey);
     const auto& recorded = recorder.objectValue();
     if (recorded.isNothing()) {
+        if (const auto hotKey = hotKeyCenter_.hotKeyWithIdentifier(input->id))
+            hotKeyCenter_.unregisterHotKey(*hotKey);
         removeShortcut(standard_, input->id);
     } else {
+        // In place of the old one, so that no other row gets a combination which this one keeps.
         hotKeyCenter_.registerHotKey(PTHotKey::hotKeyWithIdentifier(input->id, recorded, pressed_));
         setShortcut(standard_, input->id, recorded);
     }

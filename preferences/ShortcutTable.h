@@ -21,7 +21,8 @@ public:
         , hotKeyCenter_(hotKeyCenter)
         , lists_(lists)
         , table_(table)
-        , pressed_(std::move(pressed)) {}
+        , pressed_(std::move(pressed))
+        , refusals_(hotKeyCenter.refusalsChanged.connect([this] { table_.reloadData(); })) {}
 
     /// An empty cell for any other column or row.
     CellView tableViewForShortcut(std::string_view column, int row);
@@ -39,6 +40,7 @@ private:
     const PreferencesLists& lists_;
     TableView& table_;
     PTHotKey::Action pressed_;
+    Subscription refusals_;
 };
 
 } // namespace quorvane

@@ -16,17 +16,13 @@ constexpr std::string_view modifierFlagsKey = "modifierFlags";
 constexpr std::array<std::int64_t, 20> functionKeyCodes = {122, 120, 99,  118, 96,  97,  98, 100, 101, 109,
                                                            103, 111, 105, 107, 113, 106, 64, 79,  80,  90};
 
-bool isNumber(const PropertyList& value) {
-    return value.integer() || value.real();
-}
-
 } // namespace
 
 std::optional<InputShortcut> InputShortcut::ofRecord(const PropertyList& record) {
-    const auto& keyCode = record[keyCodeKey];
-    const auto& modifierFlags = record[modifierFlagsKey];
-    if (!isNumber(keyCode) || !isNumber(modifierFlags)) return std::nullopt;
-    return InputShortcut{keyCode.integerValue(), modifierFlags.integerValue()};
+    const InputShortcut shortcut{record[keyCodeKey].integerValue(), record[modifierFlagsKey].integerValue()};
+    // 0 is the key A, which nobody could type any more.
+    const bool tellsOfNone = record[keyCodeKey].isNothing() && shortcut.modifierFlags <= 0;
+    return tellsOfNone ? std::nullopt : std::optional(shortcut);
 }
 
 PropertyList InputShortcut::record() const {

@@ -16,7 +16,7 @@ struct InputShortcut {
 
     bool operator==(const InputShortcut&) const = default;
 
-    /// None when the stored value is no dictionary of two numbers.
+    /// What is missing or no number is 0. None when the record tells neither of a key nor of modifiers.
     static std::optional<InputShortcut> ofRecord(const PropertyList& record);
 
     /// As it is stored.

@@ -5,25 +5,52 @@
 namespace quorvane {
 
 bool PTHotKeyCenter::registerHotKey(PTHotKeyRef hotKey) {
-    unregisterHotKey(*hotKey);
-    const auto shortcut = InputShortcut::ofRecord(hotKey->keyCombo());
-    if (!shortcut) return false;
-    auto subscription =
-        hotKeys_.registerHotKey({shortcut->keyCode, static_cast<std::uint64_t>(shortcut->modifierFlags)},
-                                [hotKey] { hotKey->perform(); });
-    if (!subscription) return false;
     const auto identifier = hotKey->identifier();
-    registrations_.emplace(identifier, Registration{std::move(hotKey), std::move(*subscription)});
-    return true;
+    auto& registration = registrations_[identifier];
+    registration = {std::move(hotKey), std::nullopt};
+    registerAgain(registration);
+    tryRefused();
+    return !isRefused(identifier);
 }
 
 void PTHotKeyCenter::unregisterHotKey(const PTHotKey& hotKey) {
     registrations_.erase(hotKey.identifier());
+    tryRefused();
 }
 
 PTHotKeyRef PTHotKeyCenter::hotKeyWithIdentifier(std::string_view identifier) const {
     const auto found = registrations_.find(identifier);
     return found == registrations_.end() ? nullptr : found->second.hotKey;
+}
+
+bool PTHotKeyCenter::isRefused(std::string_view identifier) const {
+    const auto found = registrations_.find(identifier);
+    return found != registrations_.end() && !found->second.subscription;
+}
+
+void PTHotKeyCenter::registerAgain(Registration& registration) {
+    const auto& hotKey = registration.hotKey;
+    const auto shortcut = InputShortcut::ofRecord(hotKey->keyCombo());
+    if (!shortcut) return;
+    registration.subscription =
+        hotKeys_.registerHotKey({shortcut->keyCode, static_cast<std::uint64_t>(shortcut->modifierFlags)},
+                                [hotKey] { hotKey->perform(); });
+}
+
+void PTHotKeyCenter::tryRefused() {
+    for (auto& [identifier, registration] : registrations_)
+        if (!registration.subscription) registerAgain(registration);
+}
+
+void PTHotKeyCenter::registerAllAgain() {
+    bool isNews = false;
+    for (auto& [identifier, registration] : registrations_) {
+        const bool wasRefused = isRefused(identifier);
+        registration.subscription.reset(); // One that rests would be refused as our own.
+        registerAgain(registration);
+        isNews |= wasRefused != isRefused(identifier);
+    }
+    if (isNews) refusalsChanged.emit();
 }
 
 } // namespace quorvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -9,28 +10,42 @@
 
 namespace quorvane {
 
-/// The program's hot keys, by their identifiers. There is one such registry in the process.
+/// The program's hot keys, by their identifiers. There is one such registry in the process. Those that the
+/// desktop refuses are kept, and tried again when one of the others is given back or the desktop tells of a
+/// change.
 class PTHotKeyCenter {
 public:
-    explicit PTHotKeyCenter(HotKeys& hotKeys) : hotKeys_(hotKeys) {}
+    explicit PTHotKeyCenter(HotKeys& hotKeys)
+        : hotKeys_(hotKeys)
+        , changes_(hotKeys.changed.connect([this] { registerAllAgain(); })) {}
 
-    /// A hot key registered before under the same identifier is unregistered. False when the desktop refuses
-    /// the combination, or the record is none: the hot key is not kept then.
+    /// Takes the place of the one registered before under the same identifier. False when the desktop refuses
+    /// the combination, or the record is none.
     bool registerHotKey(PTHotKeyRef hotKey);
 
     void unregisterHotKey(const PTHotKey& hotKey);
 
-    /// The registered hot key of this identifier; null when there is none.
+    /// The hot key kept under this identifier; null when there is none.
     PTHotKeyRef hotKeyWithIdentifier(std::string_view identifier) const;
+
+    /// Whether there is one, but pressing it has no effect.
+    bool isRefused(std::string_view identifier) const;
+
+    Signal<> refusalsChanged; ///< By a change of the desktop.
 
 private:
     struct Registration {
         PTHotKeyRef hotKey;
-        Subscription subscription;
+        std::optional<Subscription> subscription; ///< None while it is refused.
     };
+
+    void registerAgain(Registration& registration);
+    void tryRefused();
+    void registerAllAgain();
 
     HotKeys& hotKeys_;
     std::map<std::string, Registration, std::less<>> registrations_;
+    Subscription changes_;
 };
 
 } // namespace quorvane

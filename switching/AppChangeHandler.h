@@ -34,10 +34,14 @@ public:
     /// bundle identifier equals no other, not even itself.
     void appChanged(const RunningApplication& application);
 
+    /// Nobody is in front any more: whoever comes there next does so anew, also the one who left.
+    void frontLeft() { lastBundleID_.reset(); }
+
     /// Decides for the application that is the last one by now: it may be another than when the wait began.
     void delayChangeInputToAppID();
 
-    /// The application whose coming to the front was last handled; none before the first one.
+    /// The application whose coming to the front was last handled; none before the first one, and while
+    /// nobody is in front.
     const std::optional<std::string>& lastBundleID() const { return lastBundleID_; }
 
     /// For a launcher that opens before any application came to the front.

@@ -1,31 +1,30 @@
 #include "switching/InputDecision.h"
 
 #include "input/Launchers.h"
-#include "settings/AppRule.h"
 #include "settings/DefaultInput.h"
 #include "settings/SharedDefaults.h"
 
 namespace quorvane {
 
-std::optional<std::string> wantedInputSource(const PropertyList& autoInput,
-                                             const std::optional<std::string>& bundleIdentifier,
-                                             const std::optional<std::string>& defaultInput) {
-    if (bundleIdentifier) {
-        if (auto id = AppRule::ofApplication(autoInput, *bundleIdentifier).id()) return id;
-    }
-    return defaultInput;
+WantedInput InputDecision::wantedBy(const std::optional<std::string>& bundleIdentifier) const {
+    return wantedInput(openSharedDefaults(stores_)->objectForKey(key::autoInput), bundleIdentifier,
+                       isLauncher(launchers_, bundleIdentifier), defaultInput(stores_.standardUserDefaults()));
 }
 
 void InputDecision::decide(const std::optional<std::string>& bundleIdentifier) {
+    lastApplication_ = bundleIdentifier;
+    giveWantedInput();
+    decided.emit();
+}
+
+void InputDecision::giveWantedInput() {
     companion_.dropRequest(); // what is decided now holds
-    const auto autoInput = openSharedDefaults(stores_)->objectForKey(key::autoInput);
-    const auto target =
-        wantedInputSource(autoInput, bundleIdentifier, defaultInput(stores_.standardUserDefaults()));
+    const auto target = wantedBy(lastApplication_).id;
     if (!target || inputSwitch_.currentInputSourceID() == *target) return;
 
     if (companion_.isRunning()) {
         companion_.askToSwitchInput(*target);
-    } else if (isLauncher(bundleIdentifier)) {
+    } else if (isLauncher(launchers_, lastApplication_)) {
         inputSwitch_.selectInputSource(*target);
     } else if (switchDelay_ > 0) {
         runLoop_.dispatchAfter(switchDelay_, [this, target = *target] { switchTo(target); });

@@ -2,20 +2,16 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "input/CompanionLink.h"
 #include "input/InputSwitch.h"
+#include "platform/LauncherFacts.h"
 #include "platform/RunLoop.h"
+#include "platform/Signal.h"
 #include "platform/UserDefaults.h"
+#include "switching/WantedInput.h"
 
 namespace quorvane {
-
-/// The input source an application is to have: that of its own rule, else the default one, else none.
-/// `autoInput` holds the rules by bundle identifier; whatever in it is malformed counts as not there.
-std::optional<std::string> wantedInputSource(const PropertyList& autoInput,
-                                             const std::optional<std::string>& bundleIdentifier,
-                                             const std::optional<std::string>& defaultInput);
 
 /// Decides which input source an application wants and sees that it gets it. Every automatic switch goes
 /// through here.
@@ -24,11 +20,13 @@ public:
     /// `switchDelay`: how long an ordinary application needs, after it came to the front, until it takes a
     /// new source; in seconds. `reset` follows each such switch.
     InputDecision(UserDefaultsStores& stores, InputSwitch& inputSwitch, CompanionLink& companion,
-                  RunLoop& runLoop, double switchDelay, std::function<void()> reset)
+                  RunLoop& runLoop, const LauncherFacts& launchers, double switchDelay,
+                  std::function<void()> reset)
         : stores_(stores)
         , inputSwitch_(inputSwitch)
         , companion_(companion)
         , runLoop_(runLoop)
+        , launchers_(launchers)
         , switchDelay_(switchDelay)
         , reset_(std::move(reset)) {}
 
@@ -37,15 +35,26 @@ public:
     /// later one last.
     void decide(const std::optional<std::string>& bundleIdentifier);
 
+    /// What it would decide for the application now.
+    WantedInput wantedBy(const std::optional<std::string>& bundleIdentifier) const;
+
+    /// The application that it last decided for; none before the first one.
+    const std::optional<std::string>& lastApplication() const { return lastApplication_; }
+
+    Signal<> decided; ///< Each time, whatever came of it.
+
 private:
+    void giveWantedInput();
     void switchTo(const std::string& target);
 
     UserDefaultsStores& stores_;
     InputSwitch& inputSwitch_;
     CompanionLink& companion_;
     RunLoop& runLoop_;
+    const LauncherFacts& launchers_;
     double switchDelay_;
     std::function<void()> reset_;
+    std::optional<std::string> lastApplication_;
 };
 
 } // namespace quorvane

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "indicator/IndicatorPlacement.h"
-#include "input/Launchers.h"
+#include "platform/LauncherFacts.h"
 #include "switching/LauncherWindows.h"
 
 namespace quorvane {
@@ -32,15 +32,12 @@ constexpr std::array<std::uint64_t, 4> releaseFlags = {
 } // namespace
 
 LauncherWatch::LauncherWatch(const Workspace& workspace, const OnScreenWindowList& windowList,
-                             RunLoop& runLoop, const CompanionLink& companion, OpenLaunchers& openLaunchers,
-                             InputDecision& decision, AppChangeHandler& appChangeHandler,
+                             RunLoop& runLoop, OpenLaunchers& openLaunchers, LauncherEpisodes& episodes,
                              InputIndicator& indicator)
     : workspace_(workspace)
     , windowList_(windowList)
     , runLoop_(runLoop)
-    , companion_(companion)
-    , decision_(decision)
-    , appChangeHandler_(appChangeHandler)
+    , episodes_(episodes)
     , indicator_(indicator)
     , alfred_{openLaunchers.alfred,
               isAlfredWindow,
@@ -53,15 +50,9 @@ LauncherWatch::LauncherWatch(const Workspace& workspace, const OnScreenWindowLis
                  {runLoop, willOpenInterval, [this] { checkSpotlightWillOpen(); }},
                  {runLoop, stillOpenInterval, [this] { checkSpotlightIfOpenning(); }}} {}
 
-void LauncherWatch::handleEvent(const Event& event) {
-    if (event.type == EventType::flagsChanged)
-        handleFlags(event.modifierFlags, event.timestamp);
-    else if (!companion_.isRunning())
-        indicator_.checkFollowWindow();
-}
-
-void LauncherWatch::handleFlags(std::uint64_t flags, double timestamp) {
-    if (std::ranges::find(releaseFlags, flags) == releaseFlags.end()) handlePress(flags, timestamp);
+void LauncherWatch::flagsChanged(const Event& event) {
+    const auto flags = event.modifierFlags;
+    if (std::ranges::find(releaseFlags, flags) == releaseFlags.end()) handlePress(flags, event.timestamp);
     for (auto* launcher : {&alfred_, &spotlight_}) {
         if (launcher->isOpen) launcher->stillOpen.restart();
     }
@@ -80,18 +71,6 @@ void LauncherWatch::handlePress(std::uint64_t flags, double timestamp) {
     lastFlags_ = flags;
     if (isAlfredRunning() && !alfred_.isOpen) alfred_.willOpen.restart();
     if (!spotlight_.isOpen) spotlight_.willOpen.restart();
-}
-
-void LauncherWatch::launcherWindowsChanged() {
-    if (alfred_.isOpen)
-        checkIfOpenning(alfred_);
-    else if (isAlfredRunning())
-        openIfOnScreen(alfred_);
-
-    if (spotlight_.isOpen)
-        checkIfOpenning(spotlight_);
-    else
-        openIfOnScreen(spotlight_);
 }
 
 void LauncherWatch::stopCheckAlfredOrSpotlightWillOpen() {
@@ -124,26 +103,20 @@ bool LauncherWatch::isOnScreen(const Launcher& launcher) {
 
 void LauncherWatch::checkWillOpen(Launcher& launcher) {
     if (!isOnScreen(launcher)) return;
-    launcher.isOpen = true;
     launcher.willOpen.disarm();
-    decision_.decide(launcher.bundleIdentifier);
+    episodes_.begin(launcher.isOpen, launcher.bundleIdentifier);
 }
 
 void LauncherWatch::checkIfOpenning(Launcher& launcher) {
     if (isOnScreen(launcher)) return;
-    launcher.isOpen = false;
     launcher.stillOpen.disarm();
-    decision_.decide(appChangeHandler_.lastBundleID());
-    indicator_.checkFollowWindow();
+    episodes_.end(launcher.isOpen);
 }
 
 void LauncherWatch::openIfOnScreen(Launcher& launcher) {
     if (!isOnScreen(launcher) || launcher.isOpen) return;
-    const auto frontmost = workspace_.frontmostApplication();
-    appChangeHandler_.setLastBundleIDIfNone(frontmost ? frontmost->bundleIdentifier.value_or(std::string())
-                                                      : std::string());
-    launcher.isOpen = true;
-    decision_.decide(launcher.bundleIdentifier);
+    episodes_.rememberFrontmost();
+    episodes_.begin(launcher.isOpen, launcher.bundleIdentifier);
     launcher.stillOpen.restart();
 }
 

@@ -5,14 +5,12 @@
 #include <string>
 
 #include "indicator/InputIndicator.h"
-#include "input/CompanionLink.h"
 #include "input/OpenLaunchers.h"
 #include "platform/GlobalEventMonitor.h"
 #include "platform/OnScreenWindowList.h"
 #include "platform/RunLoop.h"
 #include "platform/Workspace.h"
-#include "switching/AppChangeHandler.h"
-#include "switching/InputDecision.h"
+#include "switching/LauncherEpisodes.h"
 #include "switching/RestartableTimer.h"
 
 namespace quorvane {
@@ -20,21 +18,15 @@ namespace quorvane {
 /// Gives the launchers their input source while their window is on the screen. Opening one makes no
 /// application active, so nobody tells of it: the modifier keys that open it are watched, and while they are
 /// held, and shortly after, the window list.
-///
-/// Some desktops do tell when a launcher's window comes or goes. There nothing has to be waited for.
 class LauncherWatch {
 public:
     LauncherWatch(const Workspace& workspace, const OnScreenWindowList& windowList, RunLoop& runLoop,
-                  const CompanionLink& companion, OpenLaunchers& openLaunchers, InputDecision& decision,
-                  AppChangeHandler& appChangeHandler, InputIndicator& indicator);
+                  OpenLaunchers& openLaunchers, LauncherEpisodes& episodes, InputIndicator& indicator);
     LauncherWatch(const LauncherWatch&) = delete;
     LauncherWatch& operator=(const LauncherWatch&) = delete;
 
-    /// The left mouse button was released, or modifier keys went down or up.
-    void handleEvent(const Event& event);
-
-    /// The desktop tells that a launcher's window has come or gone.
-    void launcherWindowsChanged();
+    /// Modifier keys went down or up.
+    void flagsChanged(const Event& event);
 
     // What the timers do: look whether a window has come ...
     void checkAlfredWillOpen() { checkWillOpen(alfred_); }
@@ -55,7 +47,6 @@ private:
         RestartableTimer stillOpen;
     };
 
-    void handleFlags(std::uint64_t flags, double timestamp);
     void handlePress(std::uint64_t flags, double timestamp);
     bool isAlfredRunning();
     bool isOnScreen(const Launcher& launcher);
@@ -66,9 +57,7 @@ private:
     const Workspace& workspace_;
     const OnScreenWindowList& windowList_;
     RunLoop& runLoop_;
-    const CompanionLink& companion_;
-    InputDecision& decision_;
-    AppChangeHandler& appChangeHandler_;
+    LauncherEpisodes& episodes_;
     InputIndicator& indicator_;
 
     Launcher alfred_;

@@ -1,5 +1,7 @@
 #include "virtual-desktop/SessionBus.h"
 
+#include <csignal>
+
 namespace quorvane {
 
 SessionBus::SessionBus(QProcessEnvironment* environment) {
@@ -12,6 +14,14 @@ SessionBus::SessionBus(QProcessEnvironment* environment) {
         environment->insert(variable, address);
     else
         qputenv(variable, address);
+}
+
+void SessionBus::stop() {
+    ::kill(static_cast<pid_t>(process_.processId()), SIGSTOP);
+}
+
+void SessionBus::resume() {
+    ::kill(static_cast<pid_t>(process_.processId()), SIGCONT);
 }
 
 } // namespace quorvane

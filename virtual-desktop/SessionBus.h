@@ -13,6 +13,9 @@ public:
 
     void end() { process_.end(); }
 
+    void stop(); ///< It hangs until `resume`.
+    void resume();
+
 private:
     ChildProcess process_;
 };

@@ -49,6 +49,10 @@ void XClient::fillScreen(xcb_window_t window) {
     tellManager(window, "_NET_WM_STATE", add, x_->atom("_NET_WM_STATE_FULLSCREEN"));
 }
 
+void XClient::showDesktop(unsigned number) {
+    tellManager(root(), "_NET_CURRENT_DESKTOP", number);
+}
+
 std::vector<std::uint32_t> XClient::values(xcb_window_t window, std::string_view property) {
     return XProperty(*x_, window, property).values();
 }

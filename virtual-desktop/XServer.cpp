@@ -15,6 +15,8 @@ XServer::XServer(const QString& layouts) {
     process_.setStandardErrorFile(QProcess::nullDevice());
     const QStringList arguments{"-displayfd",  "1",         "-screen", "0",
                                 "1600x900x24", "-nolisten", "tcp",     "-noreset"};
+    for (const auto* ofAnotherSession : {"WAYLAND_DISPLAY", "XDG_SESSION_TYPE", "SESSION_MANAGER"})
+        qunsetenv(ofAnotherSession);
     qputenv("DISPLAY", ":" + process_.startAndReadLine("Xvfb", arguments));
     if (layouts.isEmpty()) return;
     const auto status =
@@ -26,6 +28,7 @@ WindowManager::WindowManager(const QString& program) {
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert("XDG_DATA_DIRS", "/usr/share"); // Its themes, without which it ends at once.
     QStringList arguments{"--sm-disable"};
+    if (program == "bspwm") arguments = QStringList{"-c", "/dev/null"};
     if (program == "xfwm4") {
         arguments = {"--compositor=off"};
         // Its settings daemon would write them after everything has ended and the home is gone.

@@ -18,7 +18,7 @@ private:
     ChildProcess process_;
 };
 
-/// A window manager ("openbox", "xfwm4") on the current display; ready when the constructor returns. Ends
+/// A window manager ("openbox", "xfwm4", "bspwm") on the current display; ready when the constructor returns. Ends
 /// with this object.
 class WindowManager {
 public:

@@ -29,6 +29,11 @@ DesktopFacts factsOfX11() {
         // wrong source.
         .switchDelay = 0,
         .screenChangeDelay = 0,
+        // Rules were once stored as if the launchers were those of the native desktop.
+        .launchers = {.areTold = true,
+                      .identifiers = launcherIdentifiers(),
+                      .identifierPrefixes = {},
+                      .formerPrefix = std::string(alfredBundleIdentifierPrefix) + "."},
         // Desktops have no common program for it, but all of them read this folder.
         .loginItemsCommand = "xdg-open \"${XDG_CONFIG_HOME:-$HOME/.config}/autostart\" >/dev/null 2>&1 &",
         .relaunchPath = QCoreApplication::applicationFilePath().toStdString(),
@@ -47,6 +52,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     : defaults_(LinuxUserDefaults::configFolder(), maker::bundleIdentifier)
     , distributedNotifications_(maker::distributedNotificationInterface,
                                 [this] { defaults_.flushPendingWrites(); })
+    , busApplications_({std::string(maker::companionBundleIdentifier)})
     , desktopEntries_(DesktopEntries::ofEnvironment())
     , identities_(x, desktopEntries_)
     , launchers_(x)
@@ -64,6 +70,8 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     , activationsForInput_(
           workspace_.addObserver(WorkspaceNotification::didActivateApplication,
                                  [this](const auto& application) { activated(application); }))
+    , departuresForInput_(workspace_.addObserver(WorkspaceNotification::didLeaveFront,
+                                                 [this](const auto&) { frontApplication_.reset(); }))
     , switchesByHand_(globalEvents_.addGlobalMonitor(eventMask(EventType::leftMouseUp) |
                                                          eventMask(EventType::flagsChanged),
                                                      [this](const Event& event) {
@@ -74,8 +82,9 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
         distributedNotifications_.deliverLocally(
             {std::string(selectedKeyboardInputSourceChangedNotification), {}});
     }))
+    , application_(x)
     , applicationBundles_(desktopEntries_, workspace_)
-    , interfaceFiles_(screens_, {x, notifications_, defaults_.standardUserDefaults()})
+    , interfaceFiles_(x, screens_, notifications_, defaults_.standardUserDefaults())
     , activations_(workspace_.addObserver(WorkspaceNotification::didActivateApplication,
                                           [this](const auto&) { interfaceFiles_.raiseIndicator(); }))
     , frontWindowChanges_(frontWindow_.changed.connect([this](const auto& bounds) {
@@ -83,6 +92,8 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
         tellFrontWindow(bounds);
     }))
     , launcherChanges_(launchers_.onChange([this] { interfaceFiles_.raiseIndicator(); }))
+    , statusBar_(x)
+    , alerts_(x)
     , openPanel_(desktopEntries_)
     , processes_([this] { defaults_.flushPendingWrites(); })
     , loginItems_(autostartFolder(), QCoreApplication::applicationFilePath().toStdString())

@@ -70,6 +70,7 @@ private:
     SessionInputSources inputSources_;
     std::optional<std::string> frontApplication_;
     Subscription activationsForInput_; ///< Made before those of the program, who decides next.
+    Subscription departuresForInput_;
     Subscription switchesByHand_;
     Subscription selectionChanges_;
 

@@ -1,15 +1,17 @@
-#include <algorithm>
-#include <functional>
-#include <string_view>
+#include <optional>
+#include <span>
+#include <string>
 
 #include <QApplication>
 #include <QPixmapCache>
 
 #include "app/AppDelegate.h"
+#include "platform/linux/EnvironmentWhile.h"
 #include "platform/linux/LaunchArguments.h"
 #include "platform/linux/LinuxDesktop.h"
 #include "platform/linux/Log.h"
 #include "platform/linux/UnixSignals.h"
+#include "platform/linux/WaylandSession.h"
 #include "platform/linux/appearance/ColorScheme.h"
 #include "platform/linux/localization/Translations.h"
 #include "platform/linux/qt/TemplateIcon.h"
@@ -27,13 +29,27 @@ bool hasDisplay() {
     return works;
 }
 
-int runProgram(quorvane::XConnection& x, const std::function<bool(const char*)>& isTold) {
-    quorvane::SingleInstance instance(x);
-    if (isTold(quorvane::launch_argument::newInstance)) instance.waitForTheOtherToEnd();
-    if (!instance.becomeTheOne()) {
-        if (!isTold(quorvane::launch_argument::atLogin)) instance.askTheOtherToReopen();
-        return 0;
+/// How QApplication is to find the environment.
+struct EnvironmentOfToolkit {
+    // In a Wayland session Qt would choose Wayland, where this program has no windows to look after.
+    quorvane::EnvironmentWhile platform{"QT_QPA_PLATFORM", "xcb"};
+    // Session managers start what is connected to them again at login, whatever the user chose, and without
+    // the argument that keeps the window closed then. An agent that starts by its login item needs none.
+    quorvane::EnvironmentWhile sessionManager{"SESSION_MANAGER", std::nullopt};
+    // IBus' plugin for Qt waits for the daemon, and everything here would with it while the daemon hangs. So
+    // this program's own windows do without it.
+    std::optional<quorvane::EnvironmentWhile> inputMethod;
+
+    EnvironmentOfToolkit() {
+        if (qgetenv(inputMethodVariable) == "ibus") inputMethod.emplace(inputMethodVariable, "compose");
     }
+};
+
+int runProgram(quorvane::XConnection& x, const quorvane::LaunchArguments& arguments) {
+    quorvane::SingleInstance instance(x);
+    using enum quorvane::SingleInstance::IfAnotherRuns;
+    if (arguments.isNewInstance) instance.waitForTheOtherToEnd();
+    if (!instance.becomeTheOne(arguments.isAtLogin ? leaveIt : askItToReopen)) return 0;
 
     const quorvane::ColorScheme colorScheme(x);
     quorvane::LinuxDesktop linuxDesktop(x);
@@ -42,10 +58,22 @@ int runProgram(quorvane::XConnection& x, const std::function<bool(const char*)>&
     const auto serverLoss = x.onLost([&application] { application.terminate(); });
 
     quorvane::AppDelegate program(linuxDesktop.desktop());
+    // Until the reminder is answered, it is what the user is shown who launches the program again; the window
+    // comes then.
+    bool hasLaunched = false;
+    bool isAskedToReopen = false;
+    instance.onReopen([&] {
+        isAskedToReopen = true;
+        if (hasLaunched)
+            program.applicationShouldHandleReopen(false);
+        else
+            application.activateIgnoringOtherApps();
+    });
     // From within the event loop, so that the program can be told to end while the reminder is up.
-    const auto start = [&program, &instance] {
+    const auto start = [&] {
         program.applicationDidFinishLaunching();
-        instance.onReopen([&program] { program.applicationShouldHandleReopen(false); });
+        hasLaunched = true;
+        if (isAskedToReopen) program.applicationShouldHandleReopen(false);
     };
     QMetaObject::invokeMethod(qApp, start, Qt::QueuedConnection);
     return QApplication::exec();
@@ -54,18 +82,18 @@ int runProgram(quorvane::XConnection& x, const std::function<bool(const char*)>&
 } // namespace
 
 int main(int argc, char** argv) {
+    const quorvane::LaunchArguments arguments(std::span<const char* const>(argv + 1, argv + argc));
+    if (!arguments.unknown.empty()) {
+        quorvane::logLine("unknown argument: " + arguments.unknown);
+        return 2;
+    }
     if (!hasDisplay()) {
         quorvane::logLine("no X server: DISPLAY names none that can be reached");
         return 1;
     }
-    // In a Wayland session Qt would choose Wayland, where this program has no windows to look after.
-    qputenv("QT_QPA_PLATFORM", "xcb");
-    // IBus' plugin for Qt waits for the daemon, and everything here would with it while the daemon hangs. So
-    // this program's own windows do without it; programs started from here get the variable as it was.
-    const auto inputMethod = qgetenv(inputMethodVariable);
-    if (inputMethod == "ibus") qputenv(inputMethodVariable, "compose");
+    std::optional<EnvironmentOfToolkit> environment(std::in_place);
     QApplication qt(argc, argv);
-    if (inputMethod == "ibus") qputenv(inputMethodVariable, inputMethod);
+    environment.reset();
     QApplication::setApplicationName(QStringLiteral("Quorvane"));
     QApplication::setApplicationVersion(QStringLiteral(QUORVANE_VERSION));
     QApplication::setWindowIcon(quorvane::iconOfTemplate(quorvane::QtImages().imageNamed("menuBarIcon")));
@@ -73,6 +101,8 @@ int main(int argc, char** argv) {
     // Its timer would wake an idle program half a minute after a picture was drawn, to free a few pixels.
     QPixmapCache::setCacheLimit(0);
 
+    // Logged in English: no translation is there yet.
+    if (quorvane::isWaylandSession()) quorvane::logLine(quorvane::waylandNotice().toStdString());
     quorvane::installTranslations();
 
     const auto x = quorvane::XConnection::open();
@@ -80,7 +110,5 @@ int main(int argc, char** argv) {
         quorvane::logLine("no X server: the connection was refused");
         return 1;
     }
-    return runProgram(*x, [argc, argv](std::string_view wanted) {
-        return std::find(argv + 1, argv + argc, wanted) != argv + argc;
-    });
+    return runProgram(*x, arguments);
 }

@@ -10,11 +10,14 @@ public:
 
     void setTemplateImage(ImageRef image) override { state_->image = std::move(image); }
     void setMenu(Menu menu) override { state_->menu = std::move(menu); }
+    void setToolTip(std::function<std::string()> toolTip) override { toolTip_ = std::move(toolTip); }
+    void toolTipChanged() override { state_->toolTip = toolTip_(); }
     void setHighlightMode(bool highlights) override { state_->highlights = highlights; }
     void setVisible(bool visible) override { state_->isVisible = visible; }
 
 private:
     std::shared_ptr<SimulatedStatusItemState> state_;
+    std::function<std::string()> toolTip_;
 };
 
 } // namespace
@@ -33,8 +36,13 @@ std::unique_ptr<StatusItem> SimulatedStatusBar::statusItemWithLength(double /*le
 
 Subscription SimulatedGlobalEventMonitor::addGlobalMonitor(EventMask mask,
                                                            std::function<void(const Event&)> handler) {
-    return sent_.connect([mask, handler = std::move(handler)](const Event& event) {
-        if (mask & eventMask(event.type)) handler(event);
+    auto connection = std::make_shared<Subscription>(
+        sent_.connect([mask, handler = std::move(handler)](const Event& event) {
+            if (mask & eventMask(event.type)) handler(event);
+        }));
+    return Subscription([connection, masks = masks_, place = masks_->insert(mask)] {
+        connection->end();
+        masks->erase(place);
     });
 }
 

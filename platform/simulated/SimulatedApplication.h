@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <memory>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -91,6 +93,7 @@ public:
 struct SimulatedStatusItemState {
     ImageRef image;
     Menu menu;
+    std::string toolTip;
     bool highlights = false;
     bool isVisible = false;
 };
@@ -134,8 +137,14 @@ public:
     /// An event on its way to another program.
     void send(const Event& event) { sent_.emit(event); }
 
+    /// Whether somebody watches events of that type.
+    bool isWatching(EventType type) const {
+        return std::ranges::any_of(*masks_, [&](EventMask mask) { return (mask & eventMask(type)) != 0; });
+    }
+
 private:
     Signal<const Event&> sent_;
+    std::shared_ptr<std::multiset<EventMask>> masks_ = std::make_shared<std::multiset<EventMask>>();
 };
 
 } // namespace quorvane

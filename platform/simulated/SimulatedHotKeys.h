@@ -19,6 +19,13 @@ public:
     /// Another program takes the combination.
     void takeFromOutside(const KeyCombination& combination) { entries_->push_back({combination, {}}); }
 
+    /// Another program gives the combination back, and the desktop tells of it.
+    void giveBackFromOutside(const KeyCombination& combination) {
+        if (const auto entry = find(combination); entry != entries_->end() && !entry->pressed)
+            entries_->erase(entry);
+        changed.emit();
+    }
+
     std::size_t count() const { return entries_->size(); }
 
 private:

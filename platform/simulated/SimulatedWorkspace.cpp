@@ -34,7 +34,10 @@ void SimulatedWorkspace::quit(std::string_view bundleIdentifier) {
     std::erase_if(running_, [&](const RunningApplication& application) {
         return application.bundleIdentifier == bundleIdentifier;
     });
-    if (frontmost_ && frontmost_->bundleIdentifier == bundleIdentifier) activateNext();
+    if (!frontmost_ || frontmost_->bundleIdentifier != bundleIdentifier) return;
+    const RunningApplication left = *frontmost_;
+    activateNext();
+    if (!frontmost_) posted_.emit(WorkspaceNotification::didLeaveFront, left);
 }
 
 void SimulatedWorkspace::hide(std::string_view bundleIdentifier) {

@@ -69,17 +69,18 @@ public:
 class SimulatedWindowList : public OnScreenWindowList {
 public:
     std::vector<WindowDescription> windows() const override { return frontToBack; }
-    Subscription addLauncherObserver(std::function<void()> handler) override {
-        return launchersChanged_.connect(std::move(handler));
+    Subscription
+    addLauncherObserver(std::function<void(const std::optional<OpenLauncher>&)> handler) override {
+        return launcherChanged_.connect(std::move(handler));
     }
 
-    /// What a desktop does that notices launchers' windows itself.
-    void tellLaunchersChanged() { launchersChanged_.emit(); }
+    /// What a desktop does that notices launchers itself.
+    void tellLauncher(const std::optional<OpenLauncher>& open) { launcherChanged_.emit(open); }
 
     std::vector<WindowDescription> frontToBack;
 
 private:
-    Signal<> launchersChanged_;
+    Signal<const std::optional<OpenLauncher>&> launcherChanged_;
 };
 
 class SimulatedScreens : public Screens {

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "settings/DefaultInput.h"
 #include "support/ProgramTest.h"
 
 namespace quorvane {
@@ -59,6 +60,29 @@ TEST_F(Program, TheStatusItemIsMadeWhenFirstSeenAndThenOnlyHidden) {
     ASSERT_EQ(item->menu.size(), 2U);
     item->menu[1].action();
     EXPECT_TRUE(desktop_.application.isTerminated);
+}
+
+TEST_F(Program, TheToolTipSaysProgramSourceAndWhy) {
+    desktop_.inputSources.names["ru"] = "Russian";
+    desktop_.applicationBundles.paths["org.kde.kate"] = "/Kate";
+    setRule("org.kde.kate", "ru");
+    setRule("com.apple.Spotlight", "us");
+    launch();
+    EXPECT_EQ(desktop_.statusBar.items.front()->toolTip, "us") << "nobody was in front yet";
+    const struct {
+        const char* application;
+        const char* toolTip;
+    } cases[] = {{"org.kde.kate", "Kate: Russian (rule)"},
+                 {"other.app", "other.app: Russian"},
+                 {"com.apple.Spotlight", "com.apple.Spotlight: us (launcher's rule)"}};
+    for (const auto& expected : cases) {
+        desktop_.workspace.activate(expected.application);
+        desktop_.runLoop.advance(1);
+        EXPECT_EQ(desktop_.statusBar.items.front()->toolTip, expected.toolTip);
+    }
+    setDefaultInput(standard_, "us");
+    desktop_.workspace.activate("other.app");
+    EXPECT_EQ(desktop_.statusBar.items.front()->toolTip, "other.app: us (default source)");
 }
 
 TEST_F(Program, TheIndicatorStandsAtTheMainScreensCornerWhenItIsWanted) {

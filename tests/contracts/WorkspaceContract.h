@@ -47,11 +47,12 @@ protected:
     }
 
     Workspace& workspace_ = bench_->workspace();
-    Ids activated_, unhidden_, launched_;
+    Ids activated_, unhidden_, launched_, left_;
     std::string frontWhenPosted_;
     Subscription activations_ = noteInto(activated_, WorkspaceNotification::didActivateApplication),
                  unhides_ = noteInto(unhidden_, WorkspaceNotification::didUnhideApplication),
-                 launches_ = noteInto(launched_, WorkspaceNotification::didLaunchApplication);
+                 launches_ = noteInto(launched_, WorkspaceNotification::didLaunchApplication),
+                 departures_ = noteInto(left_, WorkspaceNotification::didLeaveFront);
 };
 
 TEST_P(WorkspaceContract, TellsALaunchOnceAndEveryActivation) {
@@ -80,6 +81,18 @@ TEST_P(WorkspaceContract, TellsThatTheApplicationInFrontIsShownAgain) {
     ASSERT_TRUE(waitUntil([&] { return !unhidden_.empty(); }));
     EXPECT_THAT(unhidden_, testing::ElementsAre("beta"));
     EXPECT_EQ(front(), "beta");
+}
+
+TEST_P(WorkspaceContract, NobodyIsInFrontOnceTheLastOneQuit) {
+    open("alpha");
+    open("beta");
+    bench_->quit("beta");
+    ASSERT_TRUE(waitForFront("alpha"));
+    bench_->quit("alpha");
+    ASSERT_TRUE(waitForFront(""));
+    EXPECT_EQ(left_.back(), "alpha");
+    open("alpha");
+    EXPECT_THAT(activated_, testing::ElementsAre("alpha", "beta", "alpha", "alpha"));
 }
 
 TEST_P(WorkspaceContract, ForgetsAnApplicationThatQuit) {

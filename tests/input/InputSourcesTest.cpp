@@ -83,8 +83,9 @@ TEST_F(InputSources, AHotKeySwitchesUnlessItNeedNotOrMustNot) {
         if (expected.companionRuns) desktop.workspace.launch(std::string(maker::companionBundleIdentifier));
         CompanionLink companion(desktop.workspace, desktop.defaults, desktop.distributedNotifications);
         int resets = 0;
-        InputSwitch inputSwitch(desktop.inputSources, desktop.defaults, desktop.workspace, companion,
-                                [&resets] { ++resets; });
+        const OpenLaunchers none;
+        InputSwitch inputSwitch(desktop.inputSources, desktop.defaults, desktop.workspace,
+                                desktop.desktop.facts.launchers, none, companion, [&resets] { ++resets; });
 
         inputSwitch.changeInputTo(expected.wanted);
         EXPECT_EQ(desktop.inputSources.selections(), expected.selections);

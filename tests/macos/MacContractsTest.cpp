@@ -219,6 +219,8 @@ TEST_F(MacServices, HotKeysRestWhileTheyAreSuspended) {
     };
     const auto first = add(early);
     auto second = add(ended);
+    int changes = 0;
+    const auto changed = hotKeys.changed.connect([&] { ++changes; });
     auto outer = hotKeys.suspend();
     auto inner = hotKeys.suspend();
     EXPECT_FALSE(add(early)) << "this program has it, though the system does not know";
@@ -231,7 +233,9 @@ TEST_F(MacServices, HotKeysRestWhileTheyAreSuspended) {
     EXPECT_THAT(firedOfAll(), IsEmpty());
     outer.end();
     EXPECT_THAT(firedOfAll(), IsEmpty());
+    EXPECT_EQ(changes, 0);
     inner.end();
+    EXPECT_EQ(changes, 1) << "one was taken meanwhile";
     EXPECT_THAT(firedOfAll(), ElementsAre(early.keyCode, late.keyCode));
     inner = CarbonHotKeys().suspend(); // which ends before what it returned
 }

@@ -84,7 +84,7 @@ TEST_F(Preferences, TheRowsAreRulesAndRunningApplicationsInTheUsersOrder) {
     setRuleInput(standard_, "c", "ru");
     standard_.setObject(Array{"b", "c", "ruled", 7}, key::notDisplayAppName);
     const auto found = [&] {
-        return buildArrOfApps(standard_, desktop_.workspace, desktop_.applicationBundles);
+        return buildArrOfApps(standard_, desktop_.workspace, desktop_.applicationBundles, {});
     };
     EXPECT_THAT(found(), ElementsAre("c", "ruled", "a", "com.runningwithcrayons.Alfred-5"));
     standard_.setObject(Array{"a", "gone", "ruled"}, key::orderOfAppsRule);
@@ -268,7 +268,9 @@ TEST_F(Preferences, AShortcutTakesEffectWhenItIsRecordedAndWhenItIsCleared) {
     };
     EXPECT_EQ(recorder(1).objectValue, record(1, control));
     EXPECT_TRUE(recorder(0).objectValue.isNothing());
+    EXPECT_FALSE(recorder(0).hasEntry);
     EXPECT_TRUE(recorder(2).objectValue.isNothing()) << "a hot key, but not shown";
+    EXPECT_TRUE(recorder(2).hasEntry) << "or nobody could take it away";
     recorder(1).didEndRecording(1, record(f5, 0));
     EXPECT_EQ(recorder(1).objectValue, record(f5, 0));
     EXPECT_FALSE(desktop_.hotKeys.press({1, control}));
@@ -276,8 +278,20 @@ TEST_F(Preferences, AShortcutTakesEffectWhenItIsRecordedAndWhenItIsCleared) {
     EXPECT_EQ(desktop_.inputSources.currentID(), "ru");
     recorder(0).didEndRecording(0, record(f5, 0));
     EXPECT_EQ(recorder(0).objectValue, record(f5, 0)) << "stored, though it is taken";
+    EXPECT_TRUE(recorder(0).isRefused);
+    EXPECT_FALSE(recorder(1).isRefused);
+    recorder(1).didEndRecording(1, record(f5, 0));
+    EXPECT_TRUE(recorder(0).isRefused) << "the other row keeps what it has";
     recorder(1).didEndRecording(1, {});
-    EXPECT_FALSE(desktop_.hotKeys.press({f5, 0}));
+    EXPECT_FALSE(recorder(0).isRefused);
+    EXPECT_TRUE(desktop_.hotKeys.press({f5, 0})) << "moved from one source to another";
+    EXPECT_EQ(desktop_.inputSources.currentID(), "us");
+    const int reloads = window_->shortcuts.reloads;
+    desktop_.hotKeys.takeFromOutside({7, 0});
+    recorder(1).didEndRecording(1, record(7, 0));
+    desktop_.hotKeys.giveBackFromOutside({7, 0});
+    EXPECT_EQ(window_->shortcuts.reloads, reloads + 2) << "the mark goes";
+    recorder(1).didEndRecording(1, {});
     EXPECT_EQ(standard_.objectForKey(key::shortcutOfInput),
               (Dictionary{{"us", record(f5, 0)}, {"de", record(2, 0)}}));
 

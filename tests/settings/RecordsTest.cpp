@@ -78,7 +78,8 @@ TEST_F(Records, AShortcutWithoutModifiersIsValidOnlyOnAFunctionKey) {
         bool isShortcut, isValid;
     } cases[] = {{record(0, 0x100000), true, true},    {record(0, 0), true, false},
                  {record(f1, 0), true, true},          {record(double(f20), 0), true, true},
-                 {record("122", 0), false, false},     {record(f1, {}), false, false},
+                 {record("122", 0), true, true},       {record(f1, {}), true, true},
+                 {record({}, 0x100000), true, true},   {record({}, 0), false, false},
                  {"nothing of the kind", false, false}};
     for (const auto& expected : cases) {
         const auto shortcut = InputShortcut::ofRecord(expected.record);

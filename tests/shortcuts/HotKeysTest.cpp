@@ -44,18 +44,24 @@ TEST_F(InputHotKeys, WhatIsNoRecordOrIsRefusedIsPassedOver) {
                                       "no dictionary",
                                       Dictionary{{"a", record(1)}, // another program's
                                                  {"b", "no record"},
-                                                 {"c", record({})},
-                                                 {"d", record("5")},
+                                                 {"c", record({}, {})},
+                                                 {"d", Dictionary{{"modifierFlags", -1}}},
                                                  {"e", record(4711)},
                                                  {"f", record(-1)},
-                                                 {"g", record(9.0, double(command))}}};
+                                                 {"g", record(9.0, double(command))},
+                                                 {"h", record("8")},
+                                                 {"i", record({})},
+                                                 {"j", record(7, {})}}};
     for (const auto& stored : shortcuts) {
         standard_.setObject(stored, key::shortcutOfInput);
         launch();
-        EXPECT_EQ(desktop_.hotKeys.count(), 1U + (stored["g"].isNothing() ? 0 : 1));
+        EXPECT_EQ(desktop_.hotKeys.count(), 1U + (stored["g"].isNothing() ? 0 : 4));
     }
     EXPECT_FALSE(press(1));
-    EXPECT_TRUE(press(9));
+    for (const auto keyCode : {9, 8, 0})
+        EXPECT_TRUE(press(keyCode)) << keyCode;
+    EXPECT_TRUE(desktop_.hotKeys.press({7, 0}));
+    EXPECT_FALSE(desktop_.hotKeys.press({0, 0})) << "or nobody could type an A";
 }
 
 TEST_F(InputHotKeys, AnotherCombinationTakesThePlaceOfTheOldOneAtOnce) {
@@ -67,8 +73,6 @@ TEST_F(InputHotKeys, AnotherCombinationTakesThePlaceOfTheOldOneAtOnce) {
         });
     };
     EXPECT_TRUE(center.registerHotKey(recorded("ru", 1)));
-    EXPECT_FALSE(center.registerHotKey(recorded("de", 1))) << "taken, by ourselves";
-    EXPECT_EQ(center.hotKeyWithIdentifier("de"), nullptr);
     EXPECT_TRUE(center.registerHotKey(recorded("ru", 2)));
     EXPECT_EQ(center.hotKeyWithIdentifier("ru")->keyCombo(), record(2));
     EXPECT_FALSE(press(1));
@@ -76,6 +80,41 @@ TEST_F(InputHotKeys, AnotherCombinationTakesThePlaceOfTheOldOneAtOnce) {
     EXPECT_EQ(desktop_.inputSources.currentID(), "ru");
     EXPECT_FALSE(press(2));
     EXPECT_EQ(desktop_.hotKeys.count(), 0U);
+}
+
+TEST_F(InputHotKeys, ThoseThatAreRefusedAreTriedAgain) {
+    PTHotKeyCenter center(desktop_.hotKeys);
+    std::vector<std::string> fired;
+    int news = 0;
+    const auto connection = center.refusalsChanged.connect([&] { ++news; });
+    const auto add = [&](const char* id, std::int64_t keyCode) {
+        return center.registerHotKey(PTHotKey::hotKeyWithIdentifier(
+            id, record(keyCode), [&](const PTHotKey& hotKey) { fired.push_back(hotKey.identifier()); }));
+    };
+    const auto expectFires = [&](std::int64_t keyCode, const std::string& id) {
+        press(keyCode);
+        EXPECT_EQ(std::exchange(fired, {}), id.empty() ? std::vector<std::string>{} : std::vector{id});
+        EXPECT_FALSE(center.isRefused(id));
+    };
+    EXPECT_TRUE(add("us", 1));
+    EXPECT_FALSE(add("ru", 1)) << "taken, by ourselves";
+    EXPECT_TRUE(center.isRefused("ru"));
+    EXPECT_TRUE(add("us", 1)) << "recorded anew, it keeps it";
+    expectFires(1, "us");
+    EXPECT_TRUE(add("us", 2)) << "moved elsewhere";
+    expectFires(1, "ru");
+    center.unregisterHotKey(*center.hotKeyWithIdentifier("us"));
+    EXPECT_FALSE(center.isRefused("us"));
+    desktop_.hotKeys.takeFromOutside({3, command});
+    EXPECT_FALSE(add("de", 3));
+    EXPECT_EQ(news, 0) << "who registers is told by the answer";
+    desktop_.hotKeys.giveBackFromOutside({3, command});
+    expectFires(3, "de");
+    expectFires(1, "ru");
+    EXPECT_EQ(news, 1);
+    center.unregisterHotKey(*center.hotKeyWithIdentifier("ru"));
+    expectFires(1, "");
+    EXPECT_EQ(desktop_.hotKeys.count(), 1U);
 }
 
 TEST_F(InputHotKeys, DoNothingWhileALauncherIsInFront) {

@@ -59,7 +59,8 @@ protected:
         case 5: return desktop_.workspace.launch(coin() ? companion : alfred, ActivationPolicy::accessory);
         case 6: return desktop_.globalEvents.send({.type = EventType::leftMouseUp});
         case 7: return showAnyWindows();
-        case 8: return desktop_.windowList.tellLaunchersChanged();
+        case 8: return desktop_.windowList.tellLauncher(
+            coin() ? std::optional(OpenLauncher{"rofi", {0, 0, 600, 60}}) : std::nullopt);
         case 9: return report(anything());
         case 10: return standard_.setObject(anything(), any(keys));
         case 11: return desktop_.defaults.writeFromOutside(

@@ -25,21 +25,24 @@ TEST(WantedInputSource, IsThatOfTheRuleElseTheDefaultOne) {
         PropertyList autoInput;
         std::optional<std::string> bundleIdentifier;
         std::optional<std::string> defaultInput;
-        std::optional<std::string> wanted;
+        bool isLauncher;
+        WantedInput wanted;
     } cases[] = {
-        {rules, "ru.app", "us", "ru"},
-        {rules, "ru.app", std::nullopt, "ru"},
-        {rules, "unknown.app", "us", "us"},
-        {rules, "unknown.app", std::nullopt, std::nullopt},
-        {rules, "no.id", "us", "us"},
-        {rules, "id.is.number", "us", "us"},
-        {rules, "rule.is.string", "us", "us"},
-        {rules, std::nullopt, "us", "us"},
-        {"no dictionary", "ru.app", "us", "us"},
-        {{}, "ru.app", std::nullopt, std::nullopt},
+        {rules, "ru.app", "us", false, {"ru", InputReason::rule}},
+        {rules, "ru.app", std::nullopt, false, {"ru", InputReason::rule}},
+        {rules, "ru.app", "us", true, {"ru", InputReason::launchersRule}},
+        {rules, "unknown.app", "us", true, {"us", InputReason::defaultSource}},
+        {rules, "unknown.app", std::nullopt, false, {std::nullopt, InputReason::nothing}},
+        {rules, "no.id", "us", false, {"us", InputReason::defaultSource}},
+        {rules, "id.is.number", "us", false, {"us", InputReason::defaultSource}},
+        {rules, "rule.is.string", "us", false, {"us", InputReason::defaultSource}},
+        {rules, std::nullopt, "us", false, {"us", InputReason::defaultSource}},
+        {"no dictionary", "ru.app", "us", false, {"us", InputReason::defaultSource}},
+        {{}, "ru.app", std::nullopt, false, {std::nullopt, InputReason::nothing}},
     };
     for (const auto& expected : cases) {
-        EXPECT_EQ(wantedInputSource(expected.autoInput, expected.bundleIdentifier, expected.defaultInput),
+        EXPECT_EQ(wantedInput(expected.autoInput, expected.bundleIdentifier, expected.isLauncher,
+                              expected.defaultInput),
                   expected.wanted)
             << expected.bundleIdentifier.value_or("none");
     }
@@ -85,7 +88,7 @@ TEST_F(Switching, OnAnotherScreenTheDecisionWaitsForTheLastApplication) {
     EXPECT_THAT(selections(), ElementsAre("de", "de"));
 }
 
-TEST_F(Switching, TheSameApplicationIsDecidedOnce) {
+TEST_F(Switching, TheSameApplicationIsDecidedOnceUntilNobodyIsInFront) {
     settleOnScreen();
     desktop_.workspace.activate("ru.app");
     desktop_.runLoop.advance(1);
@@ -93,6 +96,11 @@ TEST_F(Switching, TheSameApplicationIsDecidedOnce) {
     desktop_.workspace.activate("ru.app");
     desktop_.runLoop.advance(1);
     EXPECT_EQ(desktop_.inputSources.currentID(), "us");
+    desktop_.workspace.quit("first.app");
+    desktop_.workspace.quit("ru.app");
+    desktop_.workspace.activate("ru.app");
+    desktop_.runLoop.advance(1);
+    EXPECT_EQ(desktop_.inputSources.currentID(), "ru");
 }
 
 TEST_F(Switching, AnApplicationWithoutIdentifierIsDecidedEachTime) {

@@ -55,16 +55,9 @@ std::optional<std::string> idOfExecutable(DesktopEntries& entries, const fs::pat
 
 } // namespace
 
-std::string bundleIdentifierOfDesktopId(const std::string& id) {
-    const auto* launcher = launcherOfDesktopId(id);
-    return launcher ? launcher->bundleIdentifier() : id;
-}
-
 std::optional<std::string> bundleIdentifierOfFile(DesktopEntries& entries, const fs::path& file) {
     if (!isRegularFile(file)) return std::nullopt;
-    const auto id =
-        file.extension() == ".desktop" ? idOfDesktopFile(entries, file) : idOfExecutable(entries, file);
-    return id ? std::optional(bundleIdentifierOfDesktopId(*id)) : std::nullopt;
+    return file.extension() == ".desktop" ? idOfDesktopFile(entries, file) : idOfExecutable(entries, file);
 }
 
 } // namespace quorvane

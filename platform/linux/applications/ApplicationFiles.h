@@ -8,9 +8,6 @@
 
 namespace quorvane {
 
-/// The bundle identifier of the application with that desktop-file id: the id, except for a launcher's.
-std::string bundleIdentifierOfDesktopId(const std::string& id);
-
 /// The bundle identifier under which the workspace reports the application that a file belongs to. A desktop
 /// file counts by the place where it is installed, or elsewhere by what it starts; an executable by the
 /// desktop file that starts it, or else by its name. None for any other file.

@@ -4,10 +4,12 @@
 #include <array>
 #include <vector>
 
+#include <QCoreApplication>
 #include <unistd.h>
 
 #include "platform/linux/applications/ProcessFacts.h"
 #include "platform/linux/x11/XcbReply.h"
+#include "settings/Maker.h"
 
 namespace quorvane {
 
@@ -93,10 +95,15 @@ WindowOwner ApplicationIdentities::identify(const WindowFacts& facts) {
     owner.pid = facts.pid;
     owner.isThisProcess = facts.pid == getpid();
     owner.isPartOfDesktop = facts.isPartOfDesktop;
+    if (owner.isThisProcess) {
+        owner.id = maker::bundleIdentifier;
+        owner.name = QCoreApplication::applicationName().toStdString();
+        return owner;
+    }
     owner.launcher = launcherOfClass(facts.wmClass);
     if (owner.launcher) {
-        owner.id = owner.launcher->bundleIdentifier();
-        owner.name = owner.launcher->ownerName();
+        owner.id = owner.launcher->desktopId;
+        owner.name = owner.launcher->name;
         return owner;
     }
     const auto flatpakId = flatpakIdOf(facts.pid);
@@ -106,10 +113,11 @@ WindowOwner ApplicationIdentities::identify(const WindowFacts& facts) {
         owner.name = entry->name;
         return owner;
     }
-    owner.id =
+    const auto id =
         firstNotEmpty({facts.gtkApplicationId, withoutPathAndSuffix(facts.kdeDesktopFile), flatpakId,
-                       facts.wmClass, facts.wmInstance, idOfSameProcess(facts.pid), program, "unknown"});
-    owner.name = firstNotEmpty({facts.wmClass, program, owner.id});
+                       facts.wmClass, facts.wmInstance, idOfSameProcess(facts.pid).value_or(""), program});
+    if (!id.empty()) owner.id = id;
+    owner.name = firstNotEmpty({facts.wmClass, program, id});
     return owner;
 }
 
@@ -129,10 +137,10 @@ DesktopEntryRef ApplicationIdentities::installed(const WindowFacts& facts, const
     return entries_.ofRunningProgram(program);
 }
 
-std::string ApplicationIdentities::idOfSameProcess(int pid) const {
+std::optional<std::string> ApplicationIdentities::idOfSameProcess(int pid) const {
     const auto owner =
         std::ranges::find_if(owners_, [&](const auto& each) { return pid != 0 && each.second.pid == pid; });
-    return owner == owners_.end() ? std::string() : owner->second.id;
+    return owner == owners_.end() ? std::nullopt : owner->second.id;
 }
 
 } // namespace quorvane

@@ -14,9 +14,9 @@ namespace quorvane {
 
 /// The application a window belongs to.
 struct WindowOwner {
-    std::string id;   ///< A desktop-file id where there is one, see below. Never empty.
-    std::string name; ///< In the user's language.
-    int pid = 0;      ///< 0 when the server does not tell.
+    std::optional<std::string> id; ///< A desktop-file id where there is one, see below. Never empty.
+    std::string name;              ///< In the user's language.
+    int pid = 0;                   ///< 0 when the server does not tell.
     bool isThisProcess = false;
     bool isPartOfDesktop = false;            ///< The window is a panel or the desktop's background.
     const KnownLauncher* launcher = nullptr; ///< If it is one; id and name are the launcher's then.
@@ -38,6 +38,9 @@ struct WindowOwner {
 ///      the program is an interpreter.
 /// Without a desktop file it is the first of these that is not empty: 1, 2, 3, the class, the instance, the
 /// id of another window of the same process, the program's name. These, too, are the same at every start.
+/// A window of which none of this is known, for instance one of another computer's programs, has no id.
+///
+/// Windows of this process have its own id.
 ///
 /// What has been found is kept until the window is destroyed or says something else: whoever wants to know of
 /// that must register with the connection after this object was made.
@@ -65,7 +68,7 @@ private:
     WindowOwner identify(const WindowFacts& facts);
     DesktopEntryRef installed(const WindowFacts& facts, const std::string& flatpakId,
                               const std::string& program);
-    std::string idOfSameProcess(int pid) const;
+    std::optional<std::string> idOfSameProcess(int pid) const;
 
     XConnection& x_;
     DesktopEntries& entries_;

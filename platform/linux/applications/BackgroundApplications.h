@@ -10,13 +10,15 @@
 namespace quorvane {
 
 /// The applications that run without any window, as far as somebody knows: on a session bus, those that own
-/// their id as a name. All three are asked often and must not block.
+/// their id as a name. All three are asked often and must not wait for anybody.
 class BackgroundApplications {
 public:
     virtual ~BackgroundApplications() = default;
 
-    virtual bool isRunning(std::string_view id) const = 0;
+    /// Whoever was asked about is followed from then on.
+    virtual bool isRunning(std::string_view id) = 0;
 
+    /// Of those that are followed, all that run.
     virtual std::vector<std::string> ids() const = 0;
 
     /// Calls the handler with the id of each one that starts from now on.

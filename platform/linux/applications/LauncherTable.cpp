@@ -4,8 +4,6 @@
 #include <array>
 #include <functional>
 
-#include "input/Launchers.h"
-
 namespace quorvane {
 namespace {
 
@@ -34,14 +32,6 @@ const KnownLauncher* find(Property property, std::string_view wanted) {
 
 } // namespace
 
-std::string KnownLauncher::bundleIdentifier() const {
-    return std::string(alfredBundleIdentifierPrefix).append(".").append(desktopId);
-}
-
-std::string KnownLauncher::ownerName() const {
-    return std::string("Alfred ").append(name);
-}
-
 const KnownLauncher* launcherOfClass(std::string_view wmClass) {
     return find(&KnownLauncher::wmClass, wmClass);
 }
@@ -50,8 +40,11 @@ const KnownLauncher* launcherOfDesktopId(std::string_view desktopId) {
     return find(&KnownLauncher::desktopId, desktopId);
 }
 
-const KnownLauncher* launcherOfBundleIdentifier(std::string_view bundleIdentifier) {
-    return find(&KnownLauncher::bundleIdentifier, bundleIdentifier);
+std::vector<std::string> launcherIdentifiers() {
+    std::vector<std::string> identifiers;
+    for (const auto& launcher : launchers)
+        identifiers.emplace_back(launcher.desktopId);
+    return identifiers;
 }
 
 } // namespace quorvane

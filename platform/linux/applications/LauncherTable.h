@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quorvane {
 
@@ -16,19 +17,15 @@ struct KnownLauncher {
     std::string_view name;      ///< As its users know it.
     std::string_view wmClass;   ///< The second part of its window's WM_CLASS.
     std::string_view desktopId; ///< Of its desktop file, and its name on the session bus where it has one.
+                                ///< Rules for it are stored under it, whether it has them or not.
     LauncherWindowKind kind;
-
-    /// The program knows launchers by the identifiers of those it was made for: this is one of that family,
-    /// and rules for the launcher are stored under it.
-    std::string bundleIdentifier() const;
-
-    /// What its windows' owner is called, for the same reason.
-    std::string ownerName() const;
 };
 
 // Null when it is none. The table is in the source file: a new launcher is one more line there.
 const KnownLauncher* launcherOfClass(std::string_view wmClass);
 const KnownLauncher* launcherOfDesktopId(std::string_view desktopId);
-const KnownLauncher* launcherOfBundleIdentifier(std::string_view bundleIdentifier);
+
+/// The desktop ids of all of them.
+std::vector<std::string> launcherIdentifiers();
 
 } // namespace quorvane

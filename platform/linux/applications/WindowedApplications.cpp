@@ -7,73 +7,102 @@
 namespace quorvane {
 
 bool WindowedApplications::add(xcb_window_t window, const WindowOwner& owner, bool isHidden) {
-    if (contains(window)) return false;
-    const auto* known = find(owner.id);
-    const bool wasRunning = known && isRunning(*known);
-    windows_.push_back({window, owner.id, owner.pid, isHidden, owner.isPartOfDesktop});
-    if (wasRunning) return false;
+    const auto known = std::ranges::find(windows_, window, &Window::window);
+    if (known != windows_.end()) {
+        known->isOpen = true;
+        return false;
+    }
+    const auto* application = owner.id ? find(*owner.id) : nullptr;
+    const bool wasRunning = application && isRunning(*application);
+    windows_.push_back({window, owner, isHidden});
+    if (wasRunning || !owner.id || owner.isThisProcess) return false;
     std::erase_if(applications_, [&](const auto& each) { return each.id == owner.id; });
-    applications_.push_back({owner.id, owner.name, owner.pid});
+    applications_.push_back({*owner.id, owner.name, owner.pid});
     return true;
 }
 
-void WindowedApplications::remove(xcb_window_t window) {
+bool WindowedApplications::withdraw(xcb_window_t window) {
+    const auto closed = std::ranges::find(windows_, window, &Window::window);
+    if (closed == windows_.end()) return false;
+    closed->isOpen = false;
+    return std::ranges::none_of(
+        windows_, [&](const auto& each) { return each.isOpen && each.isOfSameApplication(*closed); });
+}
+
+bool WindowedApplications::remove(xcb_window_t window) {
+    const bool wasLast = withdraw(window);
     std::erase_if(windows_, [&](const auto& each) { return each.window == window; });
     for (auto& application : applications_) {
-        if (const auto* first = windowOf(application.id)) application.pid = first->pid;
+        if (const auto* first = windowOf(application.id)) application.pid = first->owner.pid;
     }
     std::erase_if(applications_, [this](const auto& each) { return !isRunning(each); });
+    return wasLast;
 }
 
 void WindowedApplications::disown(xcb_window_t window) {
     const auto application = applicationOf(window);
     remove(window);
-    if (!application || windowOf(*application->bundleIdentifier)) return;
+    if (!application || !application->bundleIdentifier || windowOf(*application->bundleIdentifier)) return;
     std::erase_if(applications_, [&](const auto& each) { return each.id == application->bundleIdentifier; });
 }
 
 bool WindowedApplications::contains(xcb_window_t window) const {
-    return std::ranges::find(windows_, window, &Window::window) != windows_.end();
+    return find(window);
 }
 
 bool WindowedApplications::setHidden(xcb_window_t window, bool isHidden) {
     const auto changed = std::ranges::find(windows_, window, &Window::window);
     if (changed == windows_.end()) return false;
     const bool wasHidden = std::ranges::all_of(
-        windows_, [&](const auto& each) { return each.id != changed->id || each.isHidden; });
+        windows_, [&](const auto& each) { return each.isHidden || !each.isOfSameApplication(*changed); });
     changed->isHidden = isHidden;
     return wasHidden && !isHidden;
 }
 
 std::optional<RunningApplication> WindowedApplications::applicationOf(xcb_window_t window) const {
-    const auto known = std::ranges::find(windows_, window, &Window::window);
-    if (known == windows_.end()) return std::nullopt;
-    auto application = withId(known->id);
-    if (application && known->pid != 0) application->processIdentifier = known->pid;
-    return application;
+    const auto* known = find(window);
+    if (!known) return std::nullopt;
+    const auto& owner = known->owner;
+    const auto* application = owner.id ? find(*owner.id) : nullptr;
+    if (!application) {
+        const auto policy = owner.isThisProcess ? ActivationPolicy::accessory : ActivationPolicy::regular;
+        return RunningApplication{owner.id, owner.name, policy, owner.pid};
+    }
+    auto described = describe(*application);
+    if (owner.pid != 0) described.processIdentifier = owner.pid;
+    return described;
 }
 
 std::optional<RunningApplication> WindowedApplications::withId(std::string_view id) const {
     const auto* application = find(id);
     if (!application || !isRunning(*application)) return std::nullopt;
-    const bool isPartOfDesktop = windowOf(id) && std::ranges::all_of(windows_, [id](const auto& each) {
-                                     return each.id != id || each.isPartOfDesktop;
-                                 });
-    return RunningApplication{application->id, application->name,
-                              isPartOfDesktop ? ActivationPolicy::accessory : ActivationPolicy::regular,
-                              application->pid};
+    return describe(*application);
 }
 
 std::vector<RunningApplication> WindowedApplications::all() const {
     std::vector<RunningApplication> running;
     for (const auto& each : applications_) {
-        if (auto application = withId(each.id)) running.push_back(std::move(*application));
+        if (isRunning(each)) running.push_back(describe(each));
     }
     return running;
 }
 
+RunningApplication WindowedApplications::describe(const Application& application) const {
+    const bool isPartOfDesktop =
+        windowOf(application.id) && std::ranges::all_of(windows_, [&](const auto& each) {
+            return each.owner.id != application.id || each.owner.isPartOfDesktop;
+        });
+    return {application.id, application.name,
+            isPartOfDesktop ? ActivationPolicy::accessory : ActivationPolicy::regular, application.pid};
+}
+
+const WindowedApplications::Window* WindowedApplications::find(xcb_window_t window) const {
+    const auto known = std::ranges::find(windows_, window, &Window::window);
+    return known == windows_.end() ? nullptr : &*known;
+}
+
 const WindowedApplications::Window* WindowedApplications::windowOf(std::string_view id) const {
-    const auto window = std::ranges::find(windows_, id, &Window::id);
+    const auto window = std::ranges::find_if(windows_, [&](const auto& each) { return each.owner.id == id; });
     return window == windows_.end() ? nullptr : &*window;
 }
 

@@ -9,7 +9,7 @@ namespace quorvane {
 namespace {
 
 RunningApplication applicationOf(const KnownLauncher& launcher) {
-    return {launcher.bundleIdentifier(), launcher.ownerName(), ActivationPolicy::accessory, 0};
+    return {std::string(launcher.desktopId), std::string(launcher.name), ActivationPolicy::accessory, 0};
 }
 
 } // namespace
@@ -22,14 +22,16 @@ X11Launchers::X11Launchers(XConnection& x)
     x_.selectRootEvents(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
 }
 
+const KnownLauncher* X11Launchers::openLauncher() const {
+    const auto opened = windows_.find(open_);
+    return opened == windows_.end() ? nullptr : opened->second.launcher;
+}
+
 std::vector<RunningApplication> X11Launchers::running() const {
     std::vector<RunningApplication> found;
-    for (const bool wantsOpen : {true, false}) {
-        for (const auto& [number, window] : windows_) {
-            auto application = applicationOf(*window.launcher);
-            if (isOpen(number) == wantsOpen && std::ranges::find(found, application) == found.end())
-                found.push_back(std::move(application));
-        }
+    for (const auto& [number, window] : windows_) {
+        auto application = applicationOf(*window.launcher);
+        if (std::ranges::find(found, application) == found.end()) found.push_back(std::move(application));
     }
     return found;
 }
@@ -76,12 +78,7 @@ void X11Launchers::handleShown(xcb_window_t window) {
 }
 
 void X11Launchers::open(xcb_window_t window) {
-    if (window == open_) return;
-    // Where one takes another's place, both are told: they have rules of their own.
-    if (std::exchange(open_, XCB_WINDOW_NONE) != XCB_WINDOW_NONE) changed_.emit();
-    if (window == XCB_WINDOW_NONE) return;
-    open_ = window;
-    changed_.emit();
+    if (std::exchange(open_, window) != window) changed_.emit();
 }
 
 void X11Launchers::close(xcb_window_t window) {

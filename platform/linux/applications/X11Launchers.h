@@ -21,13 +21,17 @@ public:
     X11Launchers(const X11Launchers&) = delete;
     X11Launchers& operator=(const X11Launchers&) = delete;
 
-    /// A launcher's window has been opened or closed: `isOpen` answers differently now.
+    /// A launcher's window has been opened, also in another one's place, or closed: the following answer
+    /// differently now.
     Subscription onChange(std::function<void()> handler) { return changed_.connect(std::move(handler)); }
 
     /// Whether the user types into this window, and a launcher it is.
     bool isOpen(xcb_window_t window) const { return window != XCB_WINDOW_NONE && window == open_; }
 
-    /// The launchers with a window, the one that is open first.
+    xcb_window_t openWindow() const { return open_; } ///< None (0) when no launcher is open.
+    const KnownLauncher* openLauncher() const;        ///< Null when none is.
+
+    /// The launchers with a window.
     std::vector<RunningApplication> running() const;
 
     // For managed windows.

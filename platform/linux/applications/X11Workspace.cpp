@@ -16,7 +16,7 @@ X11Workspace::X11Workspace(XConnection& x, ApplicationIdentities& identities, X1
     , background_(background)
     , events_(x.onEvent([this](const auto& event) { handle(event); })) {
     x_.internAtoms({"_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST", "_NET_SUPPORTING_WM_CHECK", "_NET_WM_STATE",
-                    "_NET_WM_STATE_HIDDEN"});
+                    "_NET_WM_STATE_HIDDEN", "WM_STATE"});
     x_.selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
     readStart(); // Nobody observes yet, so what is there already is not told as news.
     if (background_) {
@@ -36,7 +36,9 @@ void X11Workspace::readStart() {
         return;
     }
     adopt(clients.values());
-    if (const auto windows = active.values(); !windows.empty()) activate(windows.front());
+    const auto windows = active.values();
+    if (!windows.empty() && inFront_.isManaged(windows.front()) && inFront_.announced(windows.front()))
+        frontWindowMoved();
 }
 
 std::vector<RunningApplication> X11Workspace::runningApplications() const {
@@ -73,6 +75,8 @@ Subscription X11Workspace::addObserver(WorkspaceNotification notification,
         return unhidden_.connect(std::move(handler));
     case WorkspaceNotification::didLaunchApplication:
         return launched_.connect(std::move(handler));
+    case WorkspaceNotification::didLeaveFront:
+        return left_.connect(std::move(handler));
     }
     return {};
 }
@@ -87,7 +91,7 @@ void X11Workspace::handle(const xcb_generic_event_t& event) {
         handleFocus(reinterpret_cast<const xcb_focus_in_event_t&>(event));
         break;
     case XCB_DESTROY_NOTIFY:
-        forget(reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window);
+        closed(reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window, true);
         break;
     default:
         break;
@@ -100,7 +104,8 @@ void X11Workspace::handleProperty(const xcb_property_notify_event_t& change) {
         // The list is empty while a window manager restarts: only its additions mean something.
         if (change.atom == x_.atom("_NET_CLIENT_LIST"))
             adopt(XProperty(x_, x_.root(), "_NET_CLIENT_LIST").values());
-    } else if (applications_.contains(change.window)) {
+    } else if (inFront_.isManaged(change.window)) {
+        if (change.atom == x_.atom("WM_STATE")) readWithdrawal(change.window);
         if (change.atom == x_.atom("_NET_WM_STATE")) readState(change.window);
         if (identities_.isIdentifying(change.atom)) identifyAgain(change.window);
     }
@@ -110,62 +115,64 @@ void X11Workspace::handleProperty(const xcb_property_notify_event_t& change) {
 // moves into the window is still there.
 void X11Workspace::handleFocus(const xcb_focus_in_event_t& change) {
     const bool isGrab = change.mode == XCB_NOTIFY_MODE_GRAB || change.mode == XCB_NOTIFY_MODE_UNGRAB;
-    const bool isKnown = applications_.contains(change.event) || launchers_.contains(change.event);
-    if (isGrab || change.detail >= XCB_NOTIFY_DETAIL_POINTER || !isKnown) return;
+    if (isGrab || change.detail >= XCB_NOTIFY_DETAIL_POINTER) return;
     if ((change.response_type & 0x7f) == XCB_FOCUS_IN) {
-        focusedWindow_ = change.event;
-        focusMovedTo(focusedWindow_);
-    } else if (change.event == focusedWindow_ && change.detail != XCB_NOTIFY_DETAIL_INFERIOR) {
-        focusedWindow_ = XCB_WINDOW_NONE;
+        inFront_.focused(change.event);
+        // Told even if it is no news: a launcher that was hidden and shown again was in front all the time.
+        if (inFront_.window() == change.event) frontWindowMoved();
+    } else if (change.detail != XCB_NOTIFY_DETAIL_INFERIOR && inFront_.unfocused(change.event)) {
+        frontWindowMoved();
     }
 }
 
-// The property holds none for a moment at nearly every switch (openbox), a second value (xfwm4), or the same
-// window once more; and its window may be gone by now.
+// The property may hold a second value (xfwm4), or a window that is gone by now.
 void X11Workspace::readActiveWindow() {
     const auto windows = XProperty(x_, x_.root(), "_NET_ACTIVE_WINDOW").values();
-    if (windows.empty() || windows.front() == XCB_WINDOW_NONE) return;
-    // The property lags behind the focus: in a quick succession it tells of a window that has lost it again.
-    if (focusedWindow_ != XCB_WINDOW_NONE) return;
-    focusMovedTo(windows.front());
+    if (windows.empty()) return;
+    const auto window = windows.front();
+    adopt({&window, 1});
+    if (inFront_.isManaged(window) && inFront_.announced(window)) frontWindowMoved();
 }
 
 // First who comes to the front, then who went: a launcher that closes because another application came to the
 // front must not have the source of the one before selected.
-void X11Workspace::focusMovedTo(xcb_window_t window) {
-    if (window != activeWindow_ && !launchers_.contains(window)) activate(window);
+void X11Workspace::frontWindowMoved() {
+    const auto window = inFront_.window();
+    if (window != XCB_WINDOW_NONE && window != activeWindow_ && !launchers_.contains(window))
+        activate(window);
     launchers_.focusMovedTo(window);
 }
 
 void X11Workspace::activate(xcb_window_t window) {
-    if (!applications_.contains(window)) adopt({&window, 1});
     const auto application = applications_.applicationOf(window);
     if (!application) return;
     activeWindow_ = window;
     front_ = application;
-    const bool isShownAgain = std::exchange(shownAgain_, {}) == application->bundleIdentifier;
+    const auto shownAgain = std::exchange(shownAgain_, std::nullopt);
     activated_.emit(*application);
-    if (isShownAgain) unhidden_.emit(*application);
+    if (shownAgain && shownAgain == application->bundleIdentifier) unhidden_.emit(*application);
 }
 
 void X11Workspace::adopt(std::span<const xcb_window_t> windows) {
     identities_.learn(windows);
     std::vector<std::pair<xcb_window_t, XProperty>> states;
     for (const auto window : windows) {
-        const auto* owner = applications_.contains(window) ? nullptr : identities_.ownerOf(window);
-        if (owner && owner->launcher) {
-            launchers_.add(window, *owner->launcher);
-        } else if (owner && !owner->isThisProcess) {
+        if (!inFront_.isManaged(window) && identities_.ownerOf(window))
             states.emplace_back(window, XProperty(x_, window, "_NET_WM_STATE"));
-        }
     }
     for (auto& [window, state] : states) {
         const auto* owner = identities_.ownerOf(window);
         if (!owner) continue;
-        const bool ranBefore = background_ && background_->isRunning(owner->id);
-        const bool isNew = applications_.add(window, *owner, isHidden(state.values()));
-        if (isNew && !ranBefore) launched_.emit(*applications_.applicationOf(window));
+        assign(window, *owner, isHidden(state.values()));
+        if (inFront_.listed(window)) frontWindowMoved();
     }
+}
+
+void X11Workspace::assign(xcb_window_t window, const WindowOwner& owner, bool isHidden) {
+    if (owner.launcher) return launchers_.add(window, *owner.launcher);
+    const bool ranBefore = owner.id && background_ && background_->isRunning(*owner.id);
+    const bool isNew = applications_.add(window, owner, isHidden);
+    if (isNew && !ranBefore) launched_.emit(*applications_.applicationOf(window));
 }
 
 // Shown again means that every window of it was minimised. The application in front is the one the user types
@@ -174,11 +181,18 @@ void X11Workspace::adopt(std::span<const xcb_window_t> windows) {
 void X11Workspace::readState(xcb_window_t window) {
     if (!applications_.setHidden(window, isHidden(XProperty(x_, window, "_NET_WM_STATE").values()))) return;
     const auto application = applications_.applicationOf(window);
-    if (front_ && front_->bundleIdentifier == application->bundleIdentifier) {
+    if (window == activeWindow_ || isInFront(application->bundleIdentifier)) {
         unhidden_.emit(*application);
     } else {
-        shownAgain_ = *application->bundleIdentifier;
+        shownAgain_ = application->bundleIdentifier;
     }
+}
+
+// Some programs close their windows without destroying them, and show them again later.
+void X11Workspace::readWithdrawal(xcb_window_t window) {
+    constexpr std::uint32_t withdrawnState = 0;
+    const auto states = XProperty(x_, window, "WM_STATE").values();
+    if (states.empty() || states.front() == withdrawnState) closed(window, false);
 }
 
 // Some programs give their window its class only after it was shown.
@@ -187,15 +201,25 @@ void X11Workspace::identifyAgain(xcb_window_t window) {
     const auto* owner = identities_.ownerOf(window);
     if (!before || !owner || owner->id == before->bundleIdentifier) return;
     applications_.disown(window);
-    adopt({&window, 1});
-    if (window == activeWindow_) activate(window);
+    assign(window, *owner, isHidden(XProperty(x_, window, "_NET_WM_STATE").values()));
+    if (window != activeWindow_) return;
+    activeWindow_ = XCB_WINDOW_NONE;
+    frontWindowMoved();
 }
 
-void X11Workspace::forget(xcb_window_t window) {
-    applications_.remove(window);
-    // The server reuses the number soon.
-    if (window == activeWindow_) activeWindow_ = XCB_WINDOW_NONE;
-    if (window == focusedWindow_) focusedWindow_ = XCB_WINDOW_NONE;
+void X11Workspace::closed(xcb_window_t window, bool isDestroyed) {
+    const auto application = applications_.applicationOf(window);
+    const bool wasLast = isDestroyed ? applications_.remove(window) : applications_.withdraw(window);
+    const bool wasActive = window == activeWindow_;
+    if (wasActive) activeWindow_ = XCB_WINDOW_NONE;
+    if (inFront_.closed(window)) frontWindowMoved();
+    const bool hasLeft = wasLast && activeWindow_ == XCB_WINDOW_NONE &&
+                         (wasActive || isInFront(application->bundleIdentifier));
+    if (hasLeft) left_.emit(*std::exchange(front_, std::nullopt));
+}
+
+bool X11Workspace::isInFront(const std::optional<std::string>& id) const {
+    return front_ && id && front_->bundleIdentifier == id;
 }
 
 bool X11Workspace::isHidden(const std::vector<std::uint32_t>& states) const {
@@ -203,8 +227,6 @@ bool X11Workspace::isHidden(const std::vector<std::uint32_t>& states) const {
 }
 
 RunningApplication X11Workspace::backgroundApplication(std::string_view id) const {
-    if (const auto* launcher = launcherOfDesktopId(id))
-        return {launcher->bundleIdentifier(), launcher->ownerName(), ActivationPolicy::accessory, 0};
     const auto entry = identities_.entries().withId(id);
     return {std::string(id), entry ? entry->name : std::string(id), ActivationPolicy::accessory, 0};
 }

@@ -10,6 +10,7 @@
 #include "platform/Workspace.h"
 #include "platform/linux/applications/ApplicationIdentities.h"
 #include "platform/linux/applications/BackgroundApplications.h"
+#include "platform/linux/applications/WindowInFront.h"
 #include "platform/linux/applications/WindowedApplications.h"
 #include "platform/linux/applications/X11Launchers.h"
 #include "platform/linux/x11/XConnection.h"
@@ -17,9 +18,10 @@
 namespace quorvane {
 
 /// The applications on an X11 desktop, as its window manager tells of them (EWMH). Which one is in front is
-/// learnt from the X server's keyboard focus, a millisecond before the window manager tells of it. Windows of
-/// this process and of launchers make no application active: while one of them has the focus, the application
-/// that was in front stays there.
+/// learnt from the X server's keyboard focus, as a rule a millisecond before the window manager tells of it
+/// (WindowInFront.h). Windows of launchers make no application active: while one of them has the focus, the
+/// application that was in front stays there. This process is in front while a managed window of it is, but
+/// never one of the applications that run.
 ///
 /// Without a window manager nothing happens until one appears.
 class X11Workspace : public Workspace {
@@ -37,7 +39,7 @@ public:
     Subscription addObserver(WorkspaceNotification notification,
                              std::function<void(const RunningApplication&)> handler) override;
 
-    /// The last window of another process that became active; none (0) when that one is destroyed.
+    /// The last window of an application that became active; none (0) when that one is closed.
     xcb_window_t activeWindow() const { return activeWindow_; }
 
 private:
@@ -49,11 +51,14 @@ private:
     void handleFocus(const xcb_focus_in_event_t& change);
     void readActiveWindow();
     void readState(xcb_window_t window);
+    void readWithdrawal(xcb_window_t window);
     void identifyAgain(xcb_window_t window);
-    void forget(xcb_window_t window);
+    void closed(xcb_window_t window, bool isDestroyed);
+    void frontWindowMoved();
     void activate(xcb_window_t window);
-    void focusMovedTo(xcb_window_t window);
     void adopt(std::span<const xcb_window_t> windows);
+    void assign(xcb_window_t window, const WindowOwner& owner, bool isHidden);
+    bool isInFront(const std::optional<std::string>& id) const;
     bool isHidden(const std::vector<std::uint32_t>& states) const;
     RunningApplication backgroundApplication(std::string_view id) const;
     void backgroundApplicationStarted(std::string_view id);
@@ -63,13 +68,15 @@ private:
     X11Launchers& launchers_;
     BackgroundApplications* background_;
     WindowedApplications applications_;
+    WindowInFront inFront_;
     xcb_window_t activeWindow_ = XCB_WINDOW_NONE;
-    xcb_window_t focusedWindow_ = XCB_WINDOW_NONE; ///< As far as the server has told; none: it has not.
     std::optional<RunningApplication> front_;
-    std::string shownAgain_; ///< The application that was shown again while another one was in front.
+    std::optional<std::string>
+        shownAgain_; ///< Of the application that was so while another one was in front.
     Posted activated_;
     Posted unhidden_;
     Posted launched_;
+    Posted left_;
     Subscription events_;
     Subscription backgroundStarts_;
 };

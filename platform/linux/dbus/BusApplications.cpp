@@ -1,8 +1,11 @@
 #include "platform/linux/dbus/BusApplications.h"
 
+#include <limits>
 #include <regex>
 
 #include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 
 #include "platform/linux/dbus/SessionBus.h"
 
@@ -11,7 +14,9 @@ namespace {
 
 const QString busService = QStringLiteral("org.freedesktop.DBus");
 const QString busPath = QStringLiteral("/org/freedesktop/DBus");
-constexpr int answerTimeout = 200; // milliseconds: the bus itself answers, or it hangs
+
+/// The bus itself answers, whenever it can.
+constexpr int endlessPatience = std::numeric_limits<int>::max();
 
 /// The bus ends a connection that sends it a malformed name.
 bool isBusName(std::string_view id) {
@@ -19,41 +24,56 @@ bool isBusName(std::string_view id) {
     return id.size() <= 255 && std::regex_match(id.begin(), id.end(), wellKnown);
 }
 
-QDBusMessage ask(const QString& method, const QVariantList& arguments) {
-    auto call = QDBusMessage::createMethodCall(busService, busPath, busService, method);
-    call.setArguments(arguments);
-    return sessionBus().call(call, QDBus::Block, answerTimeout);
-}
-
 } // namespace
 
-bool BusApplications::isRunning(std::string_view id) const {
-    if (const auto known = owned_.find(id); known != owned_.end()) return known->second;
-    if (!isBusName(id)) return false;
-    const auto name = QString::fromUtf8(id.data(), qsizetype(id.size()));
-    auto* self = const_cast<BusApplications*>(this); // a slot changes what is remembered, not what is told
-    auto bus = sessionBus();
-    // Subscribed before it is asked: no change in between is missed.
-    bus.connect(busService, busPath, busService, QStringLiteral("NameOwnerChanged"), {name}, QString(), self,
-                SLOT(ownerChanged(QString, QString, QString)));
-    if (owned_.empty()) {
-        bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
-                    QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), self,
-                    SLOT(disconnected()));
-    }
-    return owned_[std::string(id)] = isOwnedNow(name);
+BusApplications::BusApplications(const std::vector<std::string>& ids) {
+    sessionBus().connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+                         QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+                         SLOT(disconnected()));
+    for (const auto& id : ids)
+        isRunning(id);
 }
 
-bool BusApplications::isOwnedNow(const QString& name) const {
-    const auto answer = ask(QStringLiteral("NameHasOwner"), {name});
-    return answer.type() == QDBusMessage::ReplyMessage && answer.arguments().value(0).toBool();
+bool BusApplications::isRunning(std::string_view id) {
+    auto known = names_.find(id);
+    if (known == names_.end()) {
+        if (!isBusName(id)) return false;
+        known = names_.emplace(id, Name()).first;
+        follow(QString::fromStdString(known->first)); // Before it is asked: no change in between is missed.
+    }
+    if (!known->second.isAsked) ask(known->first);
+    return known->second.isOwned;
+}
+
+void BusApplications::follow(const QString& name) {
+    sessionBus().connect(busService, busPath, busService, QStringLiteral("NameOwnerChanged"), {name},
+                         QString(), this, SLOT(ownerChanged(QString, QString, QString)));
+}
+
+void BusApplications::ask(const std::string& id) {
+    names_[id].isAsked = true;
+    auto call =
+        QDBusMessage::createMethodCall(busService, busPath, busService, QStringLiteral("NameHasOwner"));
+    call.setArguments({QString::fromStdString(id)});
+    auto* watcher = new QDBusPendingCallWatcher(sessionBus().asyncCall(call, endlessPatience), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, id, watcher] {
+        answered(id, *watcher);
+        watcher->deleteLater();
+    });
+}
+
+void BusApplications::answered(const std::string& id, const QDBusPendingCallWatcher& answer) {
+    const QDBusPendingReply<bool> reply = answer;
+    if (reply.isError())
+        names_[id].isAsked = false;
+    else
+        names_[id].isOwned = reply.value();
 }
 
 std::vector<std::string> BusApplications::ids() const {
     std::vector<std::string> ids;
-    const auto answer = ask(QStringLiteral("ListNames"), {});
-    for (const auto& name : answer.arguments().value(0).toStringList()) {
-        if (!name.startsWith(':')) ids.push_back(name.toStdString());
+    for (const auto& [id, name] : names_) {
+        if (name.isOwned) ids.push_back(id);
     }
     return ids;
 }
@@ -64,13 +84,13 @@ Subscription BusApplications::onStart(std::function<void(std::string_view id)> h
 
 void BusApplications::ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner) {
     const auto id = name.toStdString();
-    owned_[id] = !newOwner.isEmpty();
+    names_[id] = {!newOwner.isEmpty(), true};
     if (oldOwner.isEmpty() && !newOwner.isEmpty()) started_.emit(id);
 }
 
 void BusApplications::disconnected() {
-    for (auto& [name, isOwned] : owned_)
-        isOwned = false;
+    for (auto& [id, name] : names_)
+        name.isOwned = false;
 }
 
 } // namespace quorvane

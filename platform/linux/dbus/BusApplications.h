@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -10,27 +9,39 @@
 #include "platform/Signal.h"
 #include "platform/linux/applications/BackgroundApplications.h"
 
-class QDBusMessage;
+class QDBusPendingCallWatcher;
 
 namespace quorvane {
 
 /// Applications that own their id as a name on the session bus: how an application makes itself known on
-/// Linux, with or without a window. Whether a name is owned is asked once and then kept up by the bus's own
-/// signals, for the names somebody asked about and no others.
+/// Linux, with or without a window. Whether a name is owned is asked once, without waiting for the answer,
+/// and then kept up by the bus's own signals, for the names somebody is interested in and no others. Until
+/// the bus has answered, nobody is known to own the name; a question that fails is asked again at the next
+/// occasion.
 class BusApplications : public QObject, public BackgroundApplications {
     Q_OBJECT
 
 public:
-    bool isRunning(std::string_view id) const override;
+    /// Interested in these from the start on, in others once they are asked about.
+    explicit BusApplications(const std::vector<std::string>& ids = {});
+
+    bool isRunning(std::string_view id) override;
     std::vector<std::string> ids() const override;
     Subscription onStart(std::function<void(std::string_view id)> handler) override;
 
 private:
+    struct Name {
+        bool isOwned = false;
+        bool isAsked = false; ///< An answer has come or will come.
+    };
+
     Q_SLOT void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
     Q_SLOT void disconnected();
-    bool isOwnedNow(const QString& name) const;
+    void follow(const QString& name);
+    void ask(const std::string& id);
+    void answered(const std::string& id, const QDBusPendingCallWatcher& answer);
 
-    mutable std::map<std::string, bool, std::less<>> owned_; // by name, for those asked about
+    std::map<std::string, Name, std::less<>> names_;
     Signal<std::string_view> started_;
 };
 

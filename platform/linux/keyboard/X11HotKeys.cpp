@@ -35,7 +35,7 @@ std::optional<Subscription> X11HotKeys::registerHotKey(const KeyCombination& com
     const bool isOurs = std::ranges::any_of(
         keys_, [&](const HotKey& each) { return each.keycode == *keycode && each.modifierFlags == flags; });
     if (isOurs) return std::nullopt;
-    if (keys_.empty()) start();
+    if (!isStarted_) start();
     HotKey key{*keycode, flags, std::move(pressed)};
     if (!grab(key)) return std::nullopt;
     keys_.push_back(std::move(key));
@@ -47,6 +47,7 @@ std::optional<Subscription> X11HotKeys::registerHotKey(const KeyCombination& com
 }
 
 void X11HotKeys::start() {
+    isStarted_ = true;
     if (selectKeyboardMapEvents(x_)) {
         // Otherwise the server would tell of a release, too, whenever a held key repeats.
         constexpr std::uint32_t flag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
@@ -97,7 +98,7 @@ void X11HotKeys::handle(const xcb_generic_event_t& event) {
         handlePress(key.detail, key.state);
     else if (type == XCB_KEY_RELEASE)
         handleRelease(key.detail);
-    else if (!keys_.empty() && isKeyboardMapEvent(x_, event))
+    else if (isStarted_ && isKeyboardMapEvent(x_, event))
         followModifiers();
 }
 
@@ -130,6 +131,7 @@ void X11HotKeys::followModifiers() {
     // One that is taken, or lacks its modifier, rests until the modifiers move again.
     for (const auto& key : keys_)
         grab(key);
+    changed.emit();
 }
 
 } // namespace quorvane

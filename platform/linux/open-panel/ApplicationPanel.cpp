@@ -88,7 +88,7 @@ void ApplicationPanel::search(const QString& text) {
 void ApplicationPanel::accept() {
     const auto chosen = list_->currentIndex();
     if (!chosen.isValid()) return;
-    finishWith(bundleIdentifierOfDesktopId(chosen.data(ApplicationList::idRole).toString().toStdString()));
+    finishWith(chosen.data(ApplicationList::idRole).toString().toStdString());
 }
 
 void ApplicationPanel::chooseOther() {

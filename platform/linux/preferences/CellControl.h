@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <QKeyEvent>
 #include <QWidget>
 
 namespace quorvane {
@@ -17,7 +18,9 @@ public:
     virtual QRect placeIn(const QRect& cell) const = 0;
 
     virtual void act() = 0; ///< Does what a click on it does.
-    virtual void clear() {} ///< Takes its value away, if it can be without one.
+
+    /// A key that means something else to it than to other cells. Whether it does.
+    virtual bool takeKey(const QKeyEvent& /*event*/) { return false; }
 
     /// Whether the user is in the midst of something that ends when it gets another cell.
     virtual bool isInUse() const { return false; }
@@ -27,8 +30,7 @@ protected:
     static constexpr int margin = 2;
 
     /// As wide as the cell from this place on, up to a width that still looks like one control.
-    static QRect wideIn(const QRect& cell, double left, int height) {
-        constexpr int widest = 320;
+    static QRect wideIn(const QRect& cell, double left, int height, int widest = 320) {
         const QRect room = cell.adjusted(static_cast<int>(left) + margin, 1, -margin, -1);
         const int used = std::min(height, room.height());
         return {room.x(), room.y() + (room.height() - used) / 2, std::min(room.width(), widest), used};

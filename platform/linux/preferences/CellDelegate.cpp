@@ -9,6 +9,7 @@
 #include <QToolTip>
 
 #include "platform/linux/qt/ApplicationIcon.h"
+#include "platform/linux/qt/PlainText.h"
 #include "platform/linux/qt/QtImage.h"
 
 namespace quorvane {
@@ -133,7 +134,7 @@ bool CellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
         if (text->toolTip != text->stringValue && !text->toolTip.empty())
             toolTip = QString::fromStdString(text->toolTip);
     }
-    QToolTip::showText(event->globalPos(), toolTip.toHtmlEscaped(), view);
+    QToolTip::showText(event->globalPos(), toolTipOf(toolTip), view);
     return true;
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/linux/preferences/ShortcutRecorder.h"
+
 namespace quorvane {
 void CellModel::setColumnIdentifiers(const QStringList& identifiers) {
     beginResetModel();
@@ -114,6 +116,7 @@ QString CellModel::accessibleText(int row, int column) const {
     const auto* recorder = partOf<ShortcutRecorderPart>(parts);
     const auto shortcut = recorder ? InputShortcut::ofRecord(recorder->objectValue) : std::nullopt;
     if (shortcut && keyboard_) label += QStringLiteral(": ") + keyboard_->textOf(*shortcut);
+    if (recorder && recorder->isRefused) label += QStringLiteral(". ") + ShortcutRecorder::textOfRefusal();
     return label;
 }
 

@@ -8,7 +8,8 @@
 #include <QScrollBar>
 #include <QStylePainter>
 #include <QToolTip>
-#include <QWheelEvent>
+
+#include "platform/linux/qt/PlainText.h"
 
 namespace quorvane {
 namespace {
@@ -23,7 +24,7 @@ QString textOf(const std::string& title) {
 
 } // namespace
 
-CellPopUp::CellPopUp(QWidget* parent) : QComboBox(parent) {
+CellPopUp::CellPopUp(QWidget* parent) : StillComboBox(parent) {
     setFocusPolicy(Qt::NoFocus);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(1);
@@ -103,7 +104,8 @@ int CellPopUp::roomForText() const {
 bool CellPopUp::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip) return QComboBox::event(event);
     const bool fits = fontMetrics().horizontalAdvance(currentText()) <= roomForText();
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), fits ? QString() : currentText(), this);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                       fits ? QString() : toolTipOf(currentText()), this);
     return true;
 }
 
@@ -115,10 +117,6 @@ void CellPopUp::paintEvent(QPaintEvent* /*event*/) {
     painter.setPen(palette().color(QPalette::Text));
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
-}
-
-void CellPopUp::wheelEvent(QWheelEvent* event) {
-    event->ignore(); // It scrolls the table.
 }
 
 } // namespace quorvane

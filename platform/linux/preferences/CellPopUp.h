@@ -1,14 +1,13 @@
 #pragma once
 
-#include <QComboBox>
-
 #include "platform/CellView.h"
 #include "platform/linux/preferences/CellControl.h"
+#include "platform/linux/preferences/StillComboBox.h"
 
 namespace quorvane {
 
 /// A pop-up button in a cell.
-class CellPopUp : public QComboBox, public CellControl {
+class CellPopUp : public StillComboBox, public CellControl {
     Q_OBJECT
 
 public:
@@ -32,7 +31,6 @@ protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
 
 private:
     void setTitles();

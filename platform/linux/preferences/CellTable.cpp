@@ -195,6 +195,7 @@ void CellTable::tellAction() {
 }
 
 void CellTable::keyPressEvent(QKeyEvent* event) {
+    if (auto* control = controls_.at(currentIndex()); control && control->takeKey(*event)) return;
     const bool isPlain = !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
     switch (isPlain ? event->key() : 0) {
     case Qt::Key_Escape:
@@ -208,10 +209,6 @@ void CellTable::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_F2:
         if (act(currentIndex())) return;
         break;
-    case Qt::Key_Delete:
-    case Qt::Key_Backspace:
-        if (auto* control = controls_.at(currentIndex())) control->clear();
-        return;
     default:
         break;
     }

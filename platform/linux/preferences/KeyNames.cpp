@@ -109,6 +109,10 @@ QString nameOfKeysym(std::uint32_t keysym) {
                                                                      : QString();
 }
 
+QString nameOfNamed(const NamedKey& key) {
+    return QKeySequence(key.key).toString(QKeySequence::NativeText);
+}
+
 } // namespace
 
 KeyNames KeyNames::read(XConnection& x) {
@@ -119,9 +123,16 @@ KeyNames KeyNames::read(XConnection& x) {
     return names;
 }
 
+int KeyNames::widestName(const QFontMetrics& font) {
+    int widest = 0;
+    for (const auto& key : namedKeys)
+        widest = std::max(widest, font.horizontalAdvance(nameOfNamed(key)));
+    return widest;
+}
+
 QString KeyNames::nameOf(std::int64_t keyCode) const {
     const auto* const named = std::ranges::find(namedKeys, keyCode, &NamedKey::keyCode);
-    if (named != std::end(namedKeys)) return QKeySequence(named->key).toString(QKeySequence::NativeText);
+    if (named != std::end(namedKeys)) return nameOfNamed(*named);
     const auto keysym = keysyms_.find(xKeycodeOf(keyCode).value_or(0));
     const auto name = keysym == keysyms_.end() || keysym->second == XKB_KEY_NoSymbol
                           ? QString()

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <map>
 
+#include <QFontMetrics>
 #include <QString>
 
 #include "platform/linux/x11/XConnection.h"
@@ -16,6 +17,9 @@ public:
 
     /// Asks the server, one round trip. Without its answer only keys that type nothing have names.
     static KeyNames read(XConnection& x);
+
+    /// The longest of the names that keys have without a keyboard.
+    static int widestName(const QFontMetrics& font);
 
     /// The key's name as menus write it: "K", "F5", "Page Up". `keyCode` is one of the program's.
     QString nameOf(std::int64_t keyCode) const;

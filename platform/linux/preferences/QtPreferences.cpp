@@ -2,6 +2,9 @@
 
 #include <list>
 
+#include <QScrollArea>
+
+#include "platform/linux/WaylandSession.h"
 #include "platform/linux/preferences/CheckBoxBinding.h"
 #include "platform/linux/preferences/QtOutlets.h"
 #include "platform/linux/preferences/QtPreferencesWindow.h"
@@ -10,11 +13,30 @@
 #include "ui_Preferences.h"
 
 namespace quorvane {
+namespace {
+
+/// On a screen that is too small for a page, it is scrolled.
+void makePagesScroll(QStackedWidget& pages) {
+    for (int index = 0; index < pages.count(); ++index) {
+        auto* page = pages.widget(index);
+        auto* area = new QScrollArea(&pages);
+        area->setFrameShape(QFrame::NoFrame);
+        area->setWidgetResizable(true);
+        area->setFocusPolicy(Qt::NoFocus); // What is in it has the focus, and is scrolled to.
+        pages.removeWidget(page);
+        area->setWidget(page);
+        pages.insertWidget(index, area);
+    }
+    pages.setCurrentIndex(0);
+}
+
+} // namespace
 
 struct QtPreferences::Widgets {
     explicit Widgets(const Neighbours& neighbours);
 
     void bindCheckBoxes(StandardUserDefaults& standard);
+    void showNotices(Notices& notices);
 
     ShortcutKeyboard keyboard;
     QtPreferencesWindow window;
@@ -25,6 +47,7 @@ struct QtPreferences::Widgets {
     QtPopUpButton defaultInput;
     QtTableView applications, locations, shortcuts;
     std::list<CheckBoxBinding> bindings;
+    Subscription noticeChanges;
 };
 
 QtPreferences::Widgets::Widgets(const Neighbours& neighbours)
@@ -47,6 +70,8 @@ QtPreferences::Widgets::Widgets(const Neighbours& neighbours)
     , shortcuts(*form.shortcutTableView) {
     form.shortcutTableView->setKeyboard(keyboard);
     bindCheckBoxes(neighbours.standard);
+    showNotices(neighbours.notices);
+    makePagesScroll(*form.tabView);
     window.dressUp();
 }
 
@@ -55,6 +80,13 @@ void QtPreferences::Widgets::bindCheckBoxes(StandardUserDefaults& standard) {
         const auto key = checkBox->property("defaultsKey").toString().toStdString();
         if (!key.empty()) bindings.emplace_back(*checkBox, standard, key);
     }
+}
+
+void QtPreferences::Widgets::showNotices(Notices& notices) {
+    const auto show = [this, &notices] { form.noticeStrip->setText(QString::fromStdString(notices.text())); };
+    noticeChanges = notices.changed.connect(show);
+    show();
+    if (isWaylandSession()) form.autoInputByApplicationTableView->setProperty("emptyText", waylandNotice());
 }
 
 QtPreferences::QtPreferences(const Neighbours& neighbours)

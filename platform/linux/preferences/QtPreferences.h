@@ -5,6 +5,7 @@
 #include "platform/NotificationCenter.h"
 #include "platform/PreferencesInterface.h"
 #include "platform/UserDefaults.h"
+#include "platform/linux/preferences/Notices.h"
 #include "platform/linux/x11/XConnection.h"
 
 namespace quorvane {
@@ -17,6 +18,7 @@ public:
         XConnection& x;
         NotificationCenter& notifications;
         StandardUserDefaults& standard;
+        Notices& notices;
     };
 
     explicit QtPreferences(const Neighbours& neighbours);

@@ -11,6 +11,7 @@
 #include <QShortcut>
 #include <QWindow>
 
+#include "platform/linux/qt/BringToUser.h"
 #include "platform/linux/windows/WindowManagerRequests.h"
 
 namespace quorvane {
@@ -61,10 +62,16 @@ void QtPreferencesWindow::setFrameOrigin(Point origin) {
 }
 
 void QtPreferencesWindow::makeKeyAndOrderFront() {
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
-    activateWindow();
+    if (!isVisible()) fitScreen();
+    bringToUser(x_, *this);
+}
+
+/// Before it opens: never larger than what the screen has room for, frame and all.
+void QtPreferencesWindow::fitScreen() {
+    constexpr QSize frame(16, 48); // about that of most window managers
+    const auto* pointed = QGuiApplication::screenAt(QCursor::pos());
+    const auto room = (pointed ? pointed : screen())->availableGeometry().size() - frame;
+    resize(size().boundedTo(room));
 }
 
 void QtPreferencesWindow::dressUp() {

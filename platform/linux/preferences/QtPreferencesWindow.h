@@ -38,6 +38,7 @@ protected:
 
 private:
     void applyPalette();
+    void fitScreen();
 
     XConnection& x_;
     NotificationCenter& notifications_;

@@ -24,23 +24,34 @@ void ShortcutKeyboard::read() {
     names_ = KeyNames::read(x_);
 }
 
-std::uint64_t ShortcutKeyboard::flagsOfState(std::uint32_t state) {
+RecorderBehaviour::Modifiers ShortcutKeyboard::modifiersOfState(std::uint32_t state) {
     read();
-    std::uint64_t flags = 0;
-    if (state & XCB_MOD_MASK_CONTROL) flags |= ModifierFlag::control;
-    if (state & bits_.option) flags |= ModifierFlag::option;
-    if (state & XCB_MOD_MASK_SHIFT) flags |= ModifierFlag::shift;
-    if (state & bits_.command) flags |= ModifierFlag::command;
-    return flags;
+    const struct {
+        unsigned bit;
+        std::uint64_t flag; ///< 0: a lock, which hot keys do not mind.
+    } known[] = {{XCB_MOD_MASK_CONTROL, ModifierFlag::control},
+                 {bits_.option, ModifierFlag::option},
+                 {XCB_MOD_MASK_SHIFT, ModifierFlag::shift},
+                 {bits_.command, ModifierFlag::command},
+                 {XCB_MOD_MASK_LOCK, 0},
+                 {bits_.numLock, 0}};
+    RecorderBehaviour::Modifiers modifiers;
+    unsigned others = state & 0xff; // The rest are the mouse's buttons and the group.
+    for (const auto& [bit, flag] : known) {
+        if (state & bit) modifiers.flags |= flag;
+        others &= ~bit;
+    }
+    modifiers.haveOthers = others != 0;
+    return modifiers;
 }
 
-std::uint64_t ShortcutKeyboard::heldFlags() {
+RecorderBehaviour::Modifiers ShortcutKeyboard::heldModifiers() {
     const XcbReply<xcb_query_pointer_reply_t> state(
         xcb_query_pointer_reply(x_.xcb(), xcb_query_pointer(x_.xcb(), x_.root()), nullptr));
-    return state ? flagsOfState(state->mask) : 0;
+    return modifiersOfState(state ? state->mask : 0);
 }
 
-QString ShortcutKeyboard::textOfModifiers(std::uint64_t flags) const {
+QString ShortcutKeyboard::textOfModifiers(std::uint64_t flags) {
     // The toolkit has them in all languages it speaks, as menus write them.
     const struct {
         std::uint64_t flag;

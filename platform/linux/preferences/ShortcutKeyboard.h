@@ -8,6 +8,7 @@
 #include "platform/linux/keyboard/ModifierBits.h"
 #include "platform/linux/preferences/KeyNames.h"
 #include "settings/InputShortcut.h"
+#include "shortcuts/RecorderBehaviour.h"
 
 namespace quorvane {
 
@@ -19,13 +20,13 @@ public:
     explicit ShortcutKeyboard(XConnection& x);
 
     /// The modifiers in the state of an X event, as `ModifierFlag`s; locks are none.
-    std::uint64_t flagsOfState(std::uint32_t state);
+    RecorderBehaviour::Modifiers modifiersOfState(std::uint32_t state);
 
     /// The modifiers that are held at this moment.
-    std::uint64_t heldFlags();
+    RecorderBehaviour::Modifiers heldModifiers();
 
     /// "Ctrl+Alt+", in the order in which desktops write them.
-    QString textOfModifiers(std::uint64_t flags) const;
+    static QString textOfModifiers(std::uint64_t flags);
 
     /// "Ctrl+Alt+K".
     QString textOf(const InputShortcut& shortcut);

@@ -9,14 +9,21 @@
 #include <QStylePainter>
 #include <X11/keysym.h>
 
+#include "platform/GlobalEventMonitor.h"
 #include "platform/linux/keyboard/KeyCodes.h"
 #include "platform/linux/localization/Localized.h"
 
 namespace quorvane {
 namespace {
 
+using Display = RecorderBehaviour::Display;
+using Role = RecorderBehaviour::Role;
+
 constexpr int padding = 6;
 constexpr int clearSide = 16;
+
+/// Of a hint: less than a combination's, and enough to be read on any ground on which its colour can be.
+constexpr double hintOpacity = 0.7;
 
 /// A cross in the colour of the text.
 class ClearButton : public QAbstractButton {
@@ -48,153 +55,155 @@ bool isModifier(const QKeyEvent& event) {
            keysym == XK_Mode_switch;
 }
 
+Role roleOf(int key) {
+    switch (key) {
+    case Qt::Key_Escape:
+        return Role::leaves;
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return Role::begins;
+    case Qt::Key_Backspace:
+    case Qt::Key_Delete:
+        return Role::clears;
+    case Qt::Key_Tab:
+        return Role::movesOn;
+    default:
+        return Role::none;
+    }
+}
+
 } // namespace
 
 ShortcutRecorder::ShortcutRecorder(ShortcutKeyboard& keyboard, QWidget* parent)
     : QAbstractButton(parent)
     , keyboard_(keyboard)
     , clearButton_(new ClearButton(this))
+    , behaviour_({.takeKeyboard = [this] { return takeKeyboard(); },
+                  .watch = [this] { return watch(); },
+                  .changed = [this] { refresh(); },
+                  .didEndRecording = [this] { tell(); },
+                  .heldModifiers = [this] { return keyboard_.heldModifiers(); }})
     , keyboardChanges_(keyboard.changed.connect([this] { refresh(); })) {
     setFocusPolicy(Qt::NoFocus);
     setCursor(Qt::ArrowCursor);
-    connect(this, &QAbstractButton::clicked, this, &ShortcutRecorder::toggle);
-    connect(clearButton_, &QAbstractButton::clicked, this, &ShortcutRecorder::clear);
-}
-
-ShortcutRecorder::~ShortcutRecorder() {
-    if (recording_.state() != State::idle) releaseKeyboard();
+    connect(this, &QAbstractButton::clicked, this, [this] { behaviour_.press(); });
+    connect(clearButton_, &QAbstractButton::clicked, this, [this] { behaviour_.clear(); });
 }
 
 void ShortcutRecorder::setPart(const ShortcutRecorderPart& part) {
     part_ = part;
-    recording_.setRules(part.allowedModifierFlags, part.allowsEmptyModifierFlags);
-    refresh();
+    behaviour_.setRules(part.allowedModifierFlags, part.allowsEmptyModifierFlags);
+    behaviour_.setObjectValue(part.objectValue, part.hasEntry);
 }
 
-void ShortcutRecorder::toggle() {
-    if (recording_.state() == State::recording)
-        end();
-    else
-        begin();
-}
-
-void ShortcutRecorder::begin() {
-    recording_.begin(keyboard_.heldFlags());
+bool ShortcutRecorder::takeKeyboard() {
     setFocus(Qt::OtherFocusReason);
+    return true;
+}
+
+Subscription ShortcutRecorder::watch() {
     grabKeyboard();
     qApp->installEventFilter(this);
-    refresh();
+    return Subscription([this] {
+        qApp->removeEventFilter(this);
+        releaseKeyboard();
+    });
 }
 
-void ShortcutRecorder::end() {
-    if (!isInUse()) return;
-    recording_.end();
-    qApp->removeEventFilter(this);
-    releaseKeyboard();
-    // Also where another window has the focus: this one would get it back with its window.
-    if (parentWidget() && window()->focusWidget() == this) parentWidget()->setFocus(Qt::OtherFocusReason);
-    refresh();
+void ShortcutRecorder::tell() {
+    const auto part = part_; // The program may give another one meanwhile.
+    if (part.didEndRecording) part.didEndRecording(part.tagid, behaviour_.objectValue());
 }
 
 bool ShortcutRecorder::event(QEvent* event) {
-    if (!isInUse()) return QAbstractButton::event(event);
-    switch (event->type()) {
-    case QEvent::ShortcutOverride: // No menu of this program's takes it either.
-        event->accept();
-        return true;
-    case QEvent::KeyPress: // Tab among them.
-        handlePress(static_cast<QKeyEvent&>(*event));
-        return true;
-    case QEvent::KeyRelease:
-        handleRelease(static_cast<QKeyEvent&>(*event));
-        return true;
-    default:
+    const auto type = event->type();
+    if (!isInUse() || (type != QEvent::ShortcutOverride && type != QEvent::KeyPress && // Tab among them.
+                       type != QEvent::KeyRelease))
         return QAbstractButton::event(event);
-    }
+    if (type == QEvent::ShortcutOverride)
+        event->accept(); // No menu of this program's takes it either.
+    else if (type == QEvent::KeyRelease)
+        handleRelease(static_cast<QKeyEvent&>(*event));
+    else if (!takeKey(static_cast<QKeyEvent&>(*event)))
+        return QAbstractButton::event(event);
+    return true;
 }
 
 /// A click elsewhere, also where it does not take the focus.
 bool ShortcutRecorder::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::MouseButtonPress && watched->isWidgetType() && watched != this) end();
+    if (event->type() == QEvent::MouseButtonPress && watched->isWidgetType() && watched != this)
+        behaviour_.end();
     return false;
 }
 
 void ShortcutRecorder::focusOutEvent(QFocusEvent* event) {
-    end();
+    behaviour_.end();
     QAbstractButton::focusOutEvent(event);
 }
 
 void ShortcutRecorder::hideEvent(QHideEvent* event) {
-    end();
+    behaviour_.end();
     QAbstractButton::hideEvent(event);
 }
 
-void ShortcutRecorder::handlePress(const QKeyEvent& event) {
-    if (recording_.state() != State::recording || event.isAutoRepeat()) return;
-    if (isModifier(event)) {
-        handleModifiers();
-        return;
-    }
+bool ShortcutRecorder::takeKey(const QKeyEvent& event) {
+    // The event of a modifier tells what was held before it.
+    if (isModifier(event)) return isInUse() && behaviour_.modifiersChanged(keyboard_.heldModifiers());
     const auto scanCode = event.nativeScanCode();
-    const auto recorded = recording_.press(
-        {.key = scanCode,
+    return behaviour_.keyDown(
+        {.number = scanCode,
          .keyCode = scanCode <= 0xff ? keyCodeOf(static_cast<std::uint8_t>(scanCode)) : std::nullopt,
-         .modifierFlags = keyboard_.flagsOfState(event.nativeModifiers()),
-         .meaning = event.key() == Qt::Key_Escape ? Meaning::leavesAsItWas : Meaning::recorded});
-    refresh();
-    if (recorded) tell(*recorded);
+         .role = roleOf(event.key())},
+        keyboard_.modifiersOfState(event.nativeModifiers()), event.isAutoRepeat());
 }
 
 void ShortcutRecorder::handleRelease(const QKeyEvent& event) {
     if (event.isAutoRepeat()) return;
-    if (recording_.isOverWithRelease(event.nativeScanCode()))
-        end();
-    else if (recording_.state() == State::recording && isModifier(event))
-        handleModifiers();
+    if (isModifier(event))
+        behaviour_.modifiersChanged(keyboard_.heldModifiers());
+    else
+        behaviour_.keyUp(event.nativeScanCode());
 }
 
-/// The event tells what was held before it.
-void ShortcutRecorder::handleModifiers() {
-    recording_.holdModifiers(keyboard_.heldFlags());
-    refresh();
-}
-
-void ShortcutRecorder::clear() {
-    if (!isInUse() && !isEmpty()) tell({});
-}
-
-void ShortcutRecorder::tell(const PropertyList& objectValue) {
-    part_.objectValue = objectValue;
-    refresh();
-    const auto part = part_; // The program may give another one meanwhile.
-    if (part.didEndRecording) part.didEndRecording(part.tagid, objectValue);
+QString ShortcutRecorder::shownText() const {
+    switch (behaviour_.display()) {
+    case Display::prompt:
+        return localized("Press the keys");
+    case Display::heldModifiers:
+        return ShortcutKeyboard::textOfModifiers(behaviour_.heldFlags()) + QStringLiteral("…");
+    case Display::refusal:
+        return localized("This key cannot be used");
+    case Display::objectValue:
+        break;
+    }
+    const auto shortcut = InputShortcut::ofRecord(behaviour_.objectValue());
+    return shortcut ? keyboard_.textOf(*shortcut) : localized("Record shortcut");
 }
 
 void ShortcutRecorder::refresh() {
-    const auto shortcut = InputShortcut::ofRecord(part_.objectValue);
-    switch (recording_.display()) {
-    case Display::objectValue:
-        setText(shortcut ? keyboard_.textOf(*shortcut) : localized("Record shortcut"));
-        break;
-    case Display::prompt:
-        setText(localized("Press the keys"));
-        break;
-    case Display::heldModifiers:
-        setText(keyboard_.textOfModifiers(recording_.heldFlags()) + QStringLiteral("…"));
-        break;
-    case Display::refusal:
-        setText(localized("This key cannot be used"));
-        break;
-    }
-    setAccessibleDescription(text());
-    clearButton_->setVisible(shortcut && !isInUse());
+    setText(shownText());
+    clearButton_->setVisible(behaviour_.canBeCleared());
     const bool fits = fontMetrics().horizontalAdvance(text()) <= placeOfText().width();
-    setToolTip(fits ? QString() : text());
+    const auto refusal = isMarked() ? textOfRefusal() : QString();
+    setToolTip(isMarked() ? refusal : fits ? QString() : text());
+    setAccessibleDescription(isMarked() ? text() + QStringLiteral(". ") + refusal : text());
     update();
+    // At rest the table has the keyboard. Also where another window has the focus: this one would get it back
+    // with its window.
+    if (!isInUse() && parentWidget() && window()->focusWidget() == this)
+        parentWidget()->setFocus(Qt::OtherFocusReason);
+}
+
+QString ShortcutRecorder::textOfRefusal() {
+    return localized("This shortcut has no effect: something else uses it, or this keyboard cannot send it.");
 }
 
 int ShortcutRecorder::preferredWidth(const QFontMetrics& font) {
-    int longest = font.horizontalAdvance(QStringLiteral("Ctrl+Alt+Shift+Super+M"));
+    constexpr auto allModifiers =
+        ModifierFlag::control | ModifierFlag::option | ModifierFlag::shift | ModifierFlag::command;
+    int longest =
+        font.horizontalAdvance(ShortcutKeyboard::textOfModifiers(allModifiers)) + KeyNames::widestName(font);
     for (const auto& text :
          {localized("Record shortcut"), localized("Press the keys"), localized("This key cannot be used")})
         longest = std::max(longest, font.horizontalAdvance(text));
@@ -207,7 +216,7 @@ QSize ShortcutRecorder::sizeHint() const {
 }
 
 QRect ShortcutRecorder::placeIn(const QRect& cell) const {
-    return wideIn(cell, part_.frame.x, sizeHint().height());
+    return wideIn(cell, part_.frame.x, sizeHint().height(), sizeHint().width());
 }
 
 QRect ShortcutRecorder::placeOfText() const {
@@ -216,9 +225,13 @@ QRect ShortcutRecorder::placeOfText() const {
     return rect().adjusted(side, 0, -side, 0);
 }
 
+/// Of the cross; the mark is at the other end.
+QRect ShortcutRecorder::placeAtEnd() const {
+    return {width() - padding / 2 - clearSide, (height() - clearSide) / 2, clearSide, clearSide};
+}
+
 void ShortcutRecorder::resizeEvent(QResizeEvent* /*event*/) {
-    const QRect place(width() - padding / 2 - clearSide, (height() - clearSide) / 2, clearSide, clearSide);
-    clearButton_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
+    clearButton_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), placeAtEnd()));
     refresh();
 }
 
@@ -229,12 +242,20 @@ void ShortcutRecorder::paintEvent(QPaintEvent* /*event*/) {
     frame.rect = rect();
     frame.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &frame, this);
     frame.state |= QStyle::State_Sunken;
-    const bool isRecording = recording_.state() == State::recording;
+    const bool isRecording = behaviour_.isRecording();
     frame.state.setFlag(QStyle::State_HasFocus, isRecording);
     if (!isRecording) frame.palette.setBrush(QPalette::Base, palette().brush(QPalette::Window));
     painter.drawPrimitive(QStyle::PE_PanelLineEdit, frame);
-    const bool isHint = isRecording ? recording_.display() != Display::heldModifiers : isEmpty();
-    painter.setPen(palette().color(isHint ? QPalette::PlaceholderText : QPalette::Text));
+    if (isMarked()) {
+        const auto mark = style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this);
+        auto place = placeAtEnd();
+        place.moveLeft(padding / 2);
+        mark.paint(&painter, QStyle::visualRect(layoutDirection(), rect(), place));
+    }
+    const bool isHint =
+        isRecording ? behaviour_.display() != Display::heldModifiers : behaviour_.objectValue().isNothing();
+    painter.setOpacity(isHint ? hintOpacity : 1);
+    painter.setPen(palette().color(QPalette::Text));
     const auto place = placeOfText();
     painter.drawText(place, Qt::AlignCenter | Qt::TextSingleLine,
                      fontMetrics().elidedText(text(), Qt::ElideRight, place.width()));

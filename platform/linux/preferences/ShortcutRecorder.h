@@ -1,13 +1,11 @@
 #pragma once
 
-#include <cstdint>
-
 #include <QAbstractButton>
 
 #include "platform/CellView.h"
 #include "platform/linux/preferences/CellControl.h"
 #include "platform/linux/preferences/ShortcutKeyboard.h"
-#include "shortcuts/ShortcutRecording.h"
+#include "shortcuts/RecorderBehaviour.h"
 
 namespace quorvane {
 
@@ -19,7 +17,6 @@ class ShortcutRecorder : public QAbstractButton, public CellControl {
 public:
     /// The keyboard must outlive this object.
     ShortcutRecorder(ShortcutKeyboard& keyboard, QWidget* parent);
-    ~ShortcutRecorder() override;
 
     /// A recording goes on.
     void setPart(const ShortcutRecorderPart& part);
@@ -27,13 +24,16 @@ public:
     /// The width in which all it says can be read.
     static int preferredWidth(const QFontMetrics& font);
 
+    /// Why a row is marked.
+    static QString textOfRefusal();
+
     QSize sizeHint() const override;
     QWidget& widget() override { return *this; }
     QRect placeIn(const QRect& cell) const override;
-    void act() override { click(); }
-    void clear() override;
-    bool isInUse() const override { return recording_.state() != State::idle; }
-    void endUse() override { end(); }
+    void act() override { behaviour_.press(); }
+    bool takeKey(const QKeyEvent& event) override;
+    bool isInUse() const override { return behaviour_.isInUse(); }
+    void endUse() override { behaviour_.end(); }
 
 protected:
     bool event(QEvent* event) override;
@@ -44,25 +44,20 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    using State = ShortcutRecording::State;
-    using Meaning = ShortcutRecording::Meaning;
-    using Display = ShortcutRecording::Display;
-
-    void toggle();
-    void begin();
-    void end();
-    void handlePress(const QKeyEvent& event);
+    bool takeKeyboard();
+    Subscription watch();
     void handleRelease(const QKeyEvent& event);
-    void handleModifiers();
-    void tell(const PropertyList& objectValue);
-    bool isEmpty() const { return !InputShortcut::ofRecord(part_.objectValue); }
+    void tell();
+    QString shownText() const;
+    bool isMarked() const { return part_.isRefused && !isInUse(); }
+    QRect placeAtEnd() const;
     QRect placeOfText() const;
     void refresh();
 
     ShortcutKeyboard& keyboard_;
     ShortcutRecorderPart part_;
-    ShortcutRecording recording_;
     QAbstractButton* clearButton_;
+    RecorderBehaviour behaviour_;
     Subscription keyboardChanges_;
 };
 

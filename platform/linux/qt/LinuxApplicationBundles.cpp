@@ -4,7 +4,6 @@
 #include <QLocale>
 #include <QStandardPaths>
 
-#include "platform/linux/applications/LauncherTable.h"
 #include "platform/linux/qt/ApplicationIcon.h"
 
 namespace quorvane {
@@ -27,8 +26,7 @@ std::string baseName(std::string_view path) {
 } // namespace
 
 std::optional<std::string> LinuxApplicationBundles::absolutePathForAppBundle(std::string_view id) const {
-    const auto* launcher = launcherOfBundleIdentifier(id);
-    const auto entry = entries_.withId(launcher ? launcher->desktopId : id);
+    const auto entry = entries_.withId(id);
     return entry ? std::optional(entry->path) : programOf(id);
 }
 

@@ -6,7 +6,9 @@
 #include <QCheckBox>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QShowEvent>
 
+#include "platform/linux/qt/BringToUser.h"
 #include "platform/linux/qt/MainWindow.h"
 
 namespace quorvane {
@@ -21,7 +23,10 @@ constexpr const char* lookOfTexts = "QLabel#qt_msgbox_label { font-weight: bold;
 /// A message box that shows an alert, and reads the answer from it.
 class AlertBox : public QMessageBox {
 public:
-    AlertBox(const Alert& alert, QWidget* parent) : QMessageBox(parent) {
+    AlertBox(XConnection& x, const Alert& alert, QWidget* parent) : QMessageBox(parent), x_(x) {
+        // Minimised, it would block the program where nobody sees why.
+        setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                       Qt::WindowCloseButtonHint);
         setWindowTitle(QApplication::applicationName());
         setIconPixmap(QApplication::windowIcon().pixmap(iconSize));
         setText(QString::fromStdString(alert.messageText));
@@ -47,14 +52,24 @@ public:
                 .suppressionButtonIsOn = checkBox() && checkBox()->isChecked()};
     }
 
+protected:
+    void showEvent(QShowEvent* event) override {
+        QMessageBox::showEvent(event);
+        // A window manager may keep the focus where it is when a window opens unasked.
+        if (!event->spontaneous())
+            QMetaObject::invokeMethod(
+                this, [this] { bringToUser(x_, *this); }, Qt::QueuedConnection);
+    }
+
 private:
+    XConnection& x_;
     QList<QAbstractButton*> buttons_;
 };
 
 } // namespace
 
 AlertAnswer QtAlerts::runModal(const Alert& alert) {
-    AlertBox box(alert, nullptr);
+    AlertBox box(x_, alert, nullptr);
     // The agent has no other window that would bring the alert to the user's eyes.
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
     box.exec();
@@ -62,7 +77,7 @@ AlertAnswer QtAlerts::runModal(const Alert& alert) {
 }
 
 void QtAlerts::beginSheet(const Alert& alert, std::function<void(const AlertAnswer&)> completion) {
-    auto* box = new AlertBox(alert, mainWindow());
+    auto* box = new AlertBox(x_, alert, mainWindow());
     box->setAttribute(Qt::WA_DeleteOnClose);
     QObject::connect(box, &QDialog::finished, box,
                      [box, completion = std::move(completion)] { completion(box->answer()); });

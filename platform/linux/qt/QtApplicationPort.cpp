@@ -1,7 +1,11 @@
 #include "platform/linux/qt/QtApplicationPort.h"
 
+#include <algorithm>
+
 #include <QApplication>
-#include <QWidget>
+
+#include "platform/linux/qt/BringToUser.h"
+#include "platform/linux/qt/MainWindow.h"
 
 namespace quorvane {
 
@@ -14,11 +18,11 @@ std::string QtApplicationPort::shortVersion() const {
 }
 
 void QtApplicationPort::activateIgnoringOtherApps() {
-    for (auto* window : QApplication::topLevelWidgets()) {
-        if (!window->isVisible() || window->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus)) continue;
-        window->raise();
-        window->activateWindow();
-    }
+    auto windows = openWindows();
+    // What is to be answered first comes last, above the others and with the focus.
+    std::ranges::stable_partition(windows, [](const QWidget* window) { return !window->isModal(); });
+    for (auto* window : windows)
+        bringToUser(x_, *window);
 }
 
 void QtApplicationPort::terminate() {

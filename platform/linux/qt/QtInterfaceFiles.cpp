@@ -29,9 +29,10 @@ struct QtInterfaceFiles::Windows {
     QtIndicatorWindow inputIconWindow;
 };
 
-QtInterfaceFiles::QtInterfaceFiles(const X11Screens& screens, const QtPreferences::Neighbours& neighbours)
-    : neighbours_(neighbours)
-    , windows_(std::make_unique<Windows>(neighbours.x, screens)) {}
+QtInterfaceFiles::QtInterfaceFiles(XConnection& x, const X11Screens& screens,
+                                   NotificationCenter& notifications, StandardUserDefaults& standard)
+    : neighbours_{x, notifications, standard, notices_}
+    , windows_(std::make_unique<Windows>(x, screens)) {}
 
 QtInterfaceFiles::~QtInterfaceFiles() = default;
 

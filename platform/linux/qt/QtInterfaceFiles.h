@@ -13,17 +13,22 @@ namespace quorvane {
 class QtInterfaceFiles : public InterfaceFiles {
 public:
     /// Everything given must outlive this object and the windows it makes.
-    QtInterfaceFiles(const X11Screens& screens, const QtPreferences::Neighbours& neighbours);
+    QtInterfaceFiles(XConnection& x, const X11Screens& screens, NotificationCenter& notifications,
+                     StandardUserDefaults& standard);
     ~QtInterfaceFiles() override;
 
     MainInterface mainInterface() override;
     std::unique_ptr<PreferencesInterface> loadPreferences() override;
+
+    /// What the preferences window tells, whether it is open by now or later.
+    Notices& notices() { return notices_; }
 
     /// Other windows have come to the front: the floating indicator belongs above them.
     void raiseIndicator();
 
 private:
     struct Windows;
+    Notices notices_;
     QtPreferences::Neighbours neighbours_;
     std::unique_ptr<Windows> windows_;
 };

@@ -1,18 +1,37 @@
 #include "platform/linux/qt/QtStatusBar.h"
 
+#include <optional>
+
 #include <QAction>
+#include <QCursor>
+#include <QGuiApplication>
 #include <QMenu>
 #include <QSystemTrayIcon>
+#include <QTimer>
 
-#include "platform/linux/Log.h"
+#include "platform/linux/qt/PlainText.h"
 #include "platform/linux/qt/TemplateIcon.h"
+#include "platform/linux/qt/TrayReadiness.h"
 
 namespace quorvane {
 namespace {
 
+/// How long after a change the tool tip is told to the tray: a switch comes first, and a storm of them is
+/// one.
+constexpr int toolTipDelay = 200; // milliseconds
+
 class QtStatusItem : public StatusItem {
 public:
-    void setTemplateImage(ImageRef image) override { tray_.setIcon(iconOfTemplate(image)); }
+    explicit QtStatusItem(XConnection& x) : readiness_(x, [this] { makeTrayItem(); }) {
+        toolTipTimer_.setSingleShot(true);
+        toolTipTimer_.setInterval(toolTipDelay);
+        QObject::connect(&toolTipTimer_, &QTimer::timeout, &toolTipTimer_, [this] { tellToolTip(); });
+    }
+
+    void setTemplateImage(ImageRef image) override {
+        icon_ = iconOfTemplate(image);
+        if (tray_) tray_->setIcon(icon_);
+    }
 
     void setMenu(Menu menu) override {
         menu_.clear();
@@ -21,23 +40,51 @@ public:
             action->setEnabled(item.isEnabled);
             QObject::connect(action, &QAction::triggered, action, std::move(item.action));
         }
-        tray_.setContextMenu(&menu_);
+    }
+
+    void setToolTip(std::function<std::string()> toolTip) override { toolTip_ = std::move(toolTip); }
+
+    void toolTipChanged() override {
+        if (tray_ && isVisible_) toolTipTimer_.start();
     }
 
     void setHighlightMode(bool /*highlights*/) override {} // a tray highlights its items as it likes
 
-    void setVisible(bool visible) override { tray_.setVisible(visible); }
+    void setVisible(bool visible) override {
+        isVisible_ = visible;
+        if (tray_) tray_->setVisible(visible);
+        toolTipChanged();
+    }
 
 private:
+    void makeTrayItem() {
+        tray_.emplace();
+        tray_->setIcon(icon_);
+        tray_->setContextMenu(&menu_);
+        tellToolTip();
+        QObject::connect(&*tray_, &QSystemTrayIcon::activated, &*tray_, [this](auto reason) {
+            if (reason == QSystemTrayIcon::Trigger) menu_.popup(QCursor::pos());
+        });
+        tray_->setVisible(isVisible_);
+    }
+
+    void tellToolTip() {
+        if (toolTip_) tray_->setToolTip(withoutMarkup(QString::fromStdString(toolTip_())));
+    }
+
     QMenu menu_;
-    QSystemTrayIcon tray_;
+    QIcon icon_;
+    std::function<std::string()> toolTip_;
+    bool isVisible_ = false;
+    QTimer toolTipTimer_;
+    std::optional<QSystemTrayIcon> tray_; ///< None as long as making it could wait for another process.
+    TrayReadiness readiness_;
 };
 
 } // namespace
 
 std::unique_ptr<StatusItem> QtStatusBar::statusItemWithLength(double /*length*/) {
-    if (!QSystemTrayIcon::isSystemTrayAvailable()) logLine("no system tray: the status item cannot be seen");
-    return std::make_unique<QtStatusItem>();
+    return std::make_unique<QtStatusItem>(x_);
 }
 
 } // namespace quorvane

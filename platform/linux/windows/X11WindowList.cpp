@@ -71,7 +71,7 @@ std::vector<WindowDescription> X11WindowList::windows() const {
     for (std::size_t i = 0; i < stack.size(); ++i) {
         auto& question = questions[i];
         const auto* owner = identities_.ownerOf(stack[i].window);
-        if (!owner || owner->isThisProcess) continue;
+        if (!owner || (owner->isThisProcess && stack[i].isPopUp)) continue;
         WindowDescription description;
         description.ownerName = owner->name;
         description.name = question.title();
@@ -81,6 +81,19 @@ std::vector<WindowDescription> X11WindowList::windows() const {
         descriptions.push_back(std::move(description));
     }
     return descriptions;
+}
+
+Subscription
+X11WindowList::addLauncherObserver(std::function<void(const std::optional<OpenLauncher>& open)> handler) {
+    return launchers_.onChange([this, handler = std::move(handler)] { handler(openLauncher()); });
+}
+
+std::optional<OpenLauncher> X11WindowList::openLauncher() const {
+    const auto* launcher = launchers_.openLauncher();
+    if (!launcher) return std::nullopt;
+    XProperty shadow(x_, launchers_.openWindow(), "_GTK_FRAME_EXTENTS");
+    const auto bounds = withoutShadow(stackedWindow(x_, launchers_.openWindow()).bounds, shadow.values());
+    return OpenLauncher{std::string(launcher->desktopId), screens_.points().fromTopLeft(bounds)};
 }
 
 int X11WindowList::layerOf(const StackedWindow& window, std::vector<std::uint32_t> states,

@@ -12,7 +12,8 @@
 namespace quorvane {
 
 /// The windows as the server stacks them, menus and launchers that no window manager knows included;
-/// minimised windows and those of other desktops come last. Windows of this process are left out.
+/// minimised windows and those of other desktops come last. This process's menus, tips and indicator are left
+/// out.
 ///
 /// Bounds are those of a window's contents, without the window manager's frame, in whose corners the buttons
 /// are, and without the shadow that some programs draw around their windows themselves.
@@ -27,11 +28,11 @@ public:
                   X11Launchers& launchers);
 
     std::vector<WindowDescription> windows() const override;
-    Subscription addLauncherObserver(std::function<void()> handler) override {
-        return launchers_.onChange(std::move(handler));
-    }
+    Subscription
+    addLauncherObserver(std::function<void(const std::optional<OpenLauncher>& open)> handler) override;
 
 private:
+    std::optional<OpenLauncher> openLauncher() const;
     int layerOf(const StackedWindow& window, std::vector<std::uint32_t> states,
                 const std::vector<std::uint32_t>& types) const;
 

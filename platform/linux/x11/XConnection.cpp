@@ -28,12 +28,13 @@ std::unique_ptr<XConnection> XConnection::open() {
         xcb_disconnect(xcb);
         return nullptr;
     }
-    return std::unique_ptr<XConnection>(new XConnection(xcb, *screen));
+    return std::unique_ptr<XConnection>(new XConnection(xcb, *screen, screenNumber));
 }
 
-XConnection::XConnection(xcb_connection_t* xcb, const xcb_screen_t& screen)
+XConnection::XConnection(xcb_connection_t* xcb, const xcb_screen_t& screen, int screenNumber)
     : xcb_(xcb)
     , screen_(screen)
+    , screenNumber_(screenNumber)
     , socket_(xcb_get_file_descriptor(xcb), QSocketNotifier::Read) {
     QObject::connect(&socket_, &QSocketNotifier::activated, &socket_, [this] { readSocket(); });
     aboutToBlock_ =

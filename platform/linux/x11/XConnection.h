@@ -31,6 +31,7 @@ public:
 
     xcb_connection_t* xcb() const { return xcb_; }
     const xcb_screen_t& screen() const { return screen_; }
+    int screenNumber() const { return screenNumber_; }
     xcb_window_t root() const { return screen_.root; }
 
     /// The atom of that name; the first question for a name costs a round trip, unless `internAtoms` has been
@@ -51,7 +52,7 @@ public:
     void selectRootEvents(std::uint32_t mask);
 
 private:
-    XConnection(xcb_connection_t* xcb, const xcb_screen_t& screen);
+    XConnection(xcb_connection_t* xcb, const xcb_screen_t& screen, int screenNumber);
 
     void readSocket();
     void beforeSleep();
@@ -60,6 +61,7 @@ private:
 
     xcb_connection_t* xcb_;
     xcb_screen_t screen_;
+    int screenNumber_;
     std::map<std::string, xcb_atom_t, std::less<>> atoms_;
     std::uint32_t rootMask_ = 0;
     Signal<const xcb_generic_event_t&> event_;

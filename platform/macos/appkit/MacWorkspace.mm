@@ -75,6 +75,8 @@ Subscription MacWorkspace::addObserver(WorkspaceNotification notification,
         return unhidden_.connect(std::move(handler));
     case WorkspaceNotification::didLaunchApplication:
         return launched_.connect(std::move(handler));
+    case WorkspaceNotification::didLeaveFront:
+        break; // Where an application leaves, another one comes: the Finder at least.
     }
     return {};
 }

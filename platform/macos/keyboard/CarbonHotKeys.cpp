@@ -88,8 +88,12 @@ Subscription CarbonHotKeys::suspend() {
 }
 
 void CarbonHotKeys::resume() {
-    for (auto& [number, key] : keys_)
+    bool isLost = false;
+    for (auto& [number, key] : keys_) {
         key.reference = take(number, key);
+        isLost |= !key.reference;
+    }
+    if (isLost) changed.emit();
 }
 
 /// What a handler throws would have to go through frames of the system, which cannot be unwound: it ends the

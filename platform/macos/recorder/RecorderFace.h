@@ -1,8 +1,7 @@
 #pragma once
 
-#include "platform/PropertyList.h"
 #import "platform/macos/AppKit.h"
-#include "shortcuts/ShortcutRecording.h"
+#include "shortcuts/RecorderBehaviour.h"
 
 namespace quorvane {
 
@@ -13,7 +12,7 @@ public:
     RecorderFace(NSView* _Nonnull view, SEL _Nonnull clear);
 
     /// Whether the text is another one now.
-    bool show(const ShortcutRecording& recording, const PropertyList& objectValue);
+    bool show(const RecorderBehaviour& recorder, bool isRefused);
 
     /// After the view's size or the text has changed.
     void layOut(NSView* _Nonnull view);
@@ -29,7 +28,8 @@ private:
 
     NSButton* _Nonnull clearButton_;
     NSString* _Nonnull text_ = @"";
-    bool isHint_ = true; ///< It is no combination, nor a part of one.
+    bool isMarked_ = false; ///< What it shows has no effect.
+    bool isHint_ = true;    ///< It is no combination, nor a part of one.
 };
 
 } // namespace quorvane

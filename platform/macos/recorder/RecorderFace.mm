@@ -10,7 +10,7 @@
 namespace quorvane {
 namespace {
 
-using Display = ShortcutRecording::Display;
+using Display = RecorderBehaviour::Display;
 
 constexpr CGFloat fontSize = 12;
 constexpr CGFloat padding = 6;
@@ -44,11 +44,16 @@ NSString* hintOf(Display display) {
 }
 
 /// Empty when there is none, nor a part of one.
-std::string combinationOf(const ShortcutRecording& recording, const PropertyList& objectValue) {
-    if (recording.display() == Display::heldModifiers) return textOfModifiers(recording.heldFlags()) + "…";
-    const auto shortcut = InputShortcut::ofRecord(objectValue);
-    if (recording.display() != Display::objectValue || !shortcut) return {};
+std::string combinationOf(const RecorderBehaviour& recorder) {
+    if (recorder.display() == Display::heldModifiers) return textOfModifiers(recorder.heldFlags()) + "…";
+    const auto shortcut = InputShortcut::ofRecord(recorder.objectValue());
+    if (recorder.display() != Display::objectValue || !shortcut) return {};
     return textOf(*shortcut, fromNSString(localized(@"Space")));
+}
+
+NSString* textOfRefusal() {
+    return localized(
+        @"This shortcut has no effect: something else uses it, or this keyboard cannot send it.");
 }
 
 } // namespace
@@ -57,13 +62,14 @@ RecorderFace::RecorderFace(NSView* view, SEL clear) : clearButton_(makeClearButt
     [view addSubview:clearButton_];
 }
 
-bool RecorderFace::show(const ShortcutRecording& recording, const PropertyList& objectValue) {
-    const auto combination = combinationOf(recording, objectValue);
+bool RecorderFace::show(const RecorderBehaviour& recorder, bool isRefused) {
+    const auto combination = combinationOf(recorder);
     NSString* before = text_;
     isHint_ = combination.empty();
-    text_ = isHint_ ? hintOf(recording.display()) : shown(combination);
-    const bool isIdle = recording.state() == ShortcutRecording::State::idle;
-    clearButton_.hidden = !isIdle || objectValue.isNothing();
+    isMarked_ = isRefused && !recorder.isInUse();
+    const std::string mark = isMarked_ ? "⚠ " : "";
+    text_ = shown(mark + (isHint_ ? fromNSString(hintOf(recorder.display())) : combination));
+    clearButton_.hidden = !recorder.canBeCleared();
     return ![text_ isEqualToString:before];
 }
 
@@ -72,7 +78,8 @@ void RecorderFace::layOut(NSView* view) {
     clearButton_.frame = NSMakeRect(bounds.size.width - padding / 2 - clearSide,
                                     (bounds.size.height - clearSide) / 2, clearSide, clearSide);
     const bool fits = [text_ sizeWithAttributes:attributes()].width <= placeOfText(bounds).size.width;
-    view.toolTip = fits ? nil : text_;
+    // The system reads it out as the help of the view, too.
+    view.toolTip = isMarked_ ? textOfRefusal() : fits ? nil : text_;
 }
 
 void RecorderFace::draw(NSRect bounds) const {

@@ -17,9 +17,8 @@
 
 @end
 
-/// Shows a key combination, and records another one: a click or Space begins, Escape leaves it as it was,
-/// Delete and the cross clear it. Keys are its own only while it records; no hot key of this program fires
-/// then.
+/// Shows a key combination, and records another one; see `RecorderBehaviour`. No hot key of this program
+/// fires while it records.
 @interface SRRecorderControlWithTagid : NSView
 
 /// `use` is asked for a use of the cell when a recording begins.
@@ -31,6 +30,11 @@
 
 /// The key code under "keyCode" and the modifiers under "modifierFlags"; nil for no combination.
 @property(nonatomic, copy, nullable) NSDictionary<NSString*, id>* objectValue;
+
+/// Whether there is something to clear, shown or not, and whether that has no effect. To be set before
+/// `objectValue`.
+@property(nonatomic, assign) BOOL hasEntry;
+@property(nonatomic, assign) BOOL isRefused;
 
 @property(nonatomic, weak, nullable) id<ShortcutRecorderDelegate> delegate;
 

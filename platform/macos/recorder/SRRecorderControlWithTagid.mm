@@ -4,16 +4,43 @@
 
 #include "platform/macos/foundation/CallProgram.h"
 #import "platform/macos/foundation/PropertyListBridge.h"
-#include "platform/macos/recorder/RecorderBehaviour.h"
 #import "platform/macos/recorder/RecorderFace.h"
 #import "platform/macos/recorder/RecordingSession.h"
+#include "shortcuts/RecorderBehaviour.h"
 
 using quorvane::callProgram;
 using quorvane::RecorderBehaviour;
 
 namespace {
 
+using Role = RecorderBehaviour::Role;
+
 constexpr CGFloat cornerRadius = 4;
+
+/// By the key's position.
+Role roleOf(unsigned short keyCode) {
+    switch (keyCode) {
+    case 0x35: // Escape
+        return Role::leaves;
+    case 0x24: // Return
+    case 0x31: // Space
+    case 0x4c: // Enter
+        return Role::begins;
+    case 0x33: // Delete
+    case 0x75: // forward Delete
+        return Role::clears;
+    case 0x30: // Tab
+        return Role::movesOn;
+    default:
+        return Role::none;
+    }
+}
+
+/// There are no other modifiers than those that hot keys have: Fn stands in the events of some keys by
+/// itself.
+RecorderBehaviour::Modifiers modifiersOf(NSEventModifierFlags flags) {
+    return {.flags = flags};
+}
 
 bool takeKeyboard(NSView* view) {
     return [view.window makeFirstResponder:view];
@@ -51,7 +78,7 @@ void tellDelegate(SRRecorderControlWithTagid* recorder) {
                                 .watch = [me, session] { return beginSession(me(), session); },
                                 .changed = [me] { [me() refresh]; },
                                 .didEndRecording = [me] { tellDelegate(me()); },
-                                .heldFlags = [] { return std::uint64_t{NSEvent.modifierFlags}; }});
+                                .heldModifiers = [] { return modifiersOf(NSEvent.modifierFlags); }});
     _face = std::make_unique<quorvane::RecorderFace>(self, @selector(clearShortcut:));
     self.accessibilityElement = YES;
     self.accessibilityRole = NSAccessibilityButtonRole;
@@ -66,7 +93,7 @@ void tellDelegate(SRRecorderControlWithTagid* recorder) {
 }
 
 - (void)setObjectValue:(NSDictionary<NSString*, id>*)objectValue {
-    callProgram([&] { _behaviour->setObjectValue(quorvane::fromNSObject(objectValue)); });
+    callProgram([&] { _behaviour->setObjectValue(quorvane::fromNSObject(objectValue), _hasEntry); });
 }
 
 - (void)endRecording {
@@ -113,12 +140,16 @@ void tellDelegate(SRRecorderControlWithTagid* recorder) {
 }
 
 - (BOOL)takeKey:(NSEvent*)event {
-    return callProgram(
-        [&] { return _behaviour->keyDown(event.keyCode, event.modifierFlags, event.ARepeat); });
+    return callProgram([&] {
+        return _behaviour->keyDown(
+            {.number = event.keyCode, .keyCode = event.keyCode, .role = roleOf(event.keyCode)},
+            modifiersOf(event.modifierFlags), event.ARepeat);
+    });
 }
 
 - (void)flagsChanged:(NSEvent*)event {
-    const bool isTaken = callProgram([&] { return _behaviour->flagsChanged(event.modifierFlags); });
+    const bool isTaken =
+        callProgram([&] { return _behaviour->modifiersChanged(modifiersOf(event.modifierFlags)); });
     if (!isTaken) [super flagsChanged:event];
 }
 
@@ -157,7 +188,7 @@ void tellDelegate(SRRecorderControlWithTagid* recorder) {
 // How it looks.
 
 - (void)refresh {
-    if (_face->show(_behaviour->recording(), _behaviour->objectValue())) {
+    if (_face->show(*_behaviour, _isRefused)) {
         self.accessibilityValue = _face->text();
         NSAccessibilityPostNotification(self, NSAccessibilityValueChangedNotification);
     }

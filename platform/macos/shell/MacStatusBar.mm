@@ -50,7 +50,6 @@ NSMenu* makeMenu(Menu&& items) {
 class MacStatusItem : public StatusItem {
 public:
     explicit MacStatusItem(double length) : item_([NSStatusBar.systemStatusBar statusItemWithLength:length]) {
-        item_.button.toolTip = localized(@"Quorvane");
         item_.button.accessibilityLabel =
             localized(@"Quorvane"); // A picture says nothing to a screen reader.
         // The system remembers what it was when the program ran last.
@@ -62,11 +61,14 @@ public:
 
     void setTemplateImage(ImageRef image) override { item_.button.image = templateOf(image); }
     void setMenu(Menu menu) override { item_.menu = makeMenu(std::move(menu)); }
+    void setToolTip(std::function<std::string()> toolTip) override { toolTip_ = std::move(toolTip); }
+    void toolTipChanged() override { item_.button.toolTip = toNSString(toolTip_()); }
     void setHighlightMode(bool /*highlights*/) override {} // An item with a menu always does.
     void setVisible(bool visible) override { item_.visible = visible; }
 
 private:
     NSStatusItem* item_;
+    std::function<std::string()> toolTip_;
 };
 
 } // namespace

@@ -98,6 +98,8 @@ NSView* makeView(const ShortcutRecorderPart& part, const CellSurroundings& surro
     recorder.tagid = part.tagid;
     recorder.allowedModifierFlags = part.allowedModifierFlags;
     recorder.allowsEmptyModifierFlags = part.allowsEmptyModifierFlags;
+    recorder.hasEntry = part.hasEntry;
+    recorder.isRefused = part.isRefused;
     recorder.objectValue = toNSObject(part.objectValue);
     name(recorder, surroundings);
     recorder.delegate =

@@ -14,7 +14,9 @@ namespace quorvane {
 class CGWindowList : public OnScreenWindowList {
 public:
     std::vector<WindowDescription> windows() const override;
-    Subscription addLauncherObserver(std::function<void()>) override { return {}; }
+    Subscription addLauncherObserver(std::function<void(const std::optional<OpenLauncher>&)>) override {
+        return {};
+    }
 };
 
 } // namespace quorvane

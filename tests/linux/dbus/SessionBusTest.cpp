@@ -3,6 +3,7 @@
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusVariant>
+#include <QElapsedTimer>
 #include <QProcess>
 
 #include "contracts/DistributedNotificationCenterContract.h"
@@ -94,12 +95,12 @@ TEST(DBusNotificationCenterTest, ReadsWhatOtherToolsSendAndIgnoresTheRest) {
 TEST(BusApplicationsTest, FollowsTheNamesSomebodyAskedAbout) {
     busOfTests();
     OtherProgram other;
-    BusApplications applications;
+    ASSERT_TRUE(other.own("org.example.Early"));
+    BusApplications applications({"org.example.Early"});
     std::vector<std::string> started;
     const auto subscription = applications.onStart([&](std::string_view id) { started.emplace_back(id); });
-    ASSERT_TRUE(other.own("org.example.Early"));
-    EXPECT_TRUE(applications.isRunning("org.example.Early"));
     EXPECT_FALSE(applications.isRunning("org.example.Late"));
+    EXPECT_TRUE(waitUntil([&] { return applications.isRunning("org.example.Early"); }));
     for (const auto* id : {"", "XTerm", "org..example", ":1.1", "org.example.\xFF", "org.example.a b"})
         EXPECT_FALSE(applications.isRunning(id)) << id;
     ASSERT_TRUE(other.own("org.example.Late"));
@@ -108,7 +109,23 @@ TEST(BusApplicationsTest, FollowsTheNamesSomebodyAskedAbout) {
         return applications.isRunning("org.example.Late") && !applications.isRunning("org.example.Early");
     }));
     EXPECT_THAT(started, testing::ElementsAre("org.example.Late"));
-    EXPECT_THAT(applications.ids(), testing::Contains("org.example.Late"));
+    EXPECT_THAT(applications.ids(), testing::ElementsAre("org.example.Late"));
+}
+
+TEST(BusApplicationsTest, ABusThatHangsIsNotWaitedForAndHasNotAnswered) {
+    auto& bus = busOfTests();
+    OtherProgram other;
+    ASSERT_TRUE(other.own("org.example.Running"));
+    BusApplications applications;
+    bus.stop();
+    QElapsedTimer time;
+    time.start();
+    EXPECT_FALSE(applications.isRunning("org.example.Running"));
+    EXPECT_THAT(applications.ids(), testing::IsEmpty());
+    const auto waited = time.elapsed(); // milliseconds
+    bus.resume();
+    EXPECT_LT(waited, 200);
+    EXPECT_TRUE(waitUntil([&] { return applications.isRunning("org.example.Running"); }));
 }
 
 /// Exits with 0 when everything that needs no bus still works.
@@ -117,9 +134,10 @@ void liveWithoutBus(SessionBus* dying) {
     BusApplications applications;
     int delivered = 0;
     const auto subscription = center.addObserver("name", [&](const auto&) { ++delivered; });
-    bool works = applications.isRunning("org.freedesktop.DBus") == (dying != nullptr);
+    const auto hasBus = [&] { return applications.isRunning("org.freedesktop.DBus"); };
+    bool works = dying ? waitUntil(hasBus) : !hasBus();
     if (dying) dying->end();
-    works = works && waitUntil([&] { return !applications.isRunning("org.freedesktop.DBus"); });
+    works = works && waitUntil([&] { return !hasBus(); });
     center.post({"name", {}});
     center.deliverLocally({"name", {}});
     works = works && delivered == 0 && waitUntil([&] { return delivered == 1; });

@@ -40,8 +40,16 @@ private:
 
 /// A desktop with Fcitx5, and the program's view of it.
 struct Fcitx5Session {
+    /// The program's connection. It goes after whoever hears by it: Qt closes it in a thread of its own, and
+    /// there disconnects the receivers that it still knows, whether they live or not.
+    struct Connection {
+        ~Connection() { QDBusConnection::disconnectFromBus("program"); }
+        operator QDBusConnection() const {
+            return QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), "program");
+        }
+    };
+
     explicit Fcitx5Session(const Fcitx5Daemon::Settings& settings = {}) : daemon(settings) {}
-    ~Fcitx5Session() { QDBusConnection::disconnectFromBus("program"); }
 
     std::string current() const {
         const auto current = sources.copyCurrentKeyboardInputSource();
@@ -64,25 +72,25 @@ struct Fcitx5Session {
     XServer server{"us,ru,de"};
     SessionBus bus;
     Fcitx5Daemon daemon;
+    Connection connection;
     std::unique_ptr<XConnection> x = XConnection::open();
     std::vector<std::string> drawn, looked;
     XkbInputSources layouts{*x, [this](const std::string& letters) {
                                 drawn.push_back(letters);
                                 return nullptr;
                             }};
-    Fcitx5InputSources sources{
-        QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), "program"),
-        layouts,
-        {.draw =
-             [this](const std::string& letters) {
-                 drawn.push_back(letters);
-                 return nullptr;
-             },
-         .find =
-             [this](const std::string& reference) {
-                 looked.push_back(reference);
-                 return nullptr;
-             }}};
+    Fcitx5InputSources sources{connection,
+                               layouts,
+                               {.draw =
+                                    [this](const std::string& letters) {
+                                        drawn.push_back(letters);
+                                        return nullptr;
+                                    },
+                                .find =
+                                    [this](const std::string& reference) {
+                                        looked.push_back(reference);
+                                        return nullptr;
+                                    }}};
     /// What the rest of the program sees. It repeats selections when the daemon was too busy to answer.
     SessionInputSources desktop{layouts, {&sources}};
 };

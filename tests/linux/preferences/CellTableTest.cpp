@@ -162,10 +162,9 @@ TEST(CellTableTest, IsUsedWithTheKeyboardAlone) {
     EXPECT_EQ(checkBox->accessibleName(), "Check, 8");
     shown.port.reloadData();
     EXPECT_FALSE(checkBox->isChecked()) << "as the program has it";
-    shown.recorded = InputShortcut{0x28, 0x40000}.record();
-    shown.port.reloadData();
+    shown.store("8", {0x28, 0x40000});
     shown.tap({right, deleteKey});
-    EXPECT_TRUE(waitUntil([&] { return shown.recordings == 1 && shown.recorded.isNothing(); }));
+    EXPECT_TRUE(waitUntil([&] { return shown.stored("8").isNothing(); }));
 }
 
 TEST(CellTableTest, LoadsIconsWhileNothingElseIsToBeDone) {

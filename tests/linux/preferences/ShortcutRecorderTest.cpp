@@ -1,16 +1,21 @@
+#include <cmath>
+
+#include <QFile>
+#include <QLibraryInfo>
 #include <QProcess>
 #include <gtest/gtest.h>
 
 #include "linux/preferences/ShownTable.h"
 #include "platform/GlobalEventMonitor.h"
-#include "platform/linux/keyboard/X11HotKeys.h"
+#include "platform/linux/localization/Translations.h"
+#include "platform/linux/preferences/ShortcutRecorder.h"
 
 namespace quorvane {
 namespace {
 
-constexpr std::uint8_t escape = 9, backspace = 22, tab = 23, keyY = 29, control = 37, keyK = 45, shift = 50,
-                       alt = 64, space = 65, capsLock = 66, f5 = 71, numLock = 77, altGr = 108, command = 133,
-                       keyOfNoCode = 179;
+constexpr std::uint8_t escape = 9, backspace = 22, tab = 23, keyY = 29, enter = 36, control = 37, keyK = 45,
+                       shift = 50, alt = 64, space = 65, capsLock = 66, f5 = 71, numLock = 77, altGr = 108,
+                       remove = 119, command = 133, keyOfNoCode = 179;
 
 struct ShortcutRecorderTest : testing::Test {
     ~ShortcutRecorderTest() override { setLayouts("us"); }
@@ -19,13 +24,15 @@ struct ShortcutRecorderTest : testing::Test {
         ASSERT_EQ(QProcess::execute("setxkbmap", {"-rules", "evdev", "-model", "pc105", "-layout", layouts}),
                   0);
     }
-    QString said() { return shown.widgetAt<QAbstractButton>(1, shortcut)->text(); }
+    QAbstractButton& recorder() { return *shown.widgetAt<QAbstractButton>(1, shortcut); }
+    QAbstractButton& cross() { return *recorder().findChild<QAbstractButton*>(); }
+    QString said() { return recorder().text(); }
     bool waitUntilItSays(const QString& text) {
         return waitUntil([&] { return said() == text; });
     }
-    void begin() {
+    bool begin() {
         shown.click(shown.middleOf(1, shortcut));
-        EXPECT_TRUE(waitUntilItSays("Press the keys"));
+        return waitUntilItSays("Press the keys");
     }
     /// The keyboard is free again: everybody could have it.
     bool isReleased() {
@@ -44,26 +51,31 @@ TEST_F(ShortcutRecorderTest, RecordsPositionsInEveryLayout) {
                  {{command, f5}, {0x60, 0x100000}, "Super+F5"},
                  {{shift, command, tab}, {0x30, 0x120000}, "Shift+Super+Tab"},
                  {{control, escape}, {0x35, 0x40000}, "Ctrl+Esc"},
-                 {{backspace}, {0x33, 0}, "Backspace"}};
-    const auto expectRecorded = [this](const Keys& keys, const InputShortcut& recorded, const char* text) {
-        shown.recorded = {};
-        shown.port.reloadData();
-        begin();
-        shown.user.pressTogether(keys);
-        EXPECT_TRUE(isReleased());
-        EXPECT_EQ(shown.recorded, recorded.record()) << text;
-        EXPECT_TRUE(waitUntilItSays(text)) << said().toStdString();
-    };
+                 {{shift, backspace}, {0x33, 0x20000}, "Shift+Backspace"},
+                 {{keyK}, {0x28, 0}, "Record shortcut"}};
     for (const QString layouts : {"us", "ru,us", "de"}) {
         setLayouts(layouts);
         for (const auto& locks : {Keys{}, {capsLock, numLock}}) {
             shown.tap(locks);
-            for (const auto& [keys, recorded, text] : cases)
-                expectRecorded(keys, recorded, text);
+            for (const auto& [keys, recorded, text] : cases) {
+                EXPECT_TRUE(begin());
+                shown.user.pressTogether(keys);
+                EXPECT_TRUE(isReleased());
+                EXPECT_EQ(shown.stored("1"), recorded.record()) << text;
+                EXPECT_TRUE(waitUntilItSays(text)) << said().toStdString();
+                EXPECT_TRUE(cross().isVisible()) << "whatever is shown";
+                cross().click();
+                EXPECT_TRUE(shown.stored("1").isNothing()) << text;
+                EXPECT_FALSE(cross().isVisible());
+            }
             shown.tap(locks);
         }
     }
-    expectRecorded({altGr, keyY}, {0x10, 0}, "Z"); // It types, and the names are those of the last layout.
+    begin();
+    shown.user.pressTogether({altGr, keyY}); // It types.
+    EXPECT_TRUE(waitUntilItSays("This key cannot be used"));
+    shown.user.pressTogether({control, keyY});
+    EXPECT_TRUE(waitUntilItSays("Ctrl+Z")) << "the names are those of the last layout";
 }
 
 TEST_F(ShortcutRecorderTest, TakesKeysFromEverybodyUntilItEnds) {
@@ -88,19 +100,36 @@ TEST_F(ShortcutRecorderTest, TakesKeysFromEverybodyUntilItEnds) {
     EXPECT_TRUE(waitUntil([&] { return fired == 1; })) << "the hot key is there again";
     for (const auto key : {keyK, alt, control})
         shown.user.release(key);
+
+    const auto cell = shown.table.model()->index(1, shortcut);
+    const auto refusal = ShortcutRecorder::textOfRefusal();
+    EXPECT_EQ(recorder().toolTip(), refusal) << "it is the other one's";
+    const auto described = [&] {
+        return recorder().accessibleDescription() + cell.data(Qt::AccessibleTextRole).toString();
+    };
+    EXPECT_EQ(described().count(refusal), 2);
+    const auto marked = recorder().grab().toImage();
+    shown.hotKeyCenter.unregisterHotKey(*shown.hotKeyCenter.hotKeyWithIdentifier("1"));
+    shown.port.reloadData();
+    EXPECT_EQ(recorder().toolTip(), QString());
+    EXPECT_EQ(described().count(refusal), 0);
+    EXPECT_NE(recorder().grab().toImage(), marked);
 }
 
 TEST_F(ShortcutRecorderTest, IsCancelledAndCleared) {
-    shown.recorded = InputShortcut{0x7a, 0}.record();
-    shown.port.reloadData();
+    shown.store("1", {0x7a, 0});
     const std::function<void()> ends[] = {
         [&] { shown.tap({escape}); },
+        [&] { shown.tap({tab}); },
+        [&] { shown.tap({space}); },
+        [&] { shown.tap({enter}); },
         [&] { shown.click(shown.middleOf(2, name)); },
         [&] { shown.click(shown.middleOf(1, shortcut)); },
         [&] { shown.table.hide(); },
     };
+    const auto before = shown.defaults.synchronizations("");
     for (const auto& end : ends) {
-        begin();
+        EXPECT_TRUE(begin());
         shown.tap({keyOfNoCode});
         EXPECT_TRUE(waitUntilItSays("This key cannot be used"));
         shown.port.reloadData();
@@ -109,23 +138,76 @@ TEST_F(ShortcutRecorderTest, IsCancelledAndCleared) {
         EXPECT_TRUE(waitUntil([] { return !QWidget::keyboardGrabber(); }));
         EXPECT_EQ(said(), "F1");
     }
-    EXPECT_EQ(shown.recordings, 0);
+    EXPECT_EQ(shown.defaults.synchronizations(""), before) << "nothing was recorded";
     ASSERT_TRUE(waitUntil([] { return !QGuiApplication::focusWindow(); }));
     shown.table.show();
     ASSERT_TRUE(waitUntil([&] { return shown.table.isActiveWindow(); }));
-    auto* recorder = shown.widgetAt<QAbstractButton>(1, shortcut);
-    auto* clear = recorder->findChild<QAbstractButton*>();
-    clear->click();
-    EXPECT_EQ(shown.recordings, 1);
-    EXPECT_TRUE(shown.recorded.isNothing());
-    EXPECT_FALSE(clear->isVisible());
-    EXPECT_EQ(said(), "Record shortcut");
-    shown.table.setFocus();
-    shown.table.setCurrentIndex(shown.table.model()->index(1, shortcut));
-    shown.tap({space});
-    EXPECT_TRUE(waitUntilItSays("Press the keys")) << "the keyboard is enough";
-    shown.tap({f5});
-    EXPECT_TRUE(waitUntilItSays("F5"));
+    for (const auto key : {backspace, remove}) {
+        for (const bool records : {false, true}) {
+            shown.store("1", {0x28, 0}); // A letter, which is not shown.
+            shown.table.setFocus();
+            shown.table.setCurrentIndex(shown.table.model()->index(1, shortcut));
+            shown.tap(records ? Keys{space} : Keys{});
+            EXPECT_TRUE(waitUntilItSays(records ? "Press the keys" : "Record shortcut"));
+            shown.tap({key});
+            EXPECT_TRUE(waitUntil([&] { return shown.stored("1").isNothing(); })) << int(key) << records;
+            EXPECT_TRUE(isReleased());
+        }
+    }
+}
+
+double luminance(const QColor& colour) {
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+/// The contrast of what stands out most from the ground.
+double contrastIn(const QImage& image, const QColor& ground) {
+    double most = 1;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const auto [darker, lighter] =
+                std::minmax({luminance(image.pixelColor(x, y)), luminance(ground)});
+            most = std::max(most, (lighter + 0.05) / (darker + 0.05));
+        }
+    }
+    return most;
+}
+
+TEST(ShortcutRecorder, CanBeReadInEveryAppearanceAndLanguage) {
+    const auto x = XConnection::open();
+    ShortcutKeyboard keyboard(*x);
+    ShortcutRecorder recorder(keyboard, nullptr);
+    for (const auto& [text, window] :
+         {std::pair(Qt::black, QColor(239, 239, 239)), std::pair(Qt::white, QColor(53, 53, 53))}) {
+        auto palette = QPalette(text, window);
+        recorder.setPalette(palette);
+        recorder.resize(400, 40);
+        auto font = recorder.font();
+        font.setPixelSize(26); // Thick enough for pixels that are all text.
+        recorder.setFont(font);
+        const auto image = recorder.grab(recorder.rect().adjusted(8, 8, -8, -8)).toImage();
+        EXPECT_GE(contrastIn(image, window), 4.5);
+    }
+
+    QTranslator textsOfQt;
+    ASSERT_TRUE(textsOfQt.load("qtbase_de", QLibraryInfo::path(QLibraryInfo::TranslationsPath)));
+    QCoreApplication::installTranslator(&textsOfQt);
+    recorder.setFont({});
+    recorder.resize(recorder.sizeHint());
+    for (const std::int64_t pageDownOrVolume : {0x79, 0x49, 0x4a}) {
+        constexpr std::int64_t all = 0x1e0000;
+        recorder.setPart({.objectValue = InputShortcut{pageDownOrVolume, all}.record(),
+                          .hasEntry = true,
+                          .allowedModifierFlags = all});
+        EXPECT_TRUE(recorder.text().startsWith("Strg+Alt+Umschalt+"));
+        recorder.resize(recorder.placeIn({0, 0, 1000, 40}).size());
+        EXPECT_EQ(recorder.toolTip(), QString()) << "it is cut: " << recorder.text().toStdString();
+    }
+    QCoreApplication::removeTranslator(&textsOfQt);
 }
 
 } // namespace

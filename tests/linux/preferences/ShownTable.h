@@ -8,9 +8,14 @@
 #include <QComboBox>
 #include <gtest/gtest.h>
 
+#include "platform/linux/keyboard/X11HotKeys.h"
 #include "platform/linux/preferences/QtTableView.h"
 #include "platform/linux/qt/ApplicationIcon.h"
 #include "platform/linux/windows/StackedWindow.h"
+#include "platform/simulated/SimulatedUserDefaults.h"
+#include "preferences/ShortcutTable.h"
+#include "settings/InputShortcut.h"
+#include "settings/Keys.h"
 #include "virtual-desktop/WaitUntil.h"
 #include "virtual-desktop/XClient.h"
 
@@ -20,10 +25,12 @@ using Keys = std::vector<std::uint8_t>;
 using Log = std::vector<std::string>;
 enum Column { icon, name, input, check, shortcut };
 
-/// A table with every kind of cell, on the screen and in front, and a program behind it that only takes
-/// notes.
+/// A table with every kind of cell, on the screen and in front. The program's own is behind the shortcuts;
+/// of the rest only notes are taken.
 struct ShownTable : PreferencesActions {
     explicit ShownTable(int rows) : rowCount(rows) {
+        for (int row = 0; row < rows; ++row)
+            lists.inputs.arrOfInputInfo.push_back({std::to_string(row), {}});
         table.setColumnIdentifiers({"icon", "name", "input", "check", "shortcut"});
         table.setColumnTitles({"", "Name", "Select Input", "Check", "Shortcut"});
         table.setKeyboard(keyboard);
@@ -44,6 +51,11 @@ struct ShownTable : PreferencesActions {
     QPoint middleOf(int row, Column column) {
         const auto cell = table.visualRect(table.model()->index(row, column));
         return table.viewport()->mapToGlobal(cell.center());
+    }
+    PropertyList stored(const std::string& row) { return standard.objectForKey(key::shortcutOfInput)[row]; }
+    void store(const std::string& row, const InputShortcut& shortcut) {
+        setShortcut(standard, row, shortcut.record());
+        port.reloadData();
     }
     void moveTo(const QPoint& place) { user.moveTo(place.x(), place.y()); }
     void click(const QPoint& place) {
@@ -82,16 +94,7 @@ struct ShownTable : PreferencesActions {
                         .tag = row,
                         .action = [this](const std::string& title) { note("chose", -1, title); },
                         .willPopUp = [this](int tag) { note("opens", tag); }}}};
-        return {.parts = {BoxPart{},
-                          ShortcutRecorderPart{.objectValue = recorded,
-                                               .tagid = row,
-                                               .allowedModifierFlags = 0x1e0000,
-                                               .allowsEmptyModifierFlags = true,
-                                               .didEndRecording = [this](std::int64_t, PropertyList value) {
-                                                   recorded = std::move(value);
-                                                   ++recordings;
-                                                   port.reloadData();
-                                               }}}};
+        return shortcuts.tableViewForShortcut("ShortCut", row);
     }
     double heightOfRow(const TableView& /*table*/, int /*row*/) const override { return 25; }
     bool textShouldEndEditing(const TextFieldPart& control, const std::string& stringValue) override {
@@ -125,8 +128,6 @@ struct ShownTable : PreferencesActions {
 
     int rowCount;
     QString iconFile;
-    PropertyList recorded;
-    int recordings = 0;
     int actions = 0;
     Log log;
     std::set<int> asked; ///< The rows that the table has wanted to know.
@@ -135,6 +136,12 @@ struct ShownTable : PreferencesActions {
     ShortcutKeyboard keyboard{*x};
     CellTable table;
     QtTableView port{table};
+    SimulatedUserDefaults defaults;
+    UserDefaults& standard = defaults.standardUserDefaults();
+    X11HotKeys hotKeys{*x};
+    PTHotKeyCenter hotKeyCenter{hotKeys};
+    PreferencesLists lists;
+    ShortcutTable shortcuts{standard, hotKeyCenter, lists, port, [](const auto& /*hotKey*/) {}};
 };
 
 } // namespace quorvane

@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <csignal>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include "linux/program/ProgramSession.h"
 #include "linux/support/TestWindow.h"
@@ -28,6 +30,10 @@ TEST(WithoutXServer, TheProgramSaysSoAndFails) {
     EXPECT_EQ(program.exitCode(), 1);
     EXPECT_THAT(program.errors().toStdString(), HasSubstr("no X server"));
     EXPECT_EQ(program.errors().count('\n'), 1);
+    TestProgram misled(QUORVANE_PROGRAM, {"--at-login", "--at-logn"});
+    ASSERT_TRUE(misled.waitForEnd());
+    EXPECT_EQ(misled.exitCode(), 2);
+    EXPECT_EQ(misled.errors(), "quorvane: unknown argument: --at-logn\n");
 }
 
 TEST_F(Faults, WithoutTrayBusAndWindowManagerItSaysSoAndWaits) {
@@ -64,6 +70,20 @@ TEST_F(Faults, ASecondLaunchLeavesAndASuccessorWaitsForTheEnd) {
     const TestWindow next({"class=Second"});
     EXPECT_TRUE(session_.waitForGroup(2));
     EXPECT_TRUE(successor.isRunning());
+}
+
+TEST_F(Faults, NoSessionManagerIsAskedWhoCouldStartItAgainOrKeepItWaiting) {
+    const auto path = (session_.folders.home() + "/sessions").toStdString();
+    const int manager = socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0);
+    sockaddr_un address{AF_UNIX, {}};
+    path.copy(address.sun_path, sizeof address.sun_path - 1);
+    ASSERT_EQ(bind(manager, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0) << path;
+    ASSERT_EQ(listen(manager, 1), 0);
+    qputenv("SESSION_MANAGER", "unix/" + QSysInfo::machineHostName().toUtf8() + ":" + path.c_str());
+    session_.startProgram();
+    qunsetenv("SESSION_MANAGER");
+    EXPECT_EQ(accept(manager, nullptr, nullptr), -1);
+    close(manager);
 }
 
 TEST_F(Faults, ToldToEndWhileItRemindsItEndsToo) {

@@ -4,6 +4,9 @@
 
 #include "linux/program/ProgramSession.h"
 #include "linux/support/TestWindow.h"
+#include "settings/AppRule.h"
+#include "settings/InputShortcut.h"
+#include "settings/Keys.h"
 #include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
@@ -22,9 +25,15 @@ class Launchers : public testing::TestWithParam<RealLauncher> {
 protected:
     Launchers() {
         qputenv("LC_ALL", "C.UTF-8");
-        session_.startProgram();
+        // As an earlier version has stored it.
+        const auto former = std::string("com.runningwithcrayons.Alfred.") + GetParam().desktopId;
+        auto& standard = session_.stores.standardUserDefaults();
+        setRuleInput(standard, former, "xkb:ru");
+        session_.program.emplace(QUORVANE_PROGRAM);
+        const auto rules = [&] { return standard.objectForKey(key::autoInput); };
+        waitUntil([&] { return !rules()[GetParam().desktopId].isNothing(); });
+        EXPECT_TRUE(rules()[former].isNothing());
         session_.setRule("Front", "xkb:de");
-        session_.setRule(std::string("com.runningwithcrayons.Alfred.") + GetParam().desktopId, "xkb:ru");
         front_.emplace(QStringList{"class=Front", "title=Front"});
     }
     void open() { launcher_.emplace("sh", QStringList{"-c", GetParam().command}); }
@@ -54,7 +63,7 @@ TEST_P(Launchers, AreTypedIntoInTheLayoutOfTheirRule) {
 
 TEST_P(Launchers, GiveWayToAnotherApplicationAndToAnotherLauncher) {
     session_.setRule("Other", "xkb:us");
-    session_.setRule("com.runningwithcrayons.Alfred.synapse", "xkb:us");
+    session_.setRule("synapse", "xkb:us");
     ASSERT_TRUE(session_.waitForGroup(de));
     open();
     ASSERT_TRUE(session_.waitForGroup(ru));
@@ -69,6 +78,26 @@ TEST_P(Launchers, GiveWayToAnotherApplicationAndToAnotherLauncher) {
     session_.user.activate(launcher.window());
     launcher_.reset(); // a pop-up has the keys until then
     EXPECT_TRUE(session_.waitForGroup(us));
+}
+
+TEST(ManagedLauncher, LeavesHotKeysWithoutEffectWhileItHasTheFocus) {
+    constexpr std::int64_t keyR = 15, controlOption = 0xc0000;
+    ProgramSession session;
+    setShortcut(session.stores.standardUserDefaults(), "xkb:us", InputShortcut{keyR, controlOption}.record());
+    session.startProgram();
+    session.setRule("Front", "xkb:de");
+    session.setRule("synapse", "xkb:ru");
+    const TestWindow front({"class=Front"});
+    ASSERT_TRUE(session.waitForGroup(de));
+    std::optional<TestWindow> launcher(QStringList{"class=Synapse"});
+    session.user.activate(launcher->window());
+    ASSERT_TRUE(session.waitForGroup(ru));
+    session.user.pressTogether({37, 64, 27});
+    session.user.activate(front.window());
+    ASSERT_TRUE(session.waitForGroup(de));
+    session.user.pressTogether({37, 64, 27});
+    ASSERT_TRUE(session.waitForGroup(us));
+    EXPECT_EQ(session.switchTimes(), 4) << "one for each window, and one hot key";
 }
 
 constexpr RealLauncher realLaunchers[] = {

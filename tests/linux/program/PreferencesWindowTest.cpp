@@ -13,6 +13,7 @@ namespace quorvane {
 namespace {
 
 constexpr unsigned us = 0, ru = 1;
+constexpr std::uint8_t wheelDown = 5;
 constexpr std::uint8_t k = 45, down = 116, enter = 36, control = 37, option = 64;
 
 const QString applications = "Switch by application";
@@ -32,19 +33,22 @@ protected:
     PropertyList stored(std::string_view key) { return standard().objectForKey(key); }
 };
 
-TEST_F(PreferencesWindow, ASourceChosenForAnApplicationIsUsedAtItsNextActivation) {
+TEST_F(PreferencesWindow, ASourceChosenForTheApplicationBehindItIsUsedWhenThatIsInFrontAgain) {
     for (const auto* each : {"First", "Second"})
         setRuleInput(standard(), each, "xkb:us");
     open();
     const TestWindow second({"class=Second", "at=1300,600,200,100"});
-    const TestWindow other({"class=Other", "at=1300,750,200,100"});
     ASSERT_TRUE(waitUntil([&] { return tree.nameOfCell(applications, 1, name) == "Second"; }));
+    const auto defaultInput = tree.placeOf("combo box", "-").center();
+    session.user.moveTo(defaultInput.x(), defaultInput.y());
+    session.user.click(wheelDown); // which is for scrolling, and chooses nothing
     clickAt(tree.placeOfCell(applications, 1, input).center());
     ASSERT_TRUE(waitUntil([&] { return isMenuOpen(); }));
     session.type({down, enter});
     ASSERT_TRUE(
         waitUntil([&] { return AppRule::ofApplication(stored(key::autoInput), "Second").id() == "xkb:ru"; }));
     EXPECT_EQ(AppRule::ofApplication(stored(key::autoInput), "First").id(), "xkb:us");
+    EXPECT_TRUE(stored(key::defaultInput).isNothing());
     session.user.activate(second.window());
     EXPECT_TRUE(session.waitForGroup(ru));
 }

@@ -91,7 +91,7 @@ TEST_F(ApplicationPanelTest, TakesAFileFromElsewhere) {
     Q_EMIT panel->findChild<QFileDialog*>()->fileSelected(
         folders_.write("copy/rofi.desktop", "[Desktop Entry]\nType=Application\nName=N\n"));
     EXPECT_TRUE(isClosed());
-    EXPECT_EQ(chosen_, std::vector<Choice>{"com.runningwithcrayons.Alfred.rofi"});
+    EXPECT_EQ(chosen_, std::vector<Choice>{"rofi"});
 }
 
 TEST_F(ApplicationPanelTest, TellsTheApplicationOfAFile) {
@@ -113,7 +113,7 @@ TEST_F(ApplicationPanelTest, TellsTheApplicationOfAFile) {
         {"copy/other.desktop", "Other"},
         {"bin/plain", "plain"},
         {"bin/lonely", "lonely"},
-        {"bin/dmenu", "com.runningwithcrayons.Alfred.dmenu"},
+        {"bin/dmenu", "dmenu"},
         {"dangling", std::nullopt},
         {"broken.desktop", std::nullopt},
         {"bin", std::nullopt},

@@ -11,7 +11,8 @@ namespace {
 
 TEST(QtAlerts, ShowASheetOnTheOpenWindowWhileThatIsThere) {
     XClient user;
-    QtAlerts alerts;
+    const auto x = XConnection::open();
+    QtAlerts alerts(*x);
     constexpr std::uint8_t enter = 36, escape = 9, none = 0;
     for (const auto& [key, answer] :
          {std::pair(enter, alertFirstButtonReturn), {escape, alertFirstButtonReturn + 1}, {none, 0}}) {

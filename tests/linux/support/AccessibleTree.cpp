@@ -18,6 +18,7 @@ const QString connectionName = QStringLiteral("accessible tree");
 const QString sessionName = QStringLiteral("session of the accessible tree");
 
 const QString rootPath = QStringLiteral("/org/a11y/atspi/accessible/root");
+const QString sessionPath = QStringLiteral("/org/a11y/bus");
 
 // Numbers of the AT-SPI protocol.
 constexpr int checked = 4, showing = 25;
@@ -45,13 +46,16 @@ AccessibleTree::AccessibleTree()
     // Not `QDBusConnection::sessionBus()`, which stays with the first bus this process has known.
     auto session =
         QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), sessionName);
-    session.registerVirtualObject("/org/a11y/bus", this);
+    session.registerVirtualObject(sessionPath, this);
     session.registerService("org.a11y.Bus");
     bus_.registerVirtualObject(rootPath, this);
     bus_.registerService("org.a11y.atspi.Registry");
 }
 
 AccessibleTree::~AccessibleTree() {
+    // Qt closes a connection in a thread of its own, and looks there at the objects that it still knows.
+    bus_.unregisterObject(rootPath);
+    QDBusConnection(sessionName).unregisterObject(sessionPath);
     QDBusConnection::disconnectFromBus(connectionName);
     QDBusConnection::disconnectFromBus(sessionName);
 }

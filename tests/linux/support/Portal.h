@@ -14,7 +14,11 @@ public:
         bus_.registerVirtualObject(path, this);
         bus_.registerService("org.freedesktop.portal.Desktop");
     }
-    ~Portal() override { QDBusConnection::disconnectFromBus("portal"); }
+    ~Portal() override {
+        bus_.unregisterObject(
+            path); // Qt closes the connection in a thread of its own, and looks at this there.
+        QDBusConnection::disconnectFromBus("portal");
+    }
 
     void change(unsigned scheme) {
         scheme_ = scheme;

@@ -2,8 +2,9 @@
 //   class=CLASS instance=INSTANCE title=TITLE   what the window says; nothing by default
 //   at=X,Y,WIDTH,HEIGHT                         where it is
 //   popup=1                                     no business of the window manager's, like a menu
-//   type=DOCK                                   what kind of window it is: the last part of the type's name
-//   PROPERTY=TEXT                               any other property, as UTF-8
+//   orphan=1                                    from a connection whose process is gone: nobody can tell
+//   whose it is type=DOCK                                   what kind of window it is: the last part of the
+//   type's name PROPERTY=TEXT                               any other property, as UTF-8
 
 #include <cstdio>
 #include <cstdlib>
@@ -108,7 +109,14 @@ private:
 } // namespace
 
 int main(int count, char** arguments) {
+    const bool isOrphan = count > 1 && std::string_view(arguments[1]) == "orphan=1";
+    if (isOrphan && fork() > 0) {
+        pollfd input{STDIN_FILENO, 0, 0};
+        poll(&input, 1, -1);
+        return 0;
+    }
     Program program(count, arguments);
+    if (isOrphan && fork() > 0) _exit(0);
     program.show();
     program.run();
     return 0;

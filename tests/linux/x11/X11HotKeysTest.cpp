@@ -144,8 +144,11 @@ TEST_F(X11HotKeysTest, FollowTheModifiers) {
     const auto j = hotKeys_->registerHotKey({0x26, ModifierFlag::command}, [this] { ++fired_; });
     EXPECT_EQ(firesFor({leftSuper, keyJ}), 1);
     setMap("us");
+    int changes = 0;
+    const auto changed = hotKeys_->changed.connect([&] { ++changes; });
     run("xmodmap", {"-e", "clear mod1", "-e", "clear mod4", "-e", "add mod3 = Alt_L"});
     EXPECT_EQ(firesFor(usual), 1);
+    EXPECT_GT(changes, 0);
     EXPECT_TRUE(session_.take(keyK, XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1)) << "the old bit is free";
     EXPECT_FALSE(hotKeys_->registerHotKey({0x28, ModifierFlag::command}, [] {})) << "no key has it";
 }

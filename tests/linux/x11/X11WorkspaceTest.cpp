@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "linux/x11/X11Session.h"
+#include "settings/Maker.h"
 
 namespace quorvane {
 namespace {
@@ -11,8 +12,9 @@ protected:
     using Ids = std::vector<std::string>;
 
     Subscription noteInto(Ids& ids, WorkspaceNotification notification) {
-        return session_.workspace.addObserver(
-            notification, [&ids](const auto& application) { ids.push_back(*application.bundleIdentifier); });
+        return session_.workspace.addObserver(notification, [&ids](const auto& application) {
+            ids.push_back(application.bundleIdentifier.value_or("nobody's"));
+        });
     }
     X11Session session_;
     Ids activated_;
@@ -73,27 +75,58 @@ TEST_F(X11WorkspaceTest, KnowsTheApplicationOfAWindow) {
     }
 }
 
-TEST_F(X11WorkspaceTest, IgnoresTransientRepeatedVanishedAndOutdatedActiveWindows) {
-    const TestWindow alpha({"class=Alpha"});
-    const TestWindow beta({"class=Beta"});
-    ASSERT_TRUE(session_.waitForFront("Beta"));
+TEST_F(X11WorkspaceTest, WindowsThatNobodyCanIdentifyHaveNoIdentifier) {
+    const TestWindow first({"orphan=1"});
+    ASSERT_TRUE(waitUntil([&] { return activated_.size() == 1; }));
+    const TestWindow second({"orphan=1"});
+    ASSERT_TRUE(waitUntil([&] { return activated_.size() == 2; }));
+    session_.user.activate(first.window());
+    ASSERT_TRUE(waitUntil([&] { return activated_.size() == 3; }));
+    EXPECT_THAT(activated_, testing::Each("nobody's"));
+    EXPECT_THAT(session_.workspace.runningApplications(), testing::IsEmpty());
+    EXPECT_EQ(session_.workspace.activeWindow(), first.window());
+}
+
+TEST_F(X11WorkspaceTest, ReadsTheActiveWindowWhateverIsThere) {
     TestWindow gone({"class=Gone"});
     ASSERT_TRUE(session_.waitForFront("Gone"));
     const auto destroyed = gone.window();
     gone.end();
-    session_.user.activate(beta.window());
-    ASSERT_TRUE(session_.waitForFront("Beta"));
+    const TestWindow alpha({"class=Alpha"});
+    ASSERT_TRUE(session_.waitForFront("Alpha"));
     session_.manager.reset(); // From here on nobody else changes the property.
     session_.handleWhatHappened();
     activated_.clear();
-    const std::vector<std::uint32_t> values[] = {{0}, {beta.window()},    {destroyed},
-                                                 {},  {beta.window(), 0}, {alpha.window(), 0},
-                                                 {0}, {alpha.window()}};
+    const TestWindow unlisted({"class=Unlisted"});
+    const std::vector<std::uint32_t> values[] = {{0}, {destroyed}, {}, {unlisted.window(), 0}};
     for (const auto& value : values) {
         session_.user.setValues(session_.user.root(), "_NET_ACTIVE_WINDOW", value);
         session_.handleWhatHappened();
     }
-    EXPECT_THAT(activated_, testing::ElementsAre("Alpha"));
+    EXPECT_THAT(activated_, testing::ElementsAre("Unlisted"));
+}
+
+// bspwm announces a new window before it moves the focus, and lists it last.
+TEST(X11WorkspaceOnBspwm, EveryProgramThatIsOpenedComesToTheFrontOnce) {
+    X11Session session("bspwm");
+    std::vector<std::string> activated;
+    const auto activations =
+        session.workspace.addObserver(WorkspaceNotification::didActivateApplication,
+                                      [&](const auto& each) { activated.push_back(*each.bundleIdentifier); });
+    const TestWindow alpha({"class=Alpha"});
+    EXPECT_TRUE(session.waitForFront("Alpha"));
+    const TestWindow beta({"class=Beta"});
+    EXPECT_TRUE(session.waitForFront("Beta"));
+    session.user.activate(alpha.window());
+    EXPECT_TRUE(session.waitForFront("Alpha"));
+    session.handleWhatHappened(); // Alpha's window has told of its focus now.
+    {
+        const TestWindow gamma({"class=Gamma"});
+        EXPECT_TRUE(session.waitForFront("Gamma"));
+    }
+    EXPECT_TRUE(session.waitForFront("Alpha"));
+    session.handleWhatHappened();
+    EXPECT_THAT(activated, testing::ElementsAre("Alpha", "Beta", "Alpha", "Gamma", "Alpha"));
 }
 
 TEST_F(X11WorkspaceTest, LivesThroughARestartOfTheWindowManagerAndFollowsTheFocusMeanwhile) {
@@ -128,15 +161,36 @@ TEST_F(X11WorkspaceTest, FollowsAWindowThatGetsItsClassLate) {
     EXPECT_TRUE(session_.workspace.runningApplicationsWithBundleIdentifier("Early").empty());
 }
 
-TEST_F(X11WorkspaceTest, TreatsWindowsOfThisProcessAsNobodys) {
+TEST_F(X11WorkspaceTest, ThisProcessComesToTheFrontButIsNotAmongThoseThatRun) {
+    const std::string own(maker::bundleIdentifier);
     const TestWindow alpha({"class=Alpha"});
     ASSERT_TRUE(session_.waitForFront("Alpha"));
-    const auto own = session_.user.show();
-    ASSERT_TRUE(waitUntil(
-        [&] { return session_.user.values(session_.user.root(), "_NET_ACTIVE_WINDOW").front() == own; }));
-    session_.handleWhatHappened();
-    EXPECT_THAT(activated_, testing::ElementsAre("Alpha"));
+    const auto window = session_.user.show();
+    ASSERT_TRUE(session_.waitForFront(own));
+    session_.user.map(session_.user.create({0, 0, 20, 20}, true)); // A tool tip, say.
+    session_.user.activate(alpha.window());
+    ASSERT_TRUE(session_.waitForFront("Alpha"));
+    session_.user.activate(window);
+    ASSERT_TRUE(session_.waitForFront(own));
+    EXPECT_THAT(activated_, testing::ElementsAre("Alpha", own, "Alpha", own));
     EXPECT_THAT(launched_, testing::ElementsAre("Alpha"));
+    EXPECT_EQ(session_.workspace.runningApplications().size(), 1U);
+    EXPECT_TRUE(session_.workspace.runningApplicationsWithBundleIdentifier(own).empty());
+}
+
+TEST_F(X11WorkspaceTest, AProgramThatWithdrawsItsLastWindowLeavesTheFront) {
+    Ids left;
+    const auto departures = noteInto(left, WorkspaceNotification::didLeaveFront);
+    const auto window = session_.user.show(), dialog = session_.user.show();
+    ASSERT_TRUE(waitUntil([&] { return session_.workspace.activeWindow() == dialog; }));
+    session_.user.unmap(dialog);
+    ASSERT_TRUE(waitUntil([&] { return session_.workspace.activeWindow() == window; }));
+    EXPECT_THAT(left, testing::IsEmpty());
+    session_.user.unmap(window);
+    ASSERT_TRUE(waitUntil([&] { return !session_.workspace.frontmostApplication(); }));
+    EXPECT_EQ(left.size(), 1U);
+    session_.user.map(window);
+    EXPECT_TRUE(waitUntil([&] { return session_.workspace.activeWindow() == window; }));
 }
 
 TEST_F(X11WorkspaceTest, TellsOnceThatTheServerIsLost) {

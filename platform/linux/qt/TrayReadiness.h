@@ -1,0 +1,43 @@
+#pragma once
+
+#include <functional>
+
+#include <QObject>
+
+#include "platform/linux/x11/XConnection.h"
+
+class QDBusMessage;
+class QDBusPendingCallWatcher;
+
+namespace quorvane {
+
+/// Finds out when a tray item may be made. Qt asks the desktop's watcher of status notifiers for its items
+/// and waits for the answer, and it decides once for the life of the process whether there is one. So it is
+/// asked here first, and nothing waits: an item is made when that watcher has answered, or when there is none
+/// but a tray of the older kind. Whichever comes first counts, also long after the start.
+class TrayReadiness : public QObject {
+    Q_OBJECT
+
+public:
+    /// `ready` is called once, from the event loop. The connection must outlive this object.
+    TrayReadiness(XConnection& x, std::function<void()> ready);
+
+private Q_SLOTS:
+    void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
+
+private:
+    void ask(const QDBusMessage& question, void (TrayReadiness::*answered)(const QDBusMessage& answer));
+    void toldOfOwner(const QDBusMessage& answer);
+    void askWatcher();
+    void toldByWatcher(const QDBusMessage& answer);
+    void lookForOlderTray();
+    void watchForOlderTray();
+    void finish();
+
+    XConnection& x_;
+    std::function<void()> ready_; ///< Empty once it was called.
+    bool hasWatcher_ = false;     ///< Somebody owns the watcher's name, answering or not.
+    Subscription trays_;
+};
+
+} // namespace quorvane

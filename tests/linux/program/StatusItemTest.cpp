@@ -1,0 +1,122 @@
+// The item in the system tray, with a tray that may not answer.
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QDBusVirtualObject>
+#include <gtest/gtest.h>
+
+#include "linux/program/ProgramSession.h"
+#include "linux/support/TestWindow.h"
+#include "platform/linux/windows/StackedWindow.h"
+#include "virtual-desktop/WaitUntil.h"
+
+namespace quorvane {
+namespace {
+
+/// Stands in for the desktop's watcher of status notifiers, on the session bus of now. It answers nobody
+/// until it is told to.
+class Watcher : public QDBusVirtualObject {
+public:
+    Watcher() {
+        bus_.registerVirtualObject("/StatusNotifierWatcher", this);
+        bus_.registerService(name);
+    }
+    ~Watcher() override { QDBusConnection::disconnectFromBus("watcher"); }
+
+    void startAnswering() {
+        isAnswering_ = true;
+        for (const auto& message : std::exchange(unanswered_, {}))
+            answer(message);
+    }
+
+    /// The program that has shown an item; empty as long as none has.
+    const QString& item() const { return item_; }
+
+    QDBusMessage askItem(const QString& interface, const QString& method, const QVariantList& arguments) {
+        auto question = QDBusMessage::createMethodCall(item_, "/StatusNotifierItem", interface, method);
+        question.setArguments(arguments);
+        return bus_.call(question);
+    }
+    QString toolTip() {
+        const QVariantList property = {"org.kde.StatusNotifierItem", "ToolTip"};
+        const auto answer = askItem("org.freedesktop.DBus.Properties", "Get", property);
+        const auto told = answer.arguments().value(0).value<QDBusVariant>().variant().value<QDBusArgument>();
+        QString icon, title;
+        told.beginStructure();
+        told >> icon;
+        told.asVariant(); // its pixels
+        told >> title;
+        return title;
+    }
+
+    QString introspect(const QString& /*path*/) const override {
+        return "<interface name='" + name +
+               "'><property name='IsStatusNotifierHostRegistered' type='b' access='read'/></interface>";
+    }
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& /*bus*/) override {
+        if (message.member() == "Introspect") return !isAnswering_;
+        if (isAnswering_)
+            answer(message);
+        else
+            unanswered_.append(message);
+        return true;
+    }
+
+private:
+    void answer(const QDBusMessage& message) {
+        if (message.member() == "RegisterStatusNotifierItem") item_ = message.service();
+        const auto isThere = QVariant::fromValue(QDBusVariant(true));
+        bus_.send(message.member() == "Get" ? message.createReply(isThere) : message.createReply());
+    }
+
+    const QString name = "org.kde.StatusNotifierWatcher";
+    QDBusConnection bus_ =
+        QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), "watcher");
+    bool isAnswering_ = false;
+    QList<QDBusMessage> unanswered_;
+    QString item_;
+};
+
+class StatusItemOfTray : public testing::Test {
+protected:
+    ProgramSession session_;
+    std::unique_ptr<XConnection> x_ = XConnection::open();
+};
+
+TEST_F(StatusItemOfTray, WaitsForATrayThatDoesNotAnswerYetAndNothingElseDoes) {
+    session_.folders.write("data/applications/org.kde.kate.desktop",
+                           "[Desktop Entry]\nType=Application\nName=Kate\nExec=kate\n");
+    Watcher tray;
+    session_.startProgram();
+    session_.setRule("org.kde.kate", "xkb:ru");
+    const TestWindow kate({"class=kate"});
+    ASSERT_TRUE(session_.waitForGroup(1));
+    EXPECT_EQ(tray.item(), "");
+    tray.startAnswering();
+    ASSERT_TRUE(waitUntil([&] { return !tray.item().isEmpty(); }));
+    EXPECT_TRUE(waitUntil([&] { return tray.toolTip() == "Kate: Russian (rule)"; }))
+        << tray.toolTip().toStdString();
+
+    tray.askItem("org.kde.StatusNotifierItem", "Activate", {100, 100}); // a click on it
+    EXPECT_TRUE(waitUntil([&] {
+        const auto isMenu = [](const auto& window) { return window.isPopUp && window.isVisible; };
+        return std::ranges::any_of(stackedWindows(*x_), isMenu);
+    }));
+}
+
+TEST_F(StatusItemOfTray, IsShownByAnOlderTrayWheneverThatComes) {
+    session_.startProgram();
+    ASSERT_TRUE(waitUntil([&] { return session_.program->errors().contains("no system tray"); }));
+    const TestProgram tray("trayer", {"--edge", "bottom", "--expand", "true"});
+    EXPECT_TRUE(waitUntil([] {
+        QProcess windows;
+        windows.start("xwininfo", {"-root", "-tree"});
+        windows.waitForFinished();
+        return windows.readAll().contains("(\"quorvane\" \"Quorvane\")");
+    }));
+}
+
+} // namespace
+} // namespace quorvane
