@@ -109,7 +109,9 @@ TEST_F(InputSources, TheCompanionIsAskedOnlyOnceTheRequestCanBeRead) {
         desktop_.inputSources.enable({.id = id});
     desktop_.workspace.launch(std::string(maker::companionBundleIdentifier));
     CompanionLink companion(desktop_.workspace, desktop_.defaults, desktop_.distributedNotifications);
-    InputSwitch inputSwitch(desktop_.inputSources, desktop_.defaults, desktop_.workspace, companion, [] {});
+    const OpenLaunchers none;
+    InputSwitch inputSwitch(desktop_.inputSources, desktop_.defaults, desktop_.workspace,
+                            desktop_.desktop.facts.launchers, none, companion, [] {});
     const auto slot = [&] {
         return desktop_.defaults.readFromOutside(maker::sharedSuiteName, key::askTandrelSwitchInput);
     };
