@@ -25,8 +25,11 @@ void decide(benchmark::State& state) {
     desktop.defaults.standardUserDefaults().setObject("ru", key::defaultInput);
     openSharedDefaults(desktop.defaults)->setObject(manyRules(state.range(0)), key::autoInput);
     CompanionLink companion(desktop.workspace, desktop.defaults, desktop.distributedNotifications);
-    InputSwitch inputSwitch(desktop.inputSources, desktop.defaults, desktop.workspace, companion, [] {});
-    InputDecision decision(desktop.defaults, inputSwitch, companion, desktop.runLoop, 0, [] {});
+    const auto& launchers = desktop.desktop.facts.launchers;
+    const OpenLaunchers none;
+    InputSwitch inputSwitch(desktop.inputSources, desktop.defaults, desktop.workspace, launchers, none,
+                            companion, [] {});
+    InputDecision decision(desktop.defaults, inputSwitch, companion, desktop.runLoop, launchers, 0, [] {});
     const auto application = "org.example.application" + std::to_string(state.range(0) / 2);
     for (auto _ : state)
         decision.decide(application);

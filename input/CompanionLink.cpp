@@ -10,8 +10,12 @@ bool CompanionLink::isRunning() const {
 }
 
 void CompanionLink::askToSwitchInput(std::string_view inputSourceID) {
-    openSharedDefaults(stores_)->setObject(inputSourceID, key::askTandrelSwitchInput);
-    notifications_.post({std::string(key::askTandrelSwitchInput), {}});
+    const auto shared = openSharedDefaults(stores_);
+    shared->setObject(inputSourceID, key::askTandrelSwitchInput);
+    dropRequest();
+    waitingRequest_ = shared->whenWritten([this] {
+        notifications_.post({std::string(key::askTandrelSwitchInput), {}});
+    });
 }
 
 } // namespace quorvane

@@ -21,13 +21,18 @@ public:
     bool isRunning() const;
 
     /// Leaves the input source's id in the shared suite and tells the companion to fetch it there. Nothing
-    /// answers, and nobody switches if the companion does not.
+    /// answers, and nobody switches if the companion does not. While the suite cannot be written, the request
+    /// waits: the companion would find an older one there.
     void askToSwitchInput(std::string_view inputSourceID);
+
+    /// A request that still waits is not wanted any more.
+    void dropRequest() { waitingRequest_.end(); }
 
 private:
     const Workspace& workspace_;
     UserDefaultsStores& stores_;
     DistributedNotificationCenter& notifications_;
+    Subscription waitingRequest_;
 };
 
 } // namespace quorvane

@@ -20,6 +20,7 @@ void InputSwitch::selectInputSource(std::string_view id) {
 }
 
 void InputSwitch::changeInputTo(std::string_view id) {
+    companion_.dropRequest();
     if (currentInputSourceID() == id) return;
     if (isLauncherInFront()) return;
     if (companion_.isRunning()) {

@@ -14,6 +14,7 @@ public:
     virtual PropertyList objectForKey(std::string_view key) = 0;
     virtual void setObject(PropertyList value, std::string_view key) = 0;
     virtual bool synchronize() = 0;
+    virtual Subscription whenWritten(std::function<void()> handler) = 0;
     virtual Subscription addObserver(std::string_view key,
                                      std::function<void(std::string_view key)> handler) = 0;
 };
@@ -28,6 +29,9 @@ public:
         domain_.setObject(std::move(value), key);
     }
     bool synchronize() override { return domain_.synchronize(); }
+    Subscription whenWritten(std::function<void()> handler) override {
+        return domain_.whenWritten(std::move(handler));
+    }
     Subscription addObserver(std::string_view key, std::function<void(std::string_view)> handler) override {
         return domain_.addObserver(key, std::move(handler));
     }

@@ -27,6 +27,9 @@ public:
         own_.setObject(std::move(value), key);
     }
     bool synchronize() override { return own_.synchronize(); }
+    Subscription whenWritten(std::function<void()> handler) override {
+        return own_.whenWritten(std::move(handler));
+    }
 
     void addSuiteNamed(std::string_view suiteName) override;
     Subscription addObserver(std::string_view key, std::function<void(std::string_view)> handler) override;

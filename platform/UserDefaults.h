@@ -30,6 +30,10 @@ public:
     /// lost then: the writes stay and are tried again.
     virtual bool synchronize() = 0;
 
+    /// Calls the handler once every write made so far can be read by other processes: at once, unless the
+    /// store cannot be written now. Ending the subscription gives up waiting.
+    virtual Subscription whenWritten(std::function<void()> handler) = 0;
+
     bool boolForKey(std::string_view key) const { return objectForKey(key).boolValue(); }
     std::int64_t integerForKey(std::string_view key) const { return objectForKey(key).integerValue(); }
     std::optional<std::string> stringForKey(std::string_view key) const; ///< None for any other type.

@@ -19,6 +19,7 @@ void InputDecision::decide(const std::optional<std::string>& bundleIdentifier) {
 }
 
 void InputDecision::giveWantedInput() {
+    companion_.dropRequest(); // what is decided now holds
     const auto target = wantedBy(lastApplication_).id;
     if (!target || inputSwitch_.currentInputSourceID() == *target) return;
 

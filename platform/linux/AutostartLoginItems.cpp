@@ -82,8 +82,8 @@ bool AutostartLoginItems::write(const fs::path& file) const {
              launch_argument::atLogin + "\nTerminal=false\n" + usersOwnLines(present);
     if (entry == present) return true; // a launch like the one before writes nothing
     if (makePrivateFolder(folder_)) return false;
-    FileDescriptor replacement;
-    return !replaceFile(file, entry, Durability::durable, replacement);
+    const std::string_view pieces[] = {entry};
+    return !replaceDurably(file, pieces);
 }
 
 } // namespace quorvane

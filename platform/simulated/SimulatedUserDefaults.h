@@ -19,6 +19,12 @@ public:
     /// A write by another program, for instance the companion application.
     void writeFromOutside(std::string_view suiteName, std::string_view key, PropertyList value);
 
+    /// What another program reads.
+    PropertyList readFromOutside(std::string_view suiteName, std::string_view key);
+
+    /// Until it is writable again, other programs do not read what this one writes.
+    void setWritable(std::string_view suiteName, bool isWritable);
+
     /// How often a suite (or the standard store, "") was synchronized.
     int synchronizations(std::string_view suiteName) const;
 

@@ -104,6 +104,34 @@ TEST_F(InputSources, AHotKeySwitchesUnlessItNeedNotOrMustNot) {
     }
 }
 
+TEST_F(InputSources, TheCompanionIsAskedOnlyOnceTheRequestCanBeRead) {
+    for (const auto* id : {"us", "ru", "de"})
+        desktop_.inputSources.enable({.id = id});
+    desktop_.workspace.launch(std::string(maker::companionBundleIdentifier));
+    CompanionLink companion(desktop_.workspace, desktop_.defaults, desktop_.distributedNotifications);
+    const OpenLaunchers none;
+    InputSwitch inputSwitch(desktop_.inputSources, desktop_.defaults, desktop_.workspace,
+                            desktop_.desktop.facts.launchers, none, companion, [] {});
+    const auto slot = [&] {
+        return desktop_.defaults.readFromOutside(maker::sharedSuiteName, key::askTandrelSwitchInput);
+    };
+    const auto& posted = desktop_.distributedNotifications.posted();
+    desktop_.defaults.setWritable(maker::sharedSuiteName, false);
+    inputSwitch.changeInputTo("de");
+    inputSwitch.changeInputTo("ru");
+    EXPECT_TRUE(posted.empty());
+    EXPECT_TRUE(slot().isNothing());
+    desktop_.defaults.setWritable(maker::sharedSuiteName, true);
+    EXPECT_EQ(posted.size(), 1U) << "the last one counts";
+    EXPECT_EQ(slot(), PropertyList("ru"));
+
+    desktop_.defaults.setWritable(maker::sharedSuiteName, false);
+    inputSwitch.changeInputTo("de");
+    inputSwitch.changeInputTo(inputSwitch.currentInputSourceID());
+    desktop_.defaults.setWritable(maker::sharedSuiteName, true);
+    EXPECT_EQ(posted.size(), 1U) << "nobody wants that any more";
+}
+
 TEST_F(InputSources, AMonochromeIconStandsOnTheBoxAtEighteenPoints) {
     const auto black = SimulatedImage::ofColor({32, 32}, 0, 0, 0);
     const auto coloured = std::make_shared<SimulatedImage>(Size{2, 1}, Bytes{255, 0, 9, 0, 0, 255, 99, 0});

@@ -1,49 +1,53 @@
 #pragma once
 
-#include <sys/stat.h>
-
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
-#include <map>
 #include <optional>
-#include <string>
+#include <string_view>
 #include <system_error>
 
+#include <sys/stat.h>
+
+#include "platform/SettingsHealth.h"
 #include "platform/linux/defaults/FileDescriptor.h"
-#include "platform/linux/defaults/PropertyListNode.h"
-#include "platform/linux/defaults/ReplaceFile.h"
+#include "platform/linux/defaults/SettingsText.h"
 
 namespace quorvane {
 
-/// Writes that are not in a file yet: key to value, nothing for a removal.
-using PendingWrites = std::map<std::string, PropertyList, std::less<>>;
-
-/// One property-list file that several processes and the user's editor read and write.
+/// One property-list file that several processes and the user's editor read and write, and beside it, as
+/// `.saved`, the last version that was surely on the disk.
 ///
-/// A file that cannot be understood is never written over: it is set aside, and what was read before stays.
-/// An editor may be half through saving, though, so only two occasions set a file aside: the first reading,
-/// which nothing good precedes, and a write. Both give the editor time to finish first.
+/// Reading changes nothing on the disk. While a file cannot be understood, what was read before stays; at the
+/// first reading, the saved version counts. Only a write replaces a damaged file, sets it aside first, and
+/// leaves an editor the time to finish before that.
 class DefaultsFile {
 public:
-    explicit DefaultsFile(std::filesystem::path path);
+    /// `health` is told of files set aside, and must outlive this.
+    DefaultsFile(std::filesystem::path path, SettingsHealth& health);
 
     /// A dictionary: the file's contents when they were last read, or the last good ones.
-    const PropertyList& contents() const { return contents_; }
+    const PropertyList& contents() const { return text_.values(); }
 
     const std::filesystem::path& path() const { return path_; }
 
     /// Reads the file again if somebody changed it; costs one look at the file's attributes otherwise.
-    void refresh();
+    void refresh() { look(); }
 
-    /// Puts the writes on top of what the file holds by now, under a lock against other processes, and
-    /// replaces the file as a whole. Waits at most `patience` for the lock. After an error the good file is
-    /// as it was.
-    std::error_code apply(const PendingWrites& writes, Durability durability,
-                          std::chrono::milliseconds patience);
+    /// Whether the contents are better than those of the file, which is damaged.
+    bool mustBeWrittenBack() const;
 
-    /// Makes what the file holds durable, whoever wrote it.
-    std::error_code synchronize();
+    /// Whether the file would be larger with the changes than any is read.
+    bool isTooLargeWith(const SettingsEntries& changes) const;
+
+    /// Puts the changes on top of what the file holds by now, under a lock against other processes, and
+    /// replaces the file as a whole. Waits at most `patience` for the lock. After an error the file is as it
+    /// was: `resource_unavailable_try_again` when somebody holds the lock, `device_or_resource_busy` while an
+    /// editor may be about to finish a damaged file.
+    std::error_code write(const SettingsEntries& changes, std::chrono::milliseconds patience);
+
+    /// Makes what the file holds durable, whoever wrote it, and keeps it as the saved version.
+    std::error_code synchronize(std::chrono::milliseconds patience);
 
 private:
     struct Version {
@@ -60,17 +64,20 @@ private:
     void look();
     void load();
     void setGone();
+    void setGood(SettingsText text);
     void setUnreadable(std::error_code error);
-    void parse(std::string_view bytes);
-    std::error_code makeRoom();
+    void setDamaged();
+    void setVersion(const struct stat& attributes, FileDescriptor file);
+    std::error_code replace(SettingsText text);
     std::error_code setAside();
-    std::error_code write(const PendingWrites& writes, Durability durability);
 
     std::filesystem::path path_;
-    PropertyList contents_ = PropertyList::Dictionary{};
-    PropertyListNode node_; // the same contents; null: to be made of them
+    SettingsHealth& health_;
+    SettingsText text_;
     State state_ = State::good;
+    bool wasRead_ = false; // or found missing, at least once
     std::error_code readError_;
+    std::chrono::steady_clock::time_point damageSeen_; // of this version
     bool isDurable_ = true;
 
     // The version looked at last; all zero: there was no file. Its file stays open, so that no newer version

@@ -15,8 +15,8 @@ constexpr std::chrono::milliseconds pauseBetweenTries{1};
 } // namespace
 
 FileLock::FileLock(const std::filesystem::path& lockFile, std::chrono::milliseconds patience)
-    // Opened for reading: closing a file that was open for writing would wake all who watch the folder.
-    : file_(::open(lockFile.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600)) {
+    // For writing: where the lock is another machine's, as on NFS, only a writer gets an exclusive one.
+    : file_(::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600)) {
     if (!file_.isOpen()) {
         error_ = lastSystemError();
         return;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "platform/linux/Log.h"
+#include "platform/linux/defaults/ReplaceFile.h"
 
 namespace quorvane {
 namespace {
@@ -18,7 +18,7 @@ std::filesystem::path absolutePath(const char* variable) {
 
 LinuxUserDefaults::LinuxUserDefaults(const std::filesystem::path& folder, std::string_view standardDomain)
     : folder_(folder) {
-    if (const auto error = makePrivateFolder(folder_)) logLine(memoryOnly(folder_, error));
+    makePrivateFolder(folder_); // or the first write tells why not
     // Before the first reading, so that no change gets lost between the two.
     if (!folder_.empty())
         watch_ = std::make_unique<FolderWatch>(folder_, [this](std::string_view name) { fileChanged(name); });
@@ -51,13 +51,14 @@ std::unique_ptr<UserDefaults> LinuxUserDefaults::initWithSuiteName(std::string_v
 
 void LinuxUserDefaults::flushPendingWrites() {
     for (const auto& [name, domain] : domains_)
-        domain->flush(Durability::visible);
+        domain->flush();
 }
 
 FileDomain& LinuxUserDefaults::domain(std::string_view name) {
     const auto known = domains_.find(name);
     if (known != domains_.end()) return *known->second;
-    auto opened = std::make_unique<FileDomain>(folder_.empty() ? folder_ : folder_ / fileNameOf(name));
+    auto opened =
+        std::make_unique<FileDomain>(folder_.empty() ? folder_ : folder_ / fileNameOf(name), health_);
     return *domains_.emplace(name, std::move(opened)).first->second;
 }
 

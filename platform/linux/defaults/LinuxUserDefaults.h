@@ -32,11 +32,15 @@ public:
     /// Makes every write visible to other processes now instead of at the end of this turn of the event loop.
     void flushPendingWrites();
 
+    /// What cannot be saved now, and what was damaged.
+    SettingsHealth& health() { return health_; }
+
 private:
     FileDomain& domain(std::string_view name);
     void fileChanged(std::string_view fileName);
 
     std::filesystem::path folder_;
+    SettingsHealth health_;
     std::map<std::string, std::unique_ptr<FileDomain>, std::less<>> domains_;
     std::optional<DefaultsSearchList> standard_;
     std::unique_ptr<FolderWatch> watch_;

@@ -47,18 +47,11 @@ PropertyList arrayOf(plist_t node) {
 
 PropertyList dictionaryOf(plist_t node) {
     PropertyList::Dictionary dictionary;
-    plist_dict_iter rawIterator = nullptr;
-    plist_dict_new_iter(node, &rawIterator);
-    const Freed<void> iterator(rawIterator);
-    while (true) {
-        char* rawKey = nullptr;
-        plist_t item = nullptr;
-        plist_dict_next_item(node, iterator.get(), &rawKey, &item);
-        const Freed<char> key(rawKey);
-        if (!item) return dictionary;
-        auto value = propertyListOf(item);
-        if (key && !value.isNothing()) dictionary.insert_or_assign(key.get(), std::move(value));
-    }
+    forEachItem(node, [&](const std::string& key, plist_t item) {
+        if (auto value = propertyListOf(item); !value.isNothing())
+            dictionary.insert_or_assign(key, std::move(value));
+    });
+    return dictionary;
 }
 
 PropertyListNode nodeOfDate(PropertyList::Date date) {
@@ -75,6 +68,20 @@ PropertyListNode nodeOfDate(PropertyList::Date date) {
 
 void PropertyListNodeDeleter::operator()(void* node) const {
     plist_free(node);
+}
+
+void forEachItem(void* dictionary, const std::function<void(const std::string&, void*)>& handler) {
+    plist_dict_iter rawIterator = nullptr;
+    plist_dict_new_iter(dictionary, &rawIterator);
+    const Freed<void> iterator(rawIterator);
+    while (true) {
+        char* rawKey = nullptr;
+        plist_t item = nullptr;
+        plist_dict_next_item(dictionary, iterator.get(), &rawKey, &item);
+        const Freed<char> key(rawKey);
+        if (!item) return;
+        if (key) handler(key.get(), item);
+    }
 }
 
 PropertyList propertyListOf(void* node) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <string>
 
 #include "platform/PropertyList.h"
 
@@ -18,6 +20,9 @@ using PropertyListNode = std::unique_ptr<void, PropertyListNodeDeleter>;
 /// an XML property list spells it. What has no counterpart becomes nothing. Dates are exact within 68 years
 /// around 2001.
 PropertyList propertyListOf(void* node);
+
+/// Calls the handler with each entry of a dictionary node. The entries stay the node's.
+void forEachItem(void* dictionary, const std::function<void(const std::string& key, void* item)>& handler);
 
 /// Strings and keys end at their first NUL. `value` must not be nothing; nothing inside a container is left
 /// out.

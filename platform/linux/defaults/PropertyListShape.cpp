@@ -7,12 +7,6 @@
 namespace quorvane {
 namespace {
 
-/// What follows the next occurrence of the mark; nothing when there is none.
-std::string_view after(std::string_view bytes, std::string_view mark) {
-    const auto at = bytes.find(mark);
-    return at == std::string_view::npos ? std::string_view() : bytes.substr(at + mark.size());
-}
-
 bool isContainer(std::string_view tag) {
     return tag.starts_with("dict") || tag.starts_with("array");
 }
@@ -28,13 +22,63 @@ std::optional<std::string_view> wholeTag(std::string_view bytes) {
     return tag;
 }
 
-/// How many containers deeper the values after the tag lie. None for a tag that hides something.
-std::optional<int> stepOf(std::string_view tag, int depth) {
-    if (tag.starts_with('!') && depth > 0) return std::nullopt;
-    if (tag.starts_with('?') && (depth > 0 || !tag.ends_with('?'))) return std::nullopt;
-    if (tag.starts_with('/')) return isContainer(tag.substr(1)) && depth > 0 ? -1 : 0;
-    return isContainer(tag) && !tag.ends_with('/') ? 1 : 0;
-}
+/// The tags of XML text, one after the other. A document may stop in the middle, which is for a parser to
+/// refuse; a part of one may not, and leaves nothing open.
+class XmlWalk {
+public:
+    enum class Bytes { aDocument, aPart };
+
+    XmlWalk(std::string_view bytes, int nesting, Bytes kind)
+        : bytes_(bytes)
+        , nesting_(nesting)
+        , isPart_(kind == Bytes::aPart) {}
+
+    bool isHarmless() {
+        if (bytes_.find('\0') != std::string_view::npos) return false;
+        while (skipBehind("<")) {
+            if (bytes_.starts_with("!--")) {
+                bytes_.remove_prefix(3);
+                if (!skipBehind("-->")) return !isPart_;
+            } else if (bytes_.starts_with("![CDATA[")) {
+                if (!skipBehind("]]>")) return !isPart_;
+            } else if (!takeTag()) {
+                return false;
+            }
+        }
+        return !isPart_ || depth_ == 0;
+    }
+
+private:
+    /// False when the mark does not come any more.
+    bool skipBehind(std::string_view mark) {
+        const auto at = bytes_.find(mark);
+        if (at == std::string_view::npos) return false;
+        bytes_.remove_prefix(at + mark.size());
+        return true;
+    }
+
+    /// False for a tag that hides something, or leads too deep.
+    bool takeTag() {
+        const auto tag = wholeTag(bytes_);
+        if (!tag) return false;
+        const bool isInside = depth_ > 0 || isPart_;
+        if (tag->starts_with('!') && isInside) return false;
+        if (tag->starts_with('?') && (isInside || !tag->ends_with('?'))) return false;
+        if (tag->starts_with('/')) {
+            if (!isContainer(tag->substr(1))) return true;
+            if (depth_ == 0) return !isPart_;
+            --depth_;
+            return true;
+        }
+        if (isContainer(*tag) && !tag->ends_with('/')) ++depth_;
+        return depth_ <= nesting_;
+    }
+
+    std::string_view bytes_;
+    int nesting_;
+    bool isPart_;
+    int depth_ = 0;
+};
 
 /// The objects of a binary property list, walked the way a parser does that expands every reference.
 class BinaryWalk {
@@ -128,23 +172,11 @@ private:
 } // namespace
 
 bool isHarmlessXml(std::string_view bytes, int nesting) {
-    if (bytes.find('\0') != std::string_view::npos) return false;
-    int depth = 0;
-    while (!(bytes = after(bytes, "<")).empty()) {
-        if (bytes.starts_with("!--")) {
-            bytes = after(bytes.substr(3), "-->");
-            continue;
-        }
-        if (bytes.starts_with("![CDATA[")) {
-            bytes = after(bytes, "]]>");
-            continue;
-        }
-        const auto tag = wholeTag(bytes);
-        const auto step = tag ? stepOf(*tag, depth) : std::nullopt;
-        if (!step || depth + *step > nesting) return false;
-        depth += *step;
-    }
-    return true;
+    return XmlWalk(bytes, nesting, XmlWalk::Bytes::aDocument).isHarmless();
+}
+
+bool isWholeXml(std::string_view bytes, int nesting) {
+    return XmlWalk(bytes, nesting, XmlWalk::Bytes::aPart).isHarmless();
 }
 
 bool isHarmlessBinary(std::string_view bytes, int nesting, std::size_t size) {

@@ -1,10 +1,10 @@
 #include "platform/linux/defaults/ReplaceFile.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 
 #include <cerrno>
 #include <cstdio>
+#include <thread>
 
 namespace quorvane {
 namespace {
@@ -17,6 +17,12 @@ bool writeAll(int file, std::string_view bytes) {
         bytes.remove_prefix(static_cast<std::size_t>(written));
     }
     return true;
+}
+
+std::filesystem::path withoutLinks(const std::filesystem::path& path) {
+    std::error_code noLink;
+    auto target = std::filesystem::canonical(path, noLink);
+    return noLink ? path : target;
 }
 
 } // namespace
@@ -34,33 +40,66 @@ std::error_code makePrivateFolder(const std::filesystem::path& folder) {
     return lastSystemError();
 }
 
-std::error_code replaceFile(const std::filesystem::path& path, std::string_view bytes, Durability durability,
-                            FileDescriptor& replacement) {
-    std::error_code noLink;
-    auto target = std::filesystem::canonical(path, noLink);
-    if (noLink) target = path;
+FileReplacement::FileReplacement(const std::filesystem::path& path)
+    : target_(withoutLinks(path))
+    , temporary_(target_) {
     // Always the same name: what a killed process leaves behind is removed by the next one.
-    auto temporary = target;
-    temporary += ".new";
-    ::unlink(temporary.c_str());
-    FileDescriptor file(::open(temporary.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-    if (!file.isOpen()) return lastSystemError();
-    const bool isWritten = writeAll(file.number(), bytes) &&
-                           (durability == Durability::visible || ::fdatasync(file.number()) == 0) &&
-                           std::rename(temporary.c_str(), target.c_str()) == 0;
-    if (!isWritten) {
-        const auto error = lastSystemError();
-        ::unlink(temporary.c_str());
-        return error;
-    }
-    replacement = std::move(file);
-    return durability == Durability::visible ? std::error_code() : synchronizeFolder(target.parent_path());
+    temporary_ += ".new";
+    ::unlink(temporary_.c_str());
+    file_ = FileDescriptor(::open(temporary_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    isTemporary_ = file_.isOpen();
+    if (!isTemporary_) fail();
 }
 
-std::error_code synchronizeFolder(const std::filesystem::path& folder) {
+FileReplacement::~FileReplacement() {
+    if (isTemporary_) ::unlink(temporary_.c_str());
+}
+
+std::error_code FileReplacement::write(std::span<const std::string_view> pieces) {
+    for (const auto piece : pieces)
+        if (!error_ && !writeAll(file_.number(), piece)) fail();
+    if (!error_ && ::fstat(file_.number(), &attributes_) != 0) fail();
+    return error_;
+}
+
+std::error_code FileReplacement::synchronize() {
+    if (!error_ && ::fdatasync(file_.number()) != 0) fail();
+    return error_;
+}
+
+std::error_code FileReplacement::commit() {
+    if (error_) return error_;
+    if (std::rename(temporary_.c_str(), target_.c_str()) != 0) return fail();
+    isTemporary_ = false;
+    return {};
+}
+
+std::error_code FileReplacement::fail() {
+    return error_ = lastSystemError();
+}
+
+std::error_code replaceDurably(const std::filesystem::path& path, std::span<const std::string_view> pieces) {
+    FileReplacement replacement(path);
+    replacement.write(pieces);
+    replacement.synchronize();
+    if (const auto error = replacement.commit()) return error;
+    return synchronizeFolderOf(path);
+}
+
+std::error_code synchronizeFolderOf(const std::filesystem::path& file) {
+    const auto folder = withoutLinks(file).parent_path();
     const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!opened.isOpen() || ::fsync(opened.number()) != 0) return lastSystemError();
     return {};
+}
+
+void closeInBackground(FileDescriptor file) {
+    if (!file.isOpen()) return;
+    try {
+        std::thread([closing = std::move(file)] {}).detach();
+    } catch (const std::system_error&) {
+        // There are no threads left: it was closed at once.
+    }
 }
 
 } // namespace quorvane

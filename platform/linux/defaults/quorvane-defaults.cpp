@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "platform/linux/defaults/LinuxUserDefaults.h"
@@ -25,7 +26,8 @@ constexpr auto usage = "usage: quorvane-defaults domains\n"
                        "       quorvane-defaults dict-remove DOMAIN KEY ENTRY\n"
                        "DOMAIN is a name, `standard` or `shared`; TYPE is -bool, -int, -string or -xml.\n";
 
-constexpr std::chrono::seconds lockPatience{5};
+constexpr std::chrono::seconds patience{5};
+constexpr std::chrono::milliseconds pauseBetweenTries{50};
 
 std::string domainOf(const std::string& name) {
     if (name == "standard") return std::string(maker::bundleIdentifier);
@@ -34,15 +36,15 @@ std::string domainOf(const std::string& name) {
 }
 
 DefaultsFile open(const std::string& domain) {
+    static SettingsHealth nobodyAsks;
     const auto folder = LinuxUserDefaults::configFolder();
-    return DefaultsFile(folder.empty() ? folder : folder / LinuxUserDefaults::fileNameOf(domainOf(domain)));
+    const auto file = folder.empty() ? folder : folder / LinuxUserDefaults::fileNameOf(domainOf(domain));
+    return {file, nobodyAsks};
 }
 
-/// Half as deep as a file may be, since the value goes into one.
 PropertyList xmlValue(const std::string& text) {
-    const auto node = readPropertyList(text, maximumPropertyListNesting / 2);
-    if (!node) return {};
-    return propertyListOf(node.get());
+    const auto node = readPropertyList(text);
+    return node ? propertyListOf(node.get()) : PropertyList();
 }
 
 PropertyList integerValue(const std::string& text) {
@@ -72,7 +74,7 @@ std::string textOf(const PropertyList& value) {
     if (const auto* text = value.string()) return *text + "\n";
     if (const auto* integer = value.integer()) return std::to_string(*integer) + "\n";
     if (const auto* boolean = value.boolean()) return *boolean ? "true\n" : "false\n";
-    return xmlOf(nodeOf(value));
+    return xmlOf(nodeOf(value)).value_or("");
 }
 
 ExitStatus printDomains() {
@@ -87,12 +89,42 @@ ExitStatus read(const DefaultsFile& file, const std::string* key) {
     return success;
 }
 
-ExitStatus store(DefaultsFile& file, const std::string& key, PropertyList value) {
-    const auto error = file.apply({{key, std::move(value)}}, Durability::durable, lockPatience);
-    if (!error) return success;
-    std::fprintf(stderr, "quorvane-defaults: %s cannot be written: %s\n", file.path().c_str(),
-                 error.message().c_str());
+/// Waits for another process that holds the lock, and for an editor that is half through saving.
+std::error_code write(DefaultsFile& file, const SettingsEntries& changes) {
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    while (true) {
+        auto error = file.write(changes, patience);
+        if (error != std::errc::device_or_resource_busy || std::chrono::steady_clock::now() > deadline)
+            return error ? error : file.synchronize(patience);
+        std::this_thread::sleep_for(pauseBetweenTries);
+    }
+}
+
+ExitStatus fail(const std::string& message) {
+    std::fprintf(stderr, "quorvane-defaults: %s\n", message.c_str());
     return failure;
+}
+
+/// Nothing as the value removes the key.
+ExitStatus store(DefaultsFile& file, const std::string& key, const PropertyList& value) {
+    SettingsEntries changes{{key, nullptr}};
+    if (!value.isNothing()) {
+        const auto reason = refusalOf(key, value);
+        if (!reason.empty()) return fail(key + " is left as it is: " + std::string(reason));
+        changes[key] = makeSettingsEntry(key, value);
+        if (!changes[key]) return fail(key + " cannot be made into a property list");
+    }
+    const auto error = write(file, changes);
+    return error ? fail(file.path().string() + " cannot be written: " + error.message()) : success;
+}
+
+ExitStatus remove(DefaultsFile& file, const std::string& key) {
+    return file.contents()[key].isNothing() ? failure : store(file, key, {});
+}
+
+ExitStatus remove(DefaultsFile& file, const std::string& key, const std::string& entry) {
+    const auto& dictionary = file.contents()[key];
+    return dictionary[entry].isNothing() ? failure : store(file, key, dictionary.with(entry, {}));
 }
 
 /// None when the arguments make no command.
@@ -104,9 +136,8 @@ std::optional<ExitStatus> run(const Arguments& arguments) {
     auto file = open(arguments[1]);
     if (is("read", 2)) return read(file, nullptr);
     if (is("read", 3)) return read(file, &arguments[2]);
-    if (is("delete", 3)) return store(file, arguments[2], {});
-    if (is("dict-remove", 4))
-        return store(file, arguments[2], file.contents()[arguments[2]].with(arguments[3], {}));
+    if (is("delete", 3)) return remove(file, arguments[2]);
+    if (is("dict-remove", 4)) return remove(file, arguments[2], arguments[3]);
     if (!is("write", 5) && !is("dict-add", 6)) return std::nullopt;
     const auto value = valueOf(arguments[count - 2], arguments[count - 1]);
     if (value.isNothing()) return std::nullopt;

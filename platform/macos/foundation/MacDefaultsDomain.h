@@ -29,6 +29,7 @@ public:
     PropertyList objectForKey(std::string_view key) override;
     void setObject(PropertyList value, std::string_view key) override;
     bool synchronize() override { return [defaults_ synchronize]; }
+    Subscription whenWritten(std::function<void()> handler) override;
     Subscription addObserver(std::string_view key,
                              std::function<void(std::string_view key)> handler) override;
 

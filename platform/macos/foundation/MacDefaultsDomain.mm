@@ -70,6 +70,12 @@ void MacDefaultsDomain::setObject(PropertyList value, std::string_view key) {
     changed_.emit(observed->first);
 }
 
+/// Other processes ask the system's own service, which knows of every write.
+Subscription MacDefaultsDomain::whenWritten(std::function<void()> handler) {
+    handler();
+    return {};
+}
+
 Subscription MacDefaultsDomain::addObserver(std::string_view key,
                                             std::function<void(std::string_view)> handler) {
     NSString* keyPath = toNSString(key);

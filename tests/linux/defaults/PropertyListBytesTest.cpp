@@ -3,8 +3,6 @@
 #include <QDir>
 #include <gtest/gtest.h>
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-
 namespace quorvane {
 namespace {
 
@@ -15,15 +13,6 @@ std::string repeated(const QByteArray& text, int count) {
 std::string seed(const QString& name) {
     QFile file(QDir(QUORVANE_SEEDS).filePath(name));
     return file.open(QFile::ReadOnly) ? file.readAll().toStdString() : "";
-}
-
-TEST(PropertyListBytesTest, SurvivesEverySeed) {
-    const auto names = QDir(QUORVANE_SEEDS).entryList(QDir::Files);
-    EXPECT_GE(names.size(), 8);
-    for (const auto& name : names) {
-        const auto bytes = seed(name);
-        LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
-    }
 }
 
 TEST(PropertyListBytesTest, ReadsBinaryListsAndByteOrderMarks) {

@@ -23,10 +23,13 @@ public:
         QFile opened(file(name));
         return opened.open(QFile::ReadOnly) ? opened.readAll() : QByteArray();
     }
-    PropertyList contents() const { return DefaultsFile(file().toStdString()).contents(); }
+    PropertyList contents() const {
+        SettingsHealth health;
+        return DefaultsFile(file().toStdString(), health).contents();
+    }
     /// Saves in place, as some editors do.
     void save(const QByteArray& bytes) const {
-        makePrivateFolder(path());
+        std::filesystem::create_directories(path());
         QFile opened(file());
         opened.open(QFile::WriteOnly);
         opened.write(bytes);
