@@ -100,10 +100,10 @@ ImageRef SessionInputSources::iconOfReference(const InputSource& source) const {
     return chosen_->iconOfReference(source);
 }
 
-void SessionInputSources::applicationActivated(int process) {
+void SessionInputSources::applicationActivated(const std::string& application, int process) {
     isMissed_ = false;
     for (auto* daemon : daemons_)
-        daemon->applicationActivated(process);
+        daemon->applicationActivated(application, process);
 }
 
 } // namespace quorvane

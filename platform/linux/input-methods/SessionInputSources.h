@@ -28,8 +28,8 @@ public:
     std::string localizedName(const InputSource& source) const override;
     ImageRef iconOfReference(const InputSource& source) const override;
 
-    /// Another application has come to the front, with a window of that process.
-    void applicationActivated(int process);
+    /// See `InputMethodDaemon`.
+    void applicationActivated(const std::string& application, int process);
 
     /// Another source is selected now.
     Signal<> selectionChanged;

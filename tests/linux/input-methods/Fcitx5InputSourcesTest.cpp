@@ -180,7 +180,7 @@ TEST_P(Fcitx5TypingTest, TheFirstKeyIsTypedWithWhatWasSelectedHoweverStateIsShar
     const std::pair<const char*, const char*> cases[] = {{"xkb:us", "s"}, {"xkb:ru", "ы"}, {"xkb:us", "s"}};
     for (const auto& [id, typed] : cases) {
         InputWindow window(id);
-        session.desktop.applicationActivated(window.process());
+        session.desktop.applicationActivated(id, window.process());
         ASSERT_TRUE(session.desktop.selectInputSource({.id = id}));
         ASSERT_TRUE(window.waitFor("shown "));
         user.pressTogether({39}); // S
@@ -195,7 +195,7 @@ TEST(Fcitx5Layouts, ThatItHasOverwrittenAreStillItsOwn) {
     Fcitx5Client client(session.daemon, "client");
     client.focusIn();
     for (const auto* id : {"xkb:ru", "xkb:us", "xkb:ru"}) {
-        session.desktop.applicationActivated(getpid());
+        session.desktop.applicationActivated(id, getpid());
         EXPECT_TRUE(session.desktop.selectInputSource({.id = id}));
         EXPECT_TRUE(session.waitForReal(QString::fromStdString(fcitx5InputMethodOfID(id))));
         EXPECT_EQ(session.layouts.copyCurrentKeyboardInputSource()->id, "xkb:us");

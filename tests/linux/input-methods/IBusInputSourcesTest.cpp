@@ -170,7 +170,7 @@ TEST_F(IBusInputSourcesTest, AnEngineThatDiesIsSetAgainForTheNextApplication) {
     for (const bool isWishedAgain : {true, false}) {
         ASSERT_TRUE(waitForEngine("hangul") && daemon.killEngine("hangul") && waitForEngine({}));
         EXPECT_EQ(current(), "ibus:hangul");
-        sources.applicationActivated(0);
+        sources.applicationActivated("", 0);
         EXPECT_TRUE(isWishedAgain || select("xkb:ru"));
         EXPECT_TRUE(waitForEngine(isWishedAgain ? "hangul" : "xkb:ru::rus"));
     }
@@ -210,7 +210,7 @@ TEST_F(IBusInputSourcesTest, ADaemonThatHangsIsAvailableAgainWhenItGoesOn) {
     EXPECT_EQ(current(), "ibus:hangul");
     daemon.stop();
     EXPECT_TRUE(waitUntil([this] {
-        sources.applicationActivated(0);
+        sources.applicationActivated("", 0);
         return !sources.isAvailable();
     }));
     daemon.kill();
