@@ -108,6 +108,25 @@ TEST_F(Fcitx5InputSourcesTest, IsUnavailableWhileTheDaemonIsGoneOrHangs) {
     EXPECT_GE(changes, 6);
 }
 
+TEST_F(Fcitx5InputSourcesTest, WhatNoDaemonEverListedChangesNothingWhileItIsAway) {
+    auto& desktop = session_.desktop;
+    const auto layoutAfter = [&](const char* id) {
+        for (const auto* each : {"xkb:ru", id})
+            EXPECT_TRUE(desktop.selectInputSource(desktop.createInputSourceList(each).front())) << each;
+        return desktop.copyCurrentKeyboardInputSource()->id;
+    };
+    EXPECT_EQ(layoutAfter("fcitx:nonsense"), "xkb:ru");
+    EXPECT_EQ(layoutAfter("fcitx:pinyin"), "xkb:ru") << "as far as is known";
+    session_.start();
+    Fcitx5Client client(session_.daemon, "client");
+    client.focusIn();
+    EXPECT_TRUE(session_.waitForReal("pinyin")) << "it was only awaited";
+    session_.daemon.kill();
+    EXPECT_TRUE(waitUntil([&] { return !session_.sources.isAvailable(); }));
+    EXPECT_EQ(layoutAfter("fcitx:nonsense"), "xkb:ru");
+    EXPECT_EQ(layoutAfter("fcitx:pinyin"), "xkb:us");
+}
+
 TEST_F(Fcitx5InputSourcesTest, BadAnswersAreIgnored) {
     class Impostor : public QDBusVirtualObject {
     public:
