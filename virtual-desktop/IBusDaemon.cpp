@@ -62,8 +62,6 @@ void IBusDaemon::start() {
         throw std::runtime_error("ibus-daemon does not start");
     disconnectClient();
     client_ = QDBusConnection::connectToBus(QString(valueInAddressFile("IBUS_ADDRESS")), clientName());
-    client_->connect(QString(), daemonPath, daemonInterface, "GlobalEngineChanged", this,
-                     SIGNAL(globalEngineChanged(QString)));
 }
 
 void IBusDaemon::end() {

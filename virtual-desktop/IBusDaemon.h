@@ -4,7 +4,6 @@
 
 #include <QByteArrayList>
 #include <QDBusConnection>
-#include <QObject>
 
 #include "virtual-desktop/ChildProcess.h"
 
@@ -12,13 +11,13 @@ namespace quorvane {
 
 /// An IBus daemon of one's own on the current display, and another of its clients. Needs a session bus. Ends
 /// with this object.
-class IBusDaemon : public QObject {
-    Q_OBJECT
-
+class IBusDaemon {
 public:
     /// Not started yet.
     IBusDaemon() = default;
-    ~IBusDaemon() override { end(); }
+    ~IBusDaemon() { end(); }
+    IBusDaemon(const IBusDaemon&) = delete;
+    IBusDaemon& operator=(const IBusDaemon&) = delete;
 
     void start(); ///< Ready when this returns.
     void end();
@@ -40,9 +39,6 @@ public:
 
     /// The file in which the daemons of this display leave their address.
     static QString addressFile();
-
-    /// Another engine has been selected, says the daemon.
-    Q_SIGNAL void globalEngineChanged(const QString& engine);
 
 private:
     QDBusMessage call(const QString& interfaceName, const QString& method, const QVariantList& arguments);

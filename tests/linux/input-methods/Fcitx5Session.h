@@ -41,7 +41,6 @@ private:
 /// A desktop with Fcitx5, and the program's view of it.
 struct Fcitx5Session {
     explicit Fcitx5Session(const Fcitx5Daemon::Settings& settings = {}) : daemon(settings) {}
-    ~Fcitx5Session() { QDBusConnection::disconnectFromBus("program"); }
 
     std::string current() const {
         const auto current = sources.copyCurrentKeyboardInputSource();
@@ -70,19 +69,25 @@ struct Fcitx5Session {
                                 drawn.push_back(letters);
                                 return nullptr;
                             }};
-    Fcitx5InputSources sources{
-        QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), "program"),
-        layouts,
-        {.draw =
-             [this](const std::string& letters) {
-                 drawn.push_back(letters);
-                 return nullptr;
-             },
-         .find =
-             [this](const std::string& reference) {
-                 looked.push_back(reference);
-                 return nullptr;
-             }}};
+    /// Closed after its receivers have gone: Qt does it in a thread of its own, and touches them there, dying
+    /// or not.
+    struct Connection {
+        ~Connection() { QDBusConnection::disconnectFromBus("program"); }
+        QDBusConnection bus =
+            QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), "program");
+    } connection;
+    Fcitx5InputSources sources{connection.bus,
+                               layouts,
+                               {.draw =
+                                    [this](const std::string& letters) {
+                                        drawn.push_back(letters);
+                                        return nullptr;
+                                    },
+                                .find =
+                                    [this](const std::string& reference) {
+                                        looked.push_back(reference);
+                                        return nullptr;
+                                    }}};
     /// What the rest of the program sees. It repeats selections when the daemon was too busy to answer.
     SessionInputSources desktop{layouts, {&sources}};
 };

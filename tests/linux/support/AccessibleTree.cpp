@@ -52,6 +52,9 @@ AccessibleTree::AccessibleTree()
 }
 
 AccessibleTree::~AccessibleTree() {
+    // Qt closes connections in a thread of its own, and touches there what is registered, dying or not.
+    bus_.unregisterObject(rootPath);
+    QDBusConnection(sessionName).unregisterObject("/org/a11y/bus");
     QDBusConnection::disconnectFromBus(connectionName);
     QDBusConnection::disconnectFromBus(sessionName);
 }

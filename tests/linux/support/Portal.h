@@ -14,7 +14,11 @@ public:
         bus_.registerVirtualObject(path, this);
         bus_.registerService("org.freedesktop.portal.Desktop");
     }
-    ~Portal() override { QDBusConnection::disconnectFromBus("portal"); }
+    ~Portal() override {
+        // Qt closes connections in a thread of its own, and touches there what is registered, dying or not.
+        bus_.unregisterObject(path);
+        QDBusConnection::disconnectFromBus("portal");
+    }
 
     void change(unsigned scheme) {
         scheme_ = scheme;
