@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <functional>
+#include <optional>
 #include <string_view>
 
 #include <QApplication>
@@ -11,6 +12,7 @@
 #include "platform/linux/Log.h"
 #include "platform/linux/UnixSignals.h"
 #include "platform/linux/appearance/ColorScheme.h"
+#include "platform/linux/input-methods/ibus/IBusTextInput.h"
 #include "platform/linux/localization/Translations.h"
 #include "platform/linux/qt/TemplateIcon.h"
 #include "platform/linux/x11/SingleInstance.h"
@@ -61,7 +63,8 @@ int main(int argc, char** argv) {
     // In a Wayland session Qt would choose Wayland, where this program has no windows to look after.
     qputenv("QT_QPA_PLATFORM", "xcb");
     // IBus' plugin for Qt waits for the daemon, and everything here would with it while the daemon hangs. So
-    // this program's own windows do without it; programs started from here get the variable as it was.
+    // this program's own windows use IBus in a way of their own; programs started from here get the variable
+    // as it was.
     const auto inputMethod = qgetenv(inputMethodVariable);
     if (inputMethod == "ibus") qputenv(inputMethodVariable, "compose");
     QApplication qt(argc, argv);
@@ -70,6 +73,8 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion(QStringLiteral(QUORVANE_VERSION));
     QApplication::setWindowIcon(quorvane::iconOfTemplate(quorvane::QtImages().imageNamed("menuBarIcon")));
     QApplication::setQuitOnLastWindowClosed(false);
+    std::optional<quorvane::IBusTextInput> textInput;
+    if (inputMethod == "ibus") textInput.emplace();
     // Its timer would wake an idle program half a minute after a picture was drawn, to free a few pixels.
     QPixmapCache::setCacheLimit(0);
 
