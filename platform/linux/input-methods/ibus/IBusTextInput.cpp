@@ -150,13 +150,15 @@ void IBusTextInput::answered(unsigned number, bool isTaken) {
 void IBusTextInput::letKeysGo() {
     const QScopedValueRollback lettingGo(isLettingGo_, true);
     for (const auto& key : std::exchange(keys_, {}))
-        if (!key.isTaken.value_or(false) && key.field)
+        if (!key.isTaken.value_or(key.hasText) && key.field)
             QCoreApplication::sendEvent(key.field, key.event.get());
 }
 
 void IBusTextInput::handle(std::string_view signal, GVariant* arguments) {
     if (!field_) return;
     if (signal == "CommitText") {
+        const auto key = std::ranges::find_if(keys_, [](const Key& each) { return !each.isTaken; });
+        if (key != keys_.end()) key->hasText = true;
         QInputMethodEvent event;
         event.setCommitString(textIn(arguments));
         hasPreedit_ = false;

@@ -32,6 +32,7 @@ private:
         std::unique_ptr<QKeyEvent> event;
         unsigned number = 0;
         std::optional<bool> isTaken; ///< By the daemon, when it has answered.
+        bool hasText = false;        ///< A text has come before the answer: this key's, probably.
     };
 
     bool eventFilter(QObject* watched, QEvent* event) override;
