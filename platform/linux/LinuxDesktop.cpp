@@ -127,7 +127,8 @@ void LinuxDesktop::activated(const RunningApplication& application) {
         return;
     }
     frontApplication_ = application.bundleIdentifier;
-    inputSources_.applicationActivated(application.processIdentifier);
+    inputSources_.applicationActivated(application.bundleIdentifier.value_or(""),
+                                       application.processIdentifier);
 }
 
 void LinuxDesktop::watchSwitchesByHand() {

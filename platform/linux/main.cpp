@@ -14,6 +14,7 @@
 #include "platform/linux/UnixSignals.h"
 #include "platform/linux/WaylandSession.h"
 #include "platform/linux/appearance/ColorScheme.h"
+#include "platform/linux/input-methods/ibus/IBusTextInput.h"
 #include "platform/linux/localization/Translations.h"
 #include "platform/linux/qt/TemplateIcon.h"
 #include "platform/linux/x11/SingleInstance.h"
@@ -30,6 +31,10 @@ bool hasDisplay() {
     return works;
 }
 
+bool usesIBus() {
+    return qgetenv(inputMethodVariable) == "ibus";
+}
+
 /// How QApplication is to find the environment.
 struct EnvironmentOfToolkit {
     // In a Wayland session Qt would choose Wayland, where this program has no windows to look after.
@@ -38,11 +43,11 @@ struct EnvironmentOfToolkit {
     // the argument that keeps the window closed then. An agent that starts by its login item needs none.
     quorvane::EnvironmentWhile sessionManager{"SESSION_MANAGER", std::nullopt};
     // IBus' plugin for Qt waits for the daemon, and everything here would with it while the daemon hangs. So
-    // this program's own windows do without it.
+    // this program's own windows use IBus in a way of their own.
     std::optional<quorvane::EnvironmentWhile> inputMethod;
 
     EnvironmentOfToolkit() {
-        if (qgetenv(inputMethodVariable) == "ibus") inputMethod.emplace(inputMethodVariable, "compose");
+        if (usesIBus()) inputMethod.emplace(inputMethodVariable, "compose");
     }
 };
 
@@ -101,6 +106,8 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion(QStringLiteral(QUORVANE_VERSION));
     QApplication::setWindowIcon(quorvane::iconOfTemplate(quorvane::QtImages().imageNamed("menuBarIcon")));
     QApplication::setQuitOnLastWindowClosed(false);
+    std::optional<quorvane::IBusTextInput> textInput;
+    if (usesIBus()) textInput.emplace();
     // Its timer would wake an idle program half a minute after a picture was drawn, to free a few pixels.
     QPixmapCache::setCacheLimit(0);
 

@@ -23,9 +23,9 @@ public:
     /// selected. Otherwise it only hung.
     virtual bool isStartedAnew() const = 0;
 
-    /// Another application has come to the front, with a window of that process; 0 when that is not known.
-    /// What should be selected in it is told right after, or nothing is.
-    virtual void applicationActivated(int process) = 0;
+    /// Another application, of that bundle identifier, has come to the front, with a window of that process;
+    /// 0 when that is not known. What should be selected in it is told right after, or nothing is.
+    virtual void applicationActivated(const std::string& application, int process) = 0;
 
     Signal<> availabilityChanged;
     Signal<> selectionChanged; ///< Another source is selected now, whoever selected it.

@@ -25,6 +25,7 @@ TextInputSources* SessionInputSources::firstAvailable() const {
 
 void SessionInputSources::chooseAgain() {
     if (std::exchange(chosen_, firstAvailable()) == chosen_) return;
+    createInputSourceList(); // It remembers them.
     if (isStartedAnew() || isMissed_) selectAgain();
     selectionChanged.emit();
 }
@@ -51,14 +52,18 @@ void SessionInputSources::changed(const TextInputSources& where) {
     selectionChanged.emit();
 }
 
-bool SessionInputSources::isAwaited(std::string_view id) const {
-    return chosen_ == &layouts_ && std::ranges::any_of(daemons_, [id](const auto* daemon) {
-               return id.starts_with(daemon->idPrefix());
-           });
+bool SessionInputSources::isOfDaemon(std::string_view id) const {
+    return std::ranges::any_of(daemons_,
+                               [id](const auto* daemon) { return id.starts_with(daemon->idPrefix()); });
+}
+
+void SessionInputSources::remember(const std::vector<InputSource>& list) const {
+    for (const auto& source : list)
+        if (isOfDaemon(source.id)) listed_.insert(source.id);
 }
 
 void SessionInputSources::await(const std::string& id) {
-    underneath_.prepareFor(id);
+    if (listed_.contains(id)) underneath_.prepareFor(id);
     const auto current = layouts_.copyCurrentKeyboardInputSource();
     awaitedLayout_ = current ? current->id : std::string();
     selectedID_ = id;
@@ -68,6 +73,7 @@ void SessionInputSources::await(const std::string& id) {
 std::vector<InputSource>
 SessionInputSources::createInputSourceList(std::optional<std::string_view> id) const {
     auto list = chosen_->createInputSourceList(id);
+    remember(list);
     if (id && list.empty() && isAwaited(*id)) list.push_back({.id = std::string(*id)});
     return list;
 }
@@ -100,10 +106,10 @@ ImageRef SessionInputSources::iconOfReference(const InputSource& source) const {
     return chosen_->iconOfReference(source);
 }
 
-void SessionInputSources::applicationActivated(int process) {
+void SessionInputSources::applicationActivated(const std::string& application, int process) {
     isMissed_ = false;
     for (auto* daemon : daemons_)
-        daemon->applicationActivated(process);
+        daemon->applicationActivated(application, process);
 }
 
 } // namespace quorvane

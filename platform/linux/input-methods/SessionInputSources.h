@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -12,8 +13,9 @@ namespace quorvane {
 /// The input sources of the user's session: those of the first input method daemon that is available, else
 /// the X server's layouts. Chosen anew whenever a daemon comes, hangs or goes.
 ///
-/// While there is none, an input method can be selected all the same: the layout underneath is, until the
-/// daemon is there.
+/// While there is none, an input method that a daemon has listed before can be selected all the same: the
+/// layout underneath is, until the daemon is there. One that no daemon has listed yet changes nothing until
+/// one does.
 class SessionInputSources : public TextInputSources {
 public:
     /// `daemons` are in the order in which they are preferred. All must outlive this object.
@@ -28,8 +30,8 @@ public:
     std::string localizedName(const InputSource& source) const override;
     ImageRef iconOfReference(const InputSource& source) const override;
 
-    /// Another application has come to the front, with a window of that process.
-    void applicationActivated(int process);
+    /// See `InputMethodDaemon`.
+    void applicationActivated(const std::string& application, int process);
 
     /// Another source is selected now.
     Signal<> selectionChanged;
@@ -38,7 +40,9 @@ private:
     TextInputSources* firstAvailable() const;
     void chooseAgain();
     bool isStartedAnew() const;
-    bool isAwaited(std::string_view id) const;
+    bool isOfDaemon(std::string_view id) const;
+    bool isAwaited(std::string_view id) const { return chosen_ == &layouts_ && isOfDaemon(id); }
+    void remember(const std::vector<InputSource>& list) const;
     void await(const std::string& id);
     void selectAgain();
     void changed(const TextInputSources& where);
@@ -47,7 +51,8 @@ private:
     LayoutUnderneath underneath_;
     std::vector<InputMethodDaemon*> daemons_;
     TextInputSources* chosen_;
-    std::string selectedID_;    ///< The last selection, by the program or the user; empty before the first.
+    std::string selectedID_; ///< The last selection, by the program or the user; empty before the first.
+    mutable std::set<std::string, std::less<>> listed_; ///< By daemons, ever; no layouts.
     std::string awaitedLayout_; ///< What is selected while that one's daemon is awaited; else empty.
     bool isMissed_ = false;     ///< No daemon knows what was selected since the last activation.
     std::vector<Subscription> subscriptions_;

@@ -108,6 +108,25 @@ TEST_F(Fcitx5InputSourcesTest, IsUnavailableWhileTheDaemonIsGoneOrHangs) {
     EXPECT_GE(changes, 6);
 }
 
+TEST_F(Fcitx5InputSourcesTest, WhatNoDaemonEverListedChangesNothingWhileItIsAway) {
+    auto& desktop = session_.desktop;
+    const auto layoutAfter = [&](const char* id) {
+        for (const auto* each : {"xkb:ru", id})
+            EXPECT_TRUE(desktop.selectInputSource(desktop.createInputSourceList(each).front())) << each;
+        return desktop.copyCurrentKeyboardInputSource()->id;
+    };
+    EXPECT_EQ(layoutAfter("fcitx:nonsense"), "xkb:ru");
+    EXPECT_EQ(layoutAfter("fcitx:pinyin"), "xkb:ru") << "as far as is known";
+    session_.start();
+    Fcitx5Client client(session_.daemon, "client");
+    client.focusIn();
+    EXPECT_TRUE(session_.waitForReal("pinyin")) << "it was only awaited";
+    session_.daemon.kill();
+    EXPECT_TRUE(waitUntil([&] { return !session_.sources.isAvailable(); }));
+    EXPECT_EQ(layoutAfter("fcitx:nonsense"), "xkb:ru");
+    EXPECT_EQ(layoutAfter("fcitx:pinyin"), "xkb:us");
+}
+
 TEST_F(Fcitx5InputSourcesTest, BadAnswersAreIgnored) {
     class Impostor : public QDBusVirtualObject {
     public:
@@ -180,7 +199,7 @@ TEST_P(Fcitx5TypingTest, TheFirstKeyIsTypedWithWhatWasSelectedHoweverStateIsShar
     const std::pair<const char*, const char*> cases[] = {{"xkb:us", "s"}, {"xkb:ru", "ы"}, {"xkb:us", "s"}};
     for (const auto& [id, typed] : cases) {
         InputWindow window(id);
-        session.desktop.applicationActivated(window.process());
+        session.desktop.applicationActivated(id, window.process());
         ASSERT_TRUE(session.desktop.selectInputSource({.id = id}));
         ASSERT_TRUE(window.waitFor("shown "));
         user.pressTogether({39}); // S
@@ -195,7 +214,7 @@ TEST(Fcitx5Layouts, ThatItHasOverwrittenAreStillItsOwn) {
     Fcitx5Client client(session.daemon, "client");
     client.focusIn();
     for (const auto* id : {"xkb:ru", "xkb:us", "xkb:ru"}) {
-        session.desktop.applicationActivated(getpid());
+        session.desktop.applicationActivated(id, getpid());
         EXPECT_TRUE(session.desktop.selectInputSource({.id = id}));
         EXPECT_TRUE(session.waitForReal(QString::fromStdString(fcitx5InputMethodOfID(id))));
         EXPECT_EQ(session.layouts.copyCurrentKeyboardInputSource()->id, "xkb:us");

@@ -90,8 +90,11 @@ protected:
     void activate(int process, const char* wish) {
         if (recent_.first != process)
             after(100ms, [this, before = focuses_] { hasFocus_ = hasFocus_ && focuses_ != before; });
-        selection_.activated(process, now_);
-        if (*wish) selection_.select(wish, now_);
+        selection_.activated({std::to_string(process), process}, layout_, now_);
+        if (*wish && selection_.current() != wish) {
+            selection_.select(wish, now_);
+            ++selections_;
+        }
     }
 
     void set(const std::string& inputMethod) {
@@ -124,7 +127,8 @@ protected:
     bool hasFocus_ = false;
     bool isTelling_ = true;
     microseconds callTakes_ = 150us, newsTake_ = 500us;
-    int focuses_ = 0, asked_ = 0;
+    int focuses_ = 0, asked_ = 0, selections_ = 0;
+    std::string layout_ = "keyboard-us";
     std::vector<std::string> refused_;
     Fcitx5Selection selection_{{.ask =
                                     [this](unsigned number, const std::string& inputMethod) {
@@ -240,6 +244,60 @@ TEST_F(Fcitx5SelectionTest, OthersContextsAreLeftAlone) {
     EXPECT_EQ(contexts_.at({0, 0}), "hangul");
 }
 
+TEST_F(Fcitx5SelectionTest, OnlyWhatChangesSomethingIsSelected) {
+    const std::pair<int, const char*> applications[] = {{latin, "keyboard-us"},
+                                                        {cyrillic, "keyboard-ru"},
+                                                        {terminal, "hangul"},
+                                                        {withoutText, "keyboard-us"}};
+    for (int round = 0; round < 3; ++round) {
+        for (const auto& [process, wish] : applications) {
+            activate(process, wish);
+            EXPECT_EQ(selection_.current(), wish);
+            if (process != withoutText) focus(process);
+            pass(1s);
+            if (process == withoutText) continue;
+            EXPECT_EQ(contexts_.at({process, 0}), wish);
+        }
+        EXPECT_EQ(std::exchange(selections_, 0), round == 0 ? 4 : 0) << round;
+    }
+    activate(cyrillic, "keyboard-ru");
+    focus(cyrillic, 1);
+    pass(1s);
+    EXPECT_EQ(contexts_.at({cyrillic, 1}), "keyboard-ru") << "a window that was not there before";
+    EXPECT_EQ(std::exchange(selections_, 0), 0);
+    layout_ = "keyboard-ru";
+    activate(withoutText, "keyboard-us");
+    EXPECT_EQ(std::exchange(selections_, 0), 1) << "it is typed with another layout now";
+    pass(1s);
+    activate(cyrillic, "keyboard-ru");
+    focus(cyrillic, 1);
+    pass(1s);
+    set("hangul");
+    pass(1s);
+    activate(latin, "keyboard-us");
+    pass(1s);
+    activate(cyrillic, "keyboard-ru");
+    EXPECT_EQ(std::exchange(selections_, 0), 1) << "the user has changed it";
+    focus(cyrillic, 1);
+    pass(1s);
+    // Somebody else changes what an application has that was left: contexts share it, say.
+    activate(latin, "keyboard-us");
+    focus(latin);
+    pass(1s);
+    contexts_.at({cyrillic, 1}) = "hangul";
+    for (const int selections : {0, 1}) {
+        activate(cyrillic, "keyboard-ru");
+        focus(cyrillic, 1);
+        pass(1s);
+        EXPECT_EQ(contexts_.at({cyrillic, 1}), "keyboard-ru");
+        EXPECT_EQ(std::exchange(selections_, 0), selections) << "memory is not relied upon any more";
+        activate(latin, "keyboard-us");
+        focus(latin);
+        pass(1s);
+        selections_ = 0;
+    }
+}
+
 TEST_F(Fcitx5SelectionTest, WhoHadTheFocusFirstIsNotToldOf) {
     isTelling_ = false;
     focus(cyrillic);
@@ -273,13 +331,13 @@ TEST_F(Fcitx5SelectionTest, GivesUpInTime) {
 
 TEST_F(Fcitx5SelectionTest, AContextThatLosesTheFocusAtOnceHasItsOwnNevertheless) {
     for (const auto lost : {0us, 600us, 900us}) {
-        contexts_.clear();
+        const int number = focuses_;
         activate(latin, "hangul");
         pass(53ms); // It opens, and is not looked for at this moment.
-        focus(latin);
+        focus(latin, number);
         after(lost, [this] { hasFocus_ = false; });
         pass(1s);
-        EXPECT_EQ(contexts_.at({latin, 0}), "hangul");
+        EXPECT_EQ(contexts_.at({latin, number}), "hangul");
         EXPECT_EQ(selection_.current(), "hangul");
         EXPECT_THAT(refused_, testing::IsEmpty());
         activate(cyrillic, "");
@@ -296,7 +354,8 @@ TEST_F(Fcitx5SelectionTest, TheLastApplicationGetsItsOwnHoweverQuicklyTheyFollow
                                                         {otherTerminal, "hangul"}};
     for (int storm = 0; storm < 10000; ++storm) {
         const std::pair<int, const char*>* last = nullptr;
-        contexts_.clear();
+        contexts_.clear(); // Fcitx5 is another one each time.
+        selection_.forget();
         activate(withoutText, "");
         callTakes_ = upTo(5000);
         newsTake_ = upTo(20000);
@@ -306,11 +365,11 @@ TEST_F(Fcitx5SelectionTest, TheLastApplicationGetsItsOwnHoweverQuicklyTheyFollow
             if (std::exchange(last, next) == next) continue;
             const auto begin = upTo(40000);
             after(begin, [this, next] { activate(next->first, next->second); });
-            after(begin + upTo(10000), [this, next] { focus(next->first); });
+            after(begin + upTo(10000), [this, next, storm] { focus(next->first, storm); });
             pass(begin + 10ms + upTo(20000));
         }
         pass(500ms);
-        EXPECT_EQ(contexts_.at({last->first, 0}), last->second) << storm;
+        EXPECT_EQ(contexts_.at({last->first, storm}), last->second) << storm;
         EXPECT_EQ(selection_.current(), last->second) << storm;
     }
 }

@@ -15,8 +15,8 @@ public:
         bus_.registerService("org.freedesktop.portal.Desktop");
     }
     ~Portal() override {
-        bus_.unregisterObject(
-            path); // Qt closes the connection in a thread of its own, and looks at this there.
+        // Qt closes connections in a thread of its own, and touches there what is registered, dying or not.
+        bus_.unregisterObject(path);
         QDBusConnection::disconnectFromBus("portal");
     }
 

@@ -148,8 +148,10 @@ void Fcitx5InputSources::ask(unsigned number, const std::string& inputMethod) {
     });
 }
 
-void Fcitx5InputSources::applicationActivated(int process) {
-    selection_.activated(process, Clock::now());
+void Fcitx5InputSources::applicationActivated(const std::string& application, int process) {
+    const auto layout = layouts_.copyCurrentKeyboardInputSource();
+    selection_.activated({application, process}, layout ? fcitx5InputMethodOfID(layout->id) : std::string(),
+                         Clock::now());
     selectionMoved();
 }
 

@@ -40,7 +40,7 @@ public:
     std::string_view idPrefix() const override { return fcitx5IdPrefix; }
     bool isAvailable() const override { return isAvailable_; }
     bool isStartedAnew() const override { return controller_.isStartedAnew(); }
-    void applicationActivated(int process) override;
+    void applicationActivated(const std::string& application, int process) override;
 
     /// The application in front has another window there, of that process. It may have an input method of its
     /// own.

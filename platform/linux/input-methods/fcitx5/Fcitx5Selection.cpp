@@ -18,6 +18,9 @@ constexpr auto looseSearch = 100ms, looseSearchUntil = 10000ms;
 /// its contexts alone.
 constexpr auto decision = 100ms;
 
+// A process number is used again some time: these are only too many programs that have ended.
+constexpr std::size_t mostApplications = 500;
+
 constexpr milliseconds retries[] = {10ms, 20ms, 50ms, 200ms};
 
 } // namespace
@@ -26,13 +29,15 @@ bool Fcitx5Selection::Answer::isFocusNowhere() const {
     return contexts && std::ranges::none_of(*contexts, &Fcitx5Context::hasFocus);
 }
 
-void Fcitx5Selection::activated(int process, Time now) {
-    focus_.activated(process, now);
-    wish_.reset();
-    current_.reset();
+void Fcitx5Selection::activated(const Application& application, const std::string& layout, Time now) {
+    remember();
+    front_ = application;
+    focus_.activated(application.process, now);
+    recall(layout);
     activatedAt_ = now;
     target_.clear();
-    stray_ = std::exchange(selected_, {});
+    std::erase_if(strays_, [now](const auto& stray) { return now >= stray.second; });
+    if (!selected_.empty()) strays_[std::exchange(selected_, {})] = now + Fcitx5Focus::overtaking;
     const auto* context = focus_.inFront(now);
     if (context && focus_.isTold())
         look(*context, toldInputMethod_, now);
@@ -40,7 +45,33 @@ void Fcitx5Selection::activated(int process, Time now) {
         search(now);
 }
 
+void Fcitx5Selection::remember() {
+    if (left_.size() >= mostApplications) left_.clear();
+    if (front_.process != 0 && wish_ && !areShared_) {
+        served_.merge(recalled_);
+        left_[front_] = {*wish_, served_};
+    } else {
+        left_.erase(front_);
+    }
+}
+
+void Fcitx5Selection::recall(const std::string& layout) {
+    wish_.reset();
+    current_.reset();
+    recalled_.clear();
+    seen_.clear();
+    const auto left = left_.find(front_);
+    if (left == left_.end()) return;
+    const auto& [wish, contexts] = left->second;
+    if (contexts.empty() && wish != layout) return;
+    wish_ = current_ = wish;
+    recalled_ = contexts;
+    served_.clear();
+    tries_ = 0;
+}
+
 void Fcitx5Selection::select(const std::string& inputMethod, Time now) {
+    recalled_.clear();
     wish_ = current_ = inputMethod;
     served_.clear();
     target_.clear();
@@ -117,7 +148,8 @@ void Fcitx5Selection::answered(unsigned number, const Answer& answer, Time now) 
         focus_.seen(answer.contexts, answer.isToldOfMost, now);
         // A context that Fcitx5 has taken the focus from is told of no more. Its program still has the keys,
         // and what is selected reaches it.
-        if (focus_.isTold() && answer.isFocusNowhere()) toldInputMethod_ = answer.inputMethod;
+        if (focus_.isTold() && answer.isFocusNowhere() && !answer.inputMethod.empty())
+            toldInputMethod_ = answer.inputMethod;
     }
     const auto* context = focus_.inFront(now);
     if (context)
@@ -129,6 +161,13 @@ void Fcitx5Selection::answered(unsigned number, const Answer& answer, Time now) 
 
 void Fcitx5Selection::look(const std::string& context, const std::string& inputMethod, Time now) {
     if (std::exchange(isSearching_, false)) dueAt_.reset();
+    if (recalled_.erase(context) > 0 && wish_ && inputMethod != *wish_) {
+        areShared_ = true;
+        left_.clear();
+    }
+    const bool isSeenAgain = std::exchange(seen_, context) == context;
+    // Nobody selected anything here: what was selected elsewhere has arrived late.
+    if (!wish_ && isSeenAgain && current_ != inputMethod && isStray(inputMethod, now)) wish_ = current_;
     if (!wish_) {
         tellCurrent(inputMethod);
     } else if (inputMethod == *wish_) {
@@ -161,7 +200,8 @@ void Fcitx5Selection::tryAgain(const std::string& inputMethod, Time now) {
 
 bool Fcitx5Selection::isStray(const std::string& inputMethod, Time now) const {
     // A selection under way changes the context that has the focus when it arrives.
-    return inputMethod == stray_ && now < activatedAt_ + Fcitx5Focus::overtaking;
+    const auto stray = strays_.find(inputMethod);
+    return stray != strays_.end() && now < stray->second;
 }
 
 void Fcitx5Selection::tellCurrent(const std::string& inputMethod) {
@@ -188,6 +228,8 @@ void Fcitx5Selection::giveUp() {
 void Fcitx5Selection::forget() {
     giveUp();
     focus_.forget();
+    left_.clear();
+    areShared_ = false;
 }
 
 } // namespace quorvane

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <functional>
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -43,15 +44,25 @@ public:
 
     explicit Fcitx5Selection(Calls calls) : calls_(std::move(calls)) {}
 
-    /// What is wished for, else what Fcitx5 told; none from an activation until then.
+    /// An application, and the process that its window in front is of; 0 when that is not known.
+    struct Application {
+        std::string identifier;
+        int process = 0;
+
+        auto operator<=>(const Application&) const = default;
+    };
+
+    /// What is wished for, else what Fcitx5 told; none from an activation until then, unless the application
+    /// is known.
     const std::optional<std::string>& current() const { return current_; }
 
     /// The application in front has got no context, and may never get one.
     bool isWithoutContext() const { return isSearching_ && !dueAt_ && !isUnderWay(); }
 
-    /// Another application, which runs in that process, has come to the front; a wish for it follows at once,
-    /// or not at all.
-    void activated(int process, Time now);
+    /// Another application has come to the front; a wish for it follows at once, or not at all. What was
+    /// wished for when it was left is what it still has, and is wished for again: whoever finds it selected
+    /// does not select it. `layout` is what is typed where there is no context.
+    void activated(const Application& application, const std::string& layout, Time now);
 
     /// A wish for the application in front.
     void select(const std::string& inputMethod, Time now);
@@ -77,7 +88,15 @@ public:
     void forget();
 
 private:
+    /// What an application was typed with that was left.
+    struct Left {
+        std::string wish;
+        std::set<std::string> contexts; ///< Those that had it; none for an application that has no context.
+    };
+
     bool isUnderWay() const { return answered_ != asked_; }
+    void remember();
+    void recall(const std::string& layout);
     void ask(const std::string& inputMethod = {});
     void search(Time now);
     void searchAgain(Time now);
@@ -89,12 +108,18 @@ private:
     Calls calls_;
     Fcitx5Focus focus_;
     std::optional<std::string> current_, wish_;
+    Application front_;
+    std::map<Application, Left> left_;
+    std::set<std::string> recalled_; ///< Contexts that had the wish when the application was left.
+    bool areShared_ = false;         ///< Contexts change with one another: nothing can be recalled.
     Time activatedAt_{};
-    std::string toldInputMethod_;  ///< Of the context that was told of last.
-    std::set<std::string> served_; ///< Contexts that have had what is wished for.
-    std::string target_;           ///< The context for which it was last selected.
-    std::string selected_;         ///< What was selected last.
-    std::string stray_;            ///< What was selected last for the application that was left.
+    std::string toldInputMethod_;        ///< Of the context that was told of last.
+    std::set<std::string> served_;       ///< Contexts that have had what is wished for.
+    std::string seen_;                   ///< The context that was last looked at, since the activation.
+    std::string target_;                 ///< The context for which it was last selected.
+    std::string selected_;               ///< What was selected last.
+    std::map<std::string, Time> strays_; ///< What was selected for applications that were left, and until
+                                         ///< when it may still arrive.
 
     bool isSearching_ = false;
     Time searchingSince_{};

@@ -11,6 +11,7 @@ namespace {
 constexpr const char* busName = "org.freedesktop.IBus";
 constexpr const char* objectPath = "/org/freedesktop/IBus";
 constexpr const char* interfaceOfDaemon = "org.freedesktop.IBus";
+constexpr const char* interfaceOfContext = "org.freedesktop.IBus.InputContext";
 constexpr const char* interfaceOfProperties = "org.freedesktop.DBus.Properties";
 constexpr int forEver = G_MAXINT; // milliseconds
 
@@ -29,6 +30,7 @@ public:
         g_cancellable_cancel(cancellable.get());
         if (!connection) return;
         g_dbus_connection_signal_unsubscribe(connection.get(), subscription);
+        g_dbus_connection_signal_unsubscribe(connection.get(), contextSubscription);
         g_signal_handler_disconnect(connection.get(), closedHandler);
         g_dbus_connection_close(connection.get(), nullptr, nullptr, nullptr);
     }
@@ -74,6 +76,15 @@ private:
                 bus->owner.told(engine);
             },
             new Weak(self), deleteWeak);
+        contextSubscription = g_dbus_connection_signal_subscribe(
+            connection.get(), nullptr, interfaceOfContext, nullptr, nullptr, nullptr,
+            G_DBUS_SIGNAL_FLAGS_NONE,
+            [](GDBusConnection*, const char*, const char*, const char*, const char* name, GVariant* arguments,
+               gpointer data) {
+                if (const auto bus = static_cast<Weak*>(data)->lock())
+                    bus->owner.contextSignal.emit(name, arguments);
+            },
+            new Weak(self), deleteWeak);
         constexpr auto closedWithoutWeak = +[](GDBusConnection*, gboolean, GError*, gpointer data) {
             if (const auto bus = static_cast<Weak*>(data)->lock()) bus->owner.lost();
         };
@@ -83,6 +94,7 @@ private:
     }
 
     guint subscription = 0;
+    guint contextSubscription = 0;
     gulong closedHandler = 0;
 };
 
@@ -127,7 +139,7 @@ void IBusConnection::told(std::string_view engine) {
 }
 
 void IBusConnection::ask(const char* property, Answer answer) {
-    call(interfaceOfProperties, "Get", g_variant_new("(ss)", interfaceOfDaemon, property),
+    call(objectPath, interfaceOfProperties, "Get", g_variant_new("(ss)", interfaceOfDaemon, property),
          [answer = std::move(answer)](GVariant* value, std::string_view error) {
              if (!value || !g_variant_is_of_type(value, G_VARIANT_TYPE("(v)"))) return answer(nullptr, error);
              const GVariantRef boxed(g_variant_get_child_value(value, 0));
@@ -137,18 +149,31 @@ void IBusConnection::ask(const char* property, Answer answer) {
 }
 
 void IBusConnection::setGlobalEngine(const std::string& engine, Answer answer) {
-    call(interfaceOfDaemon, "SetGlobalEngine", g_variant_new("(s)", engine.c_str()), std::move(answer));
+    call(objectPath, interfaceOfDaemon, "SetGlobalEngine", g_variant_new("(s)", engine.c_str()),
+         std::move(answer));
 }
 
-void IBusConnection::call(const char* interfaceName, const char* method, GVariant* arguments, Answer answer) {
+void IBusConnection::createContext(Answer answer) {
+    call(objectPath, interfaceOfDaemon, "CreateInputContext", g_variant_new("(s)", "quorvane"),
+         std::move(answer));
+}
+
+void IBusConnection::callContext(const std::string& path, const char* method, GVariant* arguments,
+                                 Answer answer) {
+    if (!answer) answer = [](auto*, auto) {};
+    call(path.c_str(), interfaceOfContext, method, arguments, std::move(answer));
+}
+
+void IBusConnection::call(const char* path, const char* interfaceName, const char* method,
+                          GVariant* arguments, Answer answer) {
     if (!bus_ || !bus_->connection) {
-        g_variant_unref(g_variant_ref_sink(arguments));
+        if (arguments) g_variant_unref(g_variant_ref_sink(arguments));
         return;
     }
     watch_.called(AnswerWatch::Time::clock::now());
     waitForNextDue();
     g_dbus_connection_call(
-        bus_->connection.get(), busName, objectPath, interfaceName, method, arguments, nullptr,
+        bus_->connection.get(), busName, path, interfaceName, method, arguments, nullptr,
         G_DBUS_CALL_FLAGS_NO_AUTO_START, forEver, bus_->cancellable.get(),
         [](GObject* connection, GAsyncResult* result, gpointer data) {
             const std::unique_ptr<Call> call(static_cast<Call*>(data));

@@ -37,17 +37,25 @@ public:
     void ask(const char* property, Answer answer);
     void setGlobalEngine(const std::string& engine, Answer answer);
 
+    /// Has the daemon make an input context, of which `contextSignal` tells. The answer has its path.
+    void createContext(Answer answer);
+
+    /// A call to an input context. A floating `arguments` is taken over.
+    void callContext(const std::string& path, const char* method, GVariant* arguments, Answer answer = {});
+
     Signal<> opened;
     Signal<> closed; ///< By the daemon, or there was none at the address.
     Signal<std::string_view> globalEngineChanged;
-    Signal<> silenceBegan; ///< The daemon leaves calls unanswered.
+    Signal<std::string_view, GVariant*> contextSignal; ///< Its name and its arguments.
+    Signal<> silenceBegan;                             ///< The daemon leaves calls unanswered.
     Signal<> silenceEnded;
 
 private:
     class Bus;
     struct Call;
 
-    void call(const char* interfaceName, const char* method, GVariant* arguments, Answer answer);
+    void call(const char* path, const char* interfaceName, const char* method, GVariant* arguments,
+              Answer answer);
     void lost();
     void told(std::string_view engine);
     void waitForNextDue();

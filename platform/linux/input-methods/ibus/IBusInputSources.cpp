@@ -106,7 +106,7 @@ std::string IBusInputSources::currentID() const {
     return current ? current->id : std::string();
 }
 
-void IBusInputSources::applicationActivated(int /*process*/) {
+void IBusInputSources::applicationActivated(const std::string& /*application*/, int /*process*/) {
     if (isAvailable_) selection_.restoreIfGone();
 }
 

@@ -35,7 +35,7 @@ public:
     std::string_view idPrefix() const override { return ibusIdPrefix; }
     bool isAvailable() const override { return isAvailable_; }
     bool isStartedAnew() const override { return isStartedAnew_; }
-    void applicationActivated(int process) override;
+    void applicationActivated(const std::string& application, int process) override;
 
 private:
     void connectToDaemon();
