@@ -20,8 +20,8 @@ class HotKeys {
 public:
     virtual ~HotKeys() = default;
 
-    /// The keyboard has changed, or others have: what was refused may be granted now, and what was granted may
-    /// rest. Registering it again tells.
+    /// The keyboard has changed, or others have: what was refused may be granted now, and what was granted
+    /// may rest. Registering it again tells.
     Signal<> changed;
 
     /// From now on the combination reaches no other program, and the handler is called from the run loop:

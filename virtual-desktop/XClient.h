@@ -31,7 +31,7 @@ public:
     void minimise(xcb_window_t window);
     void fillScreen(xcb_window_t window); ///< Without frame, above panels.
     void setState(xcb_window_t window, std::string_view state, bool isOn);
-    void showDesktop(unsigned number);    ///< Counted from 0.
+    void showDesktop(unsigned number); ///< Counted from 0.
 
     std::vector<std::uint32_t> values(xcb_window_t window, std::string_view property);
     std::vector<std::string> texts(xcb_window_t window, std::string_view property);

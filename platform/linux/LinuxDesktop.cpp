@@ -85,6 +85,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     , application_(x)
     , applicationBundles_(desktopEntries_)
     , interfaceFiles_(x, screens_, notifications_, defaults_.standardUserDefaults())
+    , settingsNotices_(defaults_.health(), interfaceFiles_.notices())
     , activations_(workspace_.addObserver(WorkspaceNotification::didActivateApplication,
                                           [this](const auto&) { interfaceFiles_.raiseIndicator(); }))
     // A window that now fills the screen covers it.

@@ -17,6 +17,7 @@
 #include "platform/linux/keyboard/X11HotKeys.h"
 #include "platform/linux/keyboard/XkbInputSources.h"
 #include "platform/linux/open-panel/QtOpenPanel.h"
+#include "platform/linux/preferences/SettingsNotices.h"
 #include "platform/linux/qt/LinuxApplicationBundles.h"
 #include "platform/linux/qt/QtAlerts.h"
 #include "platform/linux/qt/QtApplicationPort.h"
@@ -79,6 +80,7 @@ private:
     LinuxApplicationBundles applicationBundles_;
     QtImages images_;
     QtInterfaceFiles interfaceFiles_;
+    SettingsNotices settingsNotices_;
     Subscription activations_;
     Subscription frontWindowChanges_;
     Subscription launcherChanges_;

@@ -45,7 +45,7 @@ private:
     XConnection& x_;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
     std::list<HotKey> keys_;
-    bool isStarted_ = false; ///< It listens to the keyboard's map since the first was asked for.
+    bool isStarted_ = false;         ///< It listens to the keyboard's map since the first was asked for.
     ModifierBits bits_;              ///< What the grabs are made of.
     std::vector<std::uint8_t> held_; ///< Since a hot key was pressed, which is the first.
     Subscription events_;

@@ -5,6 +5,7 @@
 #include "platform/linux/preferences/CellTable.h"
 #include "platform/linux/preferences/NoticeStrip.h"
 #include "platform/linux/preferences/QtPreferences.h"
+#include "platform/linux/preferences/SettingsNotices.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 
 namespace quorvane {
@@ -32,6 +33,25 @@ TEST(QtPreferences, TellsItsNoticesWhereverItsWindowIsByThen) {
     EXPECT_EQ(told(), "");
     const auto* table = windows.first()->findChild<CellTable*>("autoInputByApplicationTableView");
     EXPECT_EQ(table->property("emptyText").toString(), waylandNotice());
+}
+
+TEST(SettingsNotices, TellAsLongAsItIsSo) {
+    SettingsHealth health;
+    Notices notices;
+    const SettingsNotices told(health, notices);
+    EXPECT_EQ(notices.text(), "");
+    using enum SettingsHealth::Obstacle;
+    health.cannotSave("file", cannotBeWritten, "/folder", "disk full");
+    EXPECT_EQ(notices.text(),
+              "/folder cannot be written (disk full). Your settings are in use, and are saved as soon "
+              "as they can be.");
+    health.saves("file");
+    EXPECT_EQ(notices.text(), "");
+    health.cannotSave("file", lockedByAnotherProgram, "/file", "");
+    health.wasSetAside("/kept");
+    EXPECT_EQ(notices.text(),
+              "A settings file was damaged and has been replaced. What was in it is kept as /kept.\n"
+              "Another program keeps /file locked. Your settings are in use, and are saved later.");
 }
 
 } // namespace

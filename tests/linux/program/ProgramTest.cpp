@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 
 #include "linux/program/ProgramSession.h"
-#include "linux/support/TestWindow.h"
 #include "linux/support/ShownWindows.h"
+#include "linux/support/TestWindow.h"
 #include "settings/Keys.h"
 #include "virtual-desktop/WaitUntil.h"
 
