@@ -42,6 +42,7 @@ const KnownLauncher* launcherOfDesktopId(std::string_view desktopId) {
 
 std::vector<std::string> launcherIdentifiers() {
     std::vector<std::string> identifiers;
+    identifiers.reserve(std::size(launchers));
     for (const auto& launcher : launchers)
         identifiers.emplace_back(launcher.desktopId);
     return identifiers;
