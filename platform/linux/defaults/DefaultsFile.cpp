@@ -47,13 +47,13 @@ ReadFile readFile(const std::filesystem::path& path) {
     // Not blocking, for whoever puts a pipe there.
     result.file = FileDescriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     // The attributes from before the reading: a change during it makes the next look read again.
-    if (!result.file.isOpen() || ::fstat(result.file.number(), &result.attributes) != 0)
-        result.error = lastSystemError();
-    else if (!S_ISREG(result.attributes.st_mode))
+    const bool isOpen = result.file.isOpen() && ::fstat(result.file.number(), &result.attributes) == 0;
+    if (isOpen && !S_ISREG(result.attributes.st_mode)) {
         result.error = std::make_error_code(std::errc::invalid_argument);
-    else if (!readAll(result.file.number(), static_cast<std::size_t>(result.attributes.st_size),
-                      result.bytes))
-        result.error = lastSystemError();
+        return result;
+    }
+    const auto size = static_cast<std::size_t>(result.attributes.st_size);
+    if (!isOpen || !readAll(result.file.number(), size, result.bytes)) result.error = lastSystemError();
     return result;
 }
 
