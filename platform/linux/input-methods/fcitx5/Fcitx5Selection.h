@@ -6,6 +6,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "platform/linux/input-methods/fcitx5/Fcitx5ContextNews.h"
@@ -49,7 +50,10 @@ public:
         std::string identifier;
         int process = 0;
 
-        auto operator<=>(const Application&) const = default;
+        bool operator==(const Application&) const = default;
+        bool operator<(const Application& other) const {
+            return std::tie(identifier, process) < std::tie(other.identifier, other.process);
+        }
     };
 
     /// What is wished for, else what Fcitx5 told; none from an activation until then, unless the application
