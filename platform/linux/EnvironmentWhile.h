@@ -11,7 +11,7 @@ namespace quorvane {
 class EnvironmentWhile {
 public:
     /// Without a value the variable is not set.
-    EnvironmentWhile(const char* variable, std::optional<QByteArray> value) : variable_(variable) {
+    EnvironmentWhile(const char* variable, const std::optional<QByteArray>& value) : variable_(variable) {
         if (qEnvironmentVariableIsSet(variable)) before_ = qgetenv(variable);
         set(value);
     }
