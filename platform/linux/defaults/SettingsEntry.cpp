@@ -42,15 +42,6 @@ std::optional<std::string> linesOf(const PropertyListNode& dictionary) {
     return xml->substr(first + start.size(), last - first - start.size());
 }
 
-std::shared_ptr<const SettingsEntry> entryOf(const std::string& key, PropertyList value,
-                                             PropertyListNode node) {
-    const PropertyListNode dictionary(plist_new_dict());
-    plist_dict_set_item(dictionary.get(), key.c_str(), node.release());
-    auto lines = linesOf(dictionary);
-    if (!lines) return nullptr;
-    return std::make_shared<const SettingsEntry>(SettingsEntry{std::move(value), *std::move(lines)});
-}
-
 } // namespace
 
 std::string_view refusalOf(std::string_view key, const PropertyList& value) {
@@ -59,11 +50,11 @@ std::string_view refusalOf(std::string_view key, const PropertyList& value) {
 }
 
 std::shared_ptr<const SettingsEntry> makeSettingsEntry(const std::string& key, const PropertyList& value) {
-    return entryOf(key, value, nodeOf(value));
-}
-
-std::shared_ptr<const SettingsEntry> makeSettingsEntry(const std::string& key, void* node) {
-    return entryOf(key, propertyListOf(node), PropertyListNode(plist_copy(node)));
+    const PropertyListNode dictionary(plist_new_dict());
+    plist_dict_set_item(dictionary.get(), key.c_str(), nodeOf(value).release());
+    auto lines = linesOf(dictionary);
+    if (!lines) return nullptr;
+    return std::make_shared<const SettingsEntry>(SettingsEntry{value, *std::move(lines)});
 }
 
 } // namespace quorvane

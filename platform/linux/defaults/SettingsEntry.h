@@ -25,7 +25,4 @@ std::string_view refusalOf(std::string_view key, const PropertyList& value);
 /// Null when it cannot be made into text.
 std::shared_ptr<const SettingsEntry> makeSettingsEntry(const std::string& key, const PropertyList& value);
 
-/// The same for a value in libplist's form, which stays the caller's.
-std::shared_ptr<const SettingsEntry> makeSettingsEntry(const std::string& key, void* node);
-
 } // namespace quorvane

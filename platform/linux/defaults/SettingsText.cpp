@@ -84,7 +84,10 @@ std::optional<SettingsEntries> readWhole(std::string_view bytes) {
     if (!node || plist_get_node_type(node.get()) != PLIST_DICT) return std::nullopt;
     SettingsEntries entries;
     forEachItem(node.get(), [&](const std::string& key, void* item) {
-        if (auto entry = makeSettingsEntry(key, item)) entries.insert_or_assign(key, std::move(entry));
+        // Not the node itself: libplist's copy of a text with a NUL in it is shorter than it says.
+        const auto value = propertyListOf(item);
+        if (value.isNothing()) return;
+        if (auto entry = makeSettingsEntry(key, value)) entries.insert_or_assign(key, std::move(entry));
     });
     return entries;
 }

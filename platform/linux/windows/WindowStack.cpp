@@ -75,11 +75,13 @@ void WindowStack::readClients() {
 /// One round trip for each level of nesting.
 void WindowStack::findTopsOf(Windows clients) {
     std::vector<std::pair<xcb_window_t, xcb_window_t>> open; // The client, and how far up we are.
+    open.reserve(clients.size());
     for (const auto client : clients)
         open.emplace_back(client, client);
     constexpr int deepestFrame = 3; // Window managers put two windows around a client at most.
     for (int level = 0; level < deepestFrame && !open.empty(); ++level) {
         std::vector<xcb_query_tree_cookie_t> cookies;
+        cookies.reserve(open.size());
         for (const auto& each : open)
             cookies.push_back(xcb_query_tree(x_.xcb(), each.second));
         decltype(open) next;

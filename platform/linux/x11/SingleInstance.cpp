@@ -62,7 +62,7 @@ void SingleInstance::waitForTheOtherToEnd() {
         std::this_thread::sleep_for(pause);
 }
 
-void SingleInstance::onReopen(std::function<void()> handler) {
+void SingleInstance::onReopen(const std::function<void()>& handler) {
     x_.selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
     reopen_ = x_.onEvent([this, handler](const xcb_generic_event_t& event) {
         if ((event.response_type & 0x7f) != XCB_PROPERTY_NOTIFY) return;

@@ -25,7 +25,7 @@ public:
     void waitForTheOtherToEnd();
 
     /// The user has launched the program again: told now if that was so before, and from now on.
-    void onReopen(std::function<void()> handler);
+    void onReopen(const std::function<void()>& handler);
 
 private:
     xcb_window_t owner();

@@ -97,7 +97,8 @@ TEST(ManagedLauncher, LeavesHotKeysWithoutEffectWhileItHasTheFocus) {
     ASSERT_TRUE(session.waitForGroup(de));
     session.user.pressTogether({37, 64, 27});
     ASSERT_TRUE(session.waitForGroup(us));
-    EXPECT_EQ(session.switchTimes(), 4) << "one for each window, and one hot key";
+    EXPECT_TRUE(waitUntil([&] { return session.switchTimes() == 4; }))
+        << "one for each window, and one hot key";
 }
 
 constexpr RealLauncher realLaunchers[] = {
