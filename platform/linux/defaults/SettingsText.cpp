@@ -1,5 +1,7 @@
 #include "platform/linux/defaults/SettingsText.h"
 
+#include <algorithm>
+
 #include <plist/plist.h>
 
 #include "platform/linux/defaults/PropertyListBytes.h"
@@ -78,17 +80,25 @@ std::optional<SettingsEntries> readByEntry(std::string_view bytes, const Setting
     return EntryReader(bytes.substr(head.size(), bytes.size() - head.size() - tail.size()), before).read();
 }
 
-/// Of any property list.
+bool hold(const SettingsEntries& entries, const PropertyList::Dictionary& values) {
+    return std::ranges::equal(entries, values, [](const auto& entry, const auto& value) {
+        return entry.first == value.first && entry.second->value == value.second;
+    });
+}
+
+/// Of any property list. As text it keeps what the program's values cannot hold, like dates of other ages;
+/// but texts of binary lists may hold a NUL, and XML cannot.
 std::optional<SettingsEntries> readWhole(std::string_view bytes) {
     const auto node = readPropertyList(bytes);
     if (!node || plist_get_node_type(node.get()) != PLIST_DICT) return std::nullopt;
+    const auto value = propertyListOf(node.get());
+    if (const auto xml = xmlOf(node)) {
+        if (auto entries = readByEntry(*xml, {}); entries && hold(*entries, *value.dictionary()))
+            return entries;
+    }
     SettingsEntries entries;
-    forEachItem(node.get(), [&](const std::string& key, void* item) {
-        // Not the node itself: libplist's copy of a text with a NUL in it is shorter than it says.
-        const auto value = propertyListOf(item);
-        if (value.isNothing()) return;
-        if (auto entry = makeSettingsEntry(key, value)) entries.insert_or_assign(key, std::move(entry));
-    });
+    for (const auto& [key, item] : *value.dictionary())
+        if (auto entry = makeSettingsEntry(key, item)) entries.insert_or_assign(key, std::move(entry));
     return entries;
 }
 

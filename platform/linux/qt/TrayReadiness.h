@@ -22,10 +22,8 @@ public:
     /// `ready` is called once, from the event loop. The connection must outlive this object.
     TrayReadiness(XConnection& x, std::function<void()> ready);
 
-private Q_SLOTS:
-    void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
-
 private:
+    Q_SLOT void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
     void ask(const QDBusMessage& question, void (TrayReadiness::*answered)(const QDBusMessage& answer));
     void toldOfOwner(const QDBusMessage& answer);
     void askWatcher();

@@ -42,7 +42,8 @@ public:
     QString toolTip() {
         const QVariantList property = {"org.kde.StatusNotifierItem", "ToolTip"};
         const auto answer = askItem("org.freedesktop.DBus.Properties", "Get", property);
-        const auto told = answer.arguments().value(0).value<QDBusVariant>().variant().value<QDBusArgument>();
+        const auto boxed = answer.arguments().value(0).value<QDBusVariant>();
+        const auto told = boxed.variant().value<QDBusArgument>();
         QString icon, title;
         told.beginStructure();
         told >> icon;
@@ -50,6 +51,7 @@ public:
         told >> title;
         while (!told.atEnd())
             told.asVariant(); // A structure that is not read to its end leaks.
+        told.endStructure();
         return title;
     }
 
