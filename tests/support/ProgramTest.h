@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -30,6 +31,23 @@ protected:
     }
 
     void launchCompanion() { desktop_.workspace.launch(std::string(maker::companionBundleIdentifier)); }
+
+    /// What a word of a story stands for. A hexadecimal number is a key event with these flags, any other
+    /// lets that many seconds pass.
+    void happen(const std::string& word) {
+        if (word == "companion") {
+            launchCompanion();
+        } else if (word.starts_with('=')) {
+            desktop_.inputSources.selectFromOutside(word.substr(1));
+        } else if (word.ends_with(".app")) {
+            desktop_.workspace.activate(word);
+        } else if (word.starts_with("0x")) {
+            desktop_.globalEvents.send(
+                {EventType::flagsChanged, std::stoull(word, nullptr, 16), desktop_.runLoop.now()});
+        } else {
+            desktop_.runLoop.advance(std::stod(word));
+        }
+    }
 
     const std::vector<std::string>& selections() { return desktop_.inputSources.selections(); }
     Point indicatorOrigin() const { return desktop_.interfaceFiles.inputIconWindow.origin; }

@@ -30,8 +30,7 @@ protected:
     }
 
     /// Lets a story happen, word by word, and returns the words with the sources that were selected
-    /// meanwhile. A hexadecimal number is a key event with these flags, any other lets that many seconds
-    /// pass.
+    /// meanwhile.
     std::string play(const std::string& story) {
         std::istringstream words(story);
         std::string told;
@@ -49,21 +48,12 @@ protected:
             desktop_.windowList.tellLauncher(OpenLauncher{word, launcherBounds});
         } else if (word == "closes") {
             desktop_.windowList.tellLauncher(std::nullopt);
-        } else if (word == "companion") {
-            launchCompanion();
         } else if (word == "restart") {
             launch();
         } else if (word == "hotkey") {
             program_->changeInputTo("fr");
-        } else if (word.starts_with('=')) {
-            desktop_.inputSources.selectFromOutside(word.substr(1));
-        } else if (word.ends_with(".app")) {
-            desktop_.workspace.activate(word);
-        } else if (word.starts_with("0x")) {
-            desktop_.globalEvents.send(
-                {EventType::flagsChanged, std::stoull(word, nullptr, 16), desktop_.runLoop.now()});
         } else {
-            desktop_.runLoop.advance(std::stod(word));
+            ProgramTest::happen(word);
         }
     }
 };

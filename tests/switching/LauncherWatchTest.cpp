@@ -27,8 +27,7 @@ protected:
         desktop_.runLoop.advance(1);
     }
 
-    /// Lets a story happen, word by word. A hexadecimal number is a key event with these flags, any other
-    /// lets that many seconds pass.
+    /// Lets a story happen, word by word.
     void play(const std::string& story) {
         std::istringstream words(story);
         for (std::string word; words >> word;) {
@@ -36,19 +35,10 @@ protected:
                 desktop_.windowList.frontToBack = {*window, window_};
             } else if (word == "closes") {
                 desktop_.windowList.frontToBack = {window_};
-            } else if (word == "companion") {
-                launchCompanion();
             } else if (word == "running") {
                 desktop_.workspace.launch(alfredId, ActivationPolicy::accessory);
-            } else if (word.starts_with('=')) {
-                desktop_.inputSources.selectFromOutside(word.substr(1));
-            } else if (word.ends_with(".app")) {
-                desktop_.workspace.activate(word);
-            } else if (word.starts_with("0x")) {
-                desktop_.globalEvents.send(
-                    {EventType::flagsChanged, std::stoull(word, nullptr, 16), desktop_.runLoop.now()});
             } else {
-                desktop_.runLoop.advance(std::stod(word));
+                happen(word);
             }
         }
     }

@@ -9,8 +9,8 @@
 
 #include <sys/stat.h>
 
-#include "platform/SettingsHealth.h"
 #include "platform/linux/defaults/FileDescriptor.h"
+#include "platform/linux/defaults/SettingsHealth.h"
 #include "platform/linux/defaults/SettingsText.h"
 
 namespace quorvane {

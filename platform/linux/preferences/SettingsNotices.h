@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/SettingsHealth.h"
+#include "platform/linux/defaults/SettingsHealth.h"
 #include "platform/linux/preferences/Notices.h"
 
 namespace quorvane {

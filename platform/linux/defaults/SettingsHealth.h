@@ -10,8 +10,8 @@
 
 namespace quorvane {
 
-/// What is wrong with keeping the settings, as far as the user should know. A desktop that keeps them in
-/// files tells it; whoever shows it observes.
+/// What is wrong with keeping the settings, as far as the user should know. Those who keep them in files tell
+/// it; whoever shows it observes.
 class SettingsHealth {
 public:
     enum class Obstacle {
@@ -35,7 +35,7 @@ public:
     /// Calls the handler after each change of what this says.
     Subscription addObserver(std::function<void()> handler) { return changed_.connect(std::move(handler)); }
 
-    // For the desktop.
+    // For those who keep the files.
 
     /// True when it is news: no other file has the same trouble.
     bool cannotSave(const std::string& file, Obstacle obstacle, std::string place, std::string detail);

@@ -1,4 +1,4 @@
-#include "platform/SettingsHealth.h"
+#include "platform/linux/defaults/SettingsHealth.h"
 
 #include <algorithm>
 #include <chrono>
