@@ -1,5 +1,7 @@
 #include "platform/linux/preferences/CheckBoxBinding.h"
 
+#include <utility>
+
 namespace quorvane {
 
 CheckBoxBinding::CheckBoxBinding(QCheckBox& checkBox, StandardUserDefaults& defaults, std::string key) {

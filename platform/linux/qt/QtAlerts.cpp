@@ -1,6 +1,7 @@
 #include "platform/linux/qt/QtAlerts.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QApplication>
 #include <QCheckBox>
