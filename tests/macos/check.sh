@@ -9,6 +9,7 @@
 set -u
 clang=$1 root=$2 generated=$3
 here=$root/tests/macos
+declarations=$root/platform/macos/declarations
 scratch=$(mktemp -d) || exit 1
 trap 'rm -rf "$scratch"' EXIT
 
@@ -24,7 +25,7 @@ check() { # processor, file
   # -U: the C library has a macro of the name that the compiler gives to a word of its own.
   # shellcheck disable=SC2086 # lists of options
   "$clang" -target "$1-apple-macosx11.0" -U__nonnull -D_GNU_SOURCE -nostdinc++ -nostdlibinc \
-    -I"$here/headers" -I"$root" -I"$root/tests" -I"$generated" -isystem "$here/check/libc" $system \
+    -I"$declarations" -I"$root" -I"$root/tests" -I"$generated" -isystem "$here/check/libc" $system \
     -fsyntax-only -x $language -std=c++20 -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor \
     -Woverloaded-virtual -Wno-missing-field-initializers -Wunguarded-availability -Wnullable-to-nonnull-conversion \
     -Wnullability-completeness -Wundeclared-selector -Wstrict-selector-match -Wobjc-interface-ivars \
@@ -36,7 +37,7 @@ check() { # processor, file
 sources() {
   find "$root/platform/macos" -name '*.mm' -o -name '*.cpp'
   find "$here/native" -name '*.mm'
-  for header in $(find "$root/platform/macos" -name '*.h'); do
+  for header in $(find "$root/platform/macos" -path "$declarations" -prune -o -name '*.h' -print); do
     [ -e "${header%.h}.mm" ] || [ -e "${header%.h}.cpp" ] || echo "$header"
   done
 }
