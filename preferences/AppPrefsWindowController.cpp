@@ -25,6 +25,7 @@ AppPrefsWindowController::AppPrefsWindowController(Desktop& desktop, const Compa
     : desktop_(desktop)
     , interface_(std::move(interface))
     , outlets_(interface_->outlets())
+    , checkBoxes_(bindCheckBoxes(outlets_.options, desktop.defaults.standardUserDefaults()))
     , changeInputTo_(std::move(changeInputTo))
     , companionAlert_(desktop.alerts, desktop.application, desktop.links)
     , links_(desktop.links, desktop.clock, desktop.facts)

@@ -10,6 +10,7 @@
 #include "input/CompanionLink.h"
 #include "platform/Desktop.h"
 #include "preferences/ApplicationRulesTable.h"
+#include "preferences/CheckBoxBinding.h"
 #include "preferences/CompanionAlert.h"
 #include "preferences/LocationRulesTable.h"
 #include "preferences/PreferencesLinks.h"
@@ -82,6 +83,7 @@ private:
     Desktop& desktop_;
     std::unique_ptr<PreferencesInterface> interface_;
     PreferencesOutlets outlets_;
+    std::vector<CheckBoxBinding> checkBoxes_;
     std::function<void(std::string_view id)> changeInputTo_;
 
     PreferencesLists lists_;
