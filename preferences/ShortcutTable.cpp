@@ -17,11 +17,15 @@ constexpr double boxCornerRadius = 4;
 constexpr std::uint64_t allowedModifierFlags =
     ModifierFlag::shift | ModifierFlag::control | ModifierFlag::option | ModifierFlag::command;
 
-/// What the recorder shows for a stored record: nothing for a key without modifiers that is no function key,
-/// though it is a hot key all the same.
+/// A key without modifiers is shown only if it is a function key, though it is a hot key all the same.
+bool isShown(const InputShortcut& shortcut) {
+    return shortcut.modifierFlags > 0 || InputShortcut::isFunctionKey(shortcut.keyCode);
+}
+
+/// What the recorder shows for a stored record.
 PropertyList shownShortcut(const PropertyList& record) {
     const auto shortcut = InputShortcut::ofRecord(record);
-    return shortcut && shortcut->isValid() ? shortcut->record() : PropertyList();
+    return shortcut && isShown(*shortcut) ? shortcut->record() : PropertyList();
 }
 
 } // namespace

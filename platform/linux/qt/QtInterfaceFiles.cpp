@@ -27,8 +27,8 @@ struct QtInterfaceFiles::Windows {
 };
 
 QtInterfaceFiles::QtInterfaceFiles(XConnection& x, const X11Screens& screens,
-                                   NotificationCenter& notifications, StandardUserDefaults& standard)
-    : neighbours_{x, notifications, standard, notices_}
+                                   NotificationCenter& notifications)
+    : neighbours_{x, notifications, notices_}
     , windows_(std::make_unique<Windows>(x, screens)) {}
 
 QtInterfaceFiles::~QtInterfaceFiles() = default;
