@@ -13,7 +13,7 @@
 #include <QElapsedTimer>
 
 #include "benchmarks/ProcessFigures.h"
-#include "linux/program/InputMethodSession.h"
+#include "virtual-desktop/InputMethodSession.h"
 #include "virtual-desktop/WaitUntil.h"
 #include "virtual-desktop/XWatcher.h"
 

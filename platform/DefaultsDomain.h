@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include "platform/UserDefaults.h"
 
 namespace quorvane {

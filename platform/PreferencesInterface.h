@@ -54,6 +54,7 @@ public:
     virtual void AddApplication() = 0;
     virtual void RemoveApplication() = 0;
     virtual void mouseDownByApplication() = 0;
+    virtual void onEnglishSymbolChanged(int tag, int state) = 0; ///< Of a box with the row as its tag.
     virtual void RemoveLocation() = 0;
     virtual void mouseDownByLocation() = 0;
     virtual void startOrStopSetUpButtonClick() = 0;

@@ -2,7 +2,6 @@
 
 #include <csignal>
 #include <stdexcept>
-#include <utility>
 
 #include <QDBusArgument>
 #include <QDBusMetaType>
@@ -30,6 +29,8 @@ void write(const QString& name, const QByteArray& contents) {
 
 Fcitx5Daemon::Fcitx5Daemon(const Settings& settings)
     : bus_(QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), connectionName)) {
+    qDBusRegisterMetaType<Items::value_type>();
+    qDBusRegisterMetaType<Items>();
     QByteArray profile =
         "[Groups/0]\nName=Default\nDefault Layout=us\nDefaultIM=" + settings.inputMethods.back().toUtf8() +
         "\n";
@@ -94,10 +95,7 @@ QString Fcitx5Daemon::inputMethod() {
 }
 
 void Fcitx5Daemon::setInputMethods(const QStringList& inputMethods) {
-    using Item = std::pair<QString, QString>; // and its layout
-    qDBusRegisterMetaType<Item>();
-    qDBusRegisterMetaType<QList<Item>>();
-    QList<Item> items;
+    Items items;
     for (const auto& inputMethod : inputMethods)
         items.append({inputMethod, {}});
     control("SetInputMethodGroupInfo", {"Default", "us", QVariant::fromValue(items)});

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <utility>
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -18,6 +19,9 @@ public:
         QString shareInputState = "No";
         bool keepsLayouts = true; ///< Not so by default: it overwrites the X server's layouts.
     };
+
+    /// Pairs of texts as D-Bus knows them: input methods with their layouts, for instance.
+    using Items = QList<std::pair<QString, QString>>;
 
     /// Not started yet.
     explicit Fcitx5Daemon(const Settings& settings);

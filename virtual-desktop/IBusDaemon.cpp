@@ -51,29 +51,32 @@ QString IBusDaemon::addressFile() {
 }
 
 void IBusDaemon::start() {
-    process_.setProcessEnvironment(environment());
-    process_.setStandardErrorFile(QProcess::nullDevice());
-    process_.setStandardOutputFile(QProcess::nullDevice());
-    process_.start("ibus-daemon", {"--replace", "--xim", "--panel=disable", "--emoji-extension=disable"});
-    const auto isReady = [this] {
-        return valueInAddressFile("IBUS_DAEMON_PID").toLongLong() == process_.processId();
+    auto process = std::make_unique<ChildProcess>();
+    process->setProcessEnvironment(environment());
+    process->setStandardErrorFile(QProcess::nullDevice());
+    process->setStandardOutputFile(QProcess::nullDevice());
+    process->start("ibus-daemon", {"--replace", "--xim", "--panel=disable", "--emoji-extension=disable"});
+    const auto isReady = [&] {
+        return valueInAddressFile("IBUS_DAEMON_PID").toLongLong() == process->processId();
     };
-    if (!process_.waitForStarted() || !waitUntil(isReady))
+    if (!process->waitForStarted() || !waitUntil(isReady))
         throw std::runtime_error("ibus-daemon does not start");
+    process_ = std::move(process);
     disconnectClient();
     client_ = QDBusConnection::connectToBus(QString(valueInAddressFile("IBUS_ADDRESS")), clientName());
 }
 
 void IBusDaemon::end() {
-    if (isRunning()) resume();
-    process_.end();
+    if (!process_) return;
+    if (process_->state() == QProcess::Running) resume();
+    process_->end();
     disconnectClient();
 }
 
 void IBusDaemon::kill() {
     const auto engines = processes();
-    process_.kill();
-    process_.waitForFinished();
+    process_->kill();
+    process_->waitForFinished();
     // They end by themselves, and until then could be taken for those of the next daemon.
     for (const auto& engine : engines)
         waitUntil([&] { return commandOf(engine).isEmpty(); });
@@ -81,11 +84,11 @@ void IBusDaemon::kill() {
 }
 
 void IBusDaemon::stop() {
-    ::kill(static_cast<pid_t>(process_.processId()), SIGSTOP);
+    ::kill(static_cast<pid_t>(process_->processId()), SIGSTOP);
 }
 
 void IBusDaemon::resume() {
-    ::kill(static_cast<pid_t>(process_.processId()), SIGCONT);
+    ::kill(static_cast<pid_t>(process_->processId()), SIGCONT);
 }
 
 /// Connections of the same name are one.
@@ -134,7 +137,7 @@ QString IBusDaemon::currentInputContext() {
 }
 
 QByteArrayList IBusDaemon::processes() const {
-    QFile children(QString("/proc/%1/task/%1/children").arg(process_.processId()));
+    QFile children(QString("/proc/%1/task/%1/children").arg(process_->processId()));
     return children.open(QFile::ReadOnly) ? children.readAll().trimmed().split(' ') : QByteArrayList();
 }
 
@@ -149,12 +152,16 @@ bool IBusDaemon::killEngine(const QString& program) {
 }
 
 void IBusDaemon::setPreloadEngines(const QStringList& engines) {
+    set("general", "preload-engines",
+        engines.isEmpty() ? QString("@as []") : "['" + engines.join("','") + "']");
+}
+
+void IBusDaemon::set(const QString& schema, const QString& key, const QString& value) {
     QProcess setting;
     setting.setProcessEnvironment(environment());
-    const auto list = engines.isEmpty() ? QString("@as []") : "['" + engines.join("','") + "']";
-    setting.start("gsettings", {"set", "org.freedesktop.ibus.general", "preload-engines", list});
+    setting.start("gsettings", {"set", "org.freedesktop.ibus." + schema, key, value});
     if (!setting.waitForFinished() || setting.exitCode() != 0)
-        throw std::runtime_error("gsettings does not set preload-engines");
+        throw std::runtime_error("gsettings does not set " + key.toStdString());
 }
 
 } // namespace quorvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 
 #include <QByteArrayList>
@@ -19,12 +20,11 @@ public:
     IBusDaemon(const IBusDaemon&) = delete;
     IBusDaemon& operator=(const IBusDaemon&) = delete;
 
-    void start(); ///< Ready when this returns.
+    void start(); ///< Ready when this returns; takes the place of one that runs.
     void end();
     void kill();   ///< Leaves the file with its address.
     void stop();   ///< It hangs until it is continued.
     void resume(); ///< Goes on after `stop`.
-    bool isRunning() const { return process_.state() == QProcess::Running; }
 
     /// What IBus' own panel would do when the user chooses an engine. False when the daemon refuses.
     bool setGlobalEngine(const QString& engine);
@@ -37,6 +37,9 @@ public:
     /// The engines that the user enables, once a session bus is there; kept in the user's settings.
     static void setPreloadEngines(const QStringList& engines);
 
+    /// Another of them; `schema` is the last part of its name.
+    static void set(const QString& schema, const QString& key, const QString& value);
+
     /// The file in which the daemons of this display leave their address.
     static QString addressFile();
 
@@ -46,7 +49,7 @@ private:
     QString clientName() const;
     void disconnectClient();
 
-    ChildProcess process_;
+    std::unique_ptr<ChildProcess> process_;
     std::optional<QDBusConnection> client_;
 };
 

@@ -18,10 +18,20 @@ XServer::XServer(const QString& layouts) {
     for (const auto* ofAnotherSession : {"WAYLAND_DISPLAY", "XDG_SESSION_TYPE", "SESSION_MANAGER"})
         qunsetenv(ofAnotherSession);
     qputenv("DISPLAY", ":" + process_.startAndReadLine("Xvfb", arguments));
-    if (layouts.isEmpty()) return;
-    const auto status =
-        QProcess::execute("setxkbmap", {"-rules", "evdev", "-model", "pc105", "-layout", layouts});
-    if (status != 0) throw std::runtime_error("setxkbmap fails");
+    if (!layouts.isEmpty() && !setLayouts(layouts)) throw std::runtime_error("setxkbmap fails");
+}
+
+void XServer::splitScreen(const QString& left, const QString& right) {
+    // The first one has the server's only output.
+    if (QProcess::execute("xrandr", {"--setmonitor", left, "800/211x900/238+0+0", "screen"}) != 0 ||
+        QProcess::execute("xrandr", {"--setmonitor", right, "800/211x900/238+800+0", "none"}) != 0)
+        throw std::runtime_error("xrandr fails");
+}
+
+bool XServer::setLayouts(const QString& layouts, const QString& variants, const QString& options) {
+    const QStringList arguments{"-rules",   "evdev",  "-model",  "pc105", "-layout", layouts,
+                                "-variant", variants, "-option", "",      "-option", options};
+    return QProcess::execute("setxkbmap", arguments) == 0;
 }
 
 WindowManager::WindowManager(const QString& program) {

@@ -14,6 +14,14 @@ public:
 
     void end() { process_.end(); }
 
+    /// From now on there is a monitor on the left half and one on the right. A star before a name: the
+    /// primary one.
+    static void splitScreen(const QString& left, const QString& right);
+
+    /// Loads another map into the server of the current display. Lists are separated by commas, a variant for
+    /// each layout. False when that fails.
+    static bool setLayouts(const QString& layouts, const QString& variants = {}, const QString& options = {});
+
 private:
     ChildProcess process_;
 };

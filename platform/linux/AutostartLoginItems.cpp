@@ -4,9 +4,10 @@
 #include <array>
 #include <fstream>
 #include <sstream>
+#include <utility>
 
 #include "platform/linux/LaunchArguments.h"
-#include "platform/linux/defaults/ReplaceFile.h"
+#include "platform/linux/files/ReplaceFile.h"
 
 namespace quorvane {
 namespace {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <csignal>
+#include <utility>
 #include <fcntl.h>
 #include <unistd.h>
 

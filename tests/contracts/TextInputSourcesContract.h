@@ -19,13 +19,23 @@ public:
     virtual void disable(const std::string& id) = 0;
 };
 
+inline std::vector<std::string> idsOf(const std::vector<InputSource>& sources) {
+    std::vector<std::string> ids;
+    for (const auto& source : sources)
+        ids.push_back(source.id);
+    return ids;
+}
+
+/// Of the selected source; "none" where there is none.
+inline std::string currentIdIn(const TextInputSources& sources) {
+    const auto current = sources.copyCurrentKeyboardInputSource();
+    return current ? current->id : "none";
+}
+
 class TextInputSourcesContract : public Contract<TextInputSourcesBench> {
 protected:
     bool waitForCurrent(const std::string& id) {
-        return waitUntil([&] {
-            const auto current = sources_.copyCurrentKeyboardInputSource();
-            return current && current->id == id;
-        });
+        return waitUntil([&] { return currentIdIn(sources_) == id; });
     }
     bool select(const std::string& id) { return sources_.selectInputSource({.id = id}); }
 
@@ -34,9 +44,7 @@ protected:
 
 TEST_P(TextInputSourcesContract, ListsTheEnabledSourcesInTheUsersOrder) {
     const auto sources = sources_.createInputSourceList();
-    EXPECT_THAT(sources, testing::ElementsAre(testing::Field(&InputSource::id, "xkb:us"),
-                                              testing::Field(&InputSource::id, "xkb:ru"),
-                                              testing::Field(&InputSource::id, "xkb:de:neo")));
+    EXPECT_THAT(idsOf(sources), testing::ElementsAre("xkb:us", "xkb:ru", "xkb:de:neo"));
     for (const auto& source : sources) {
         EXPECT_EQ(source.category, InputSourceCategory::keyboard);
         EXPECT_TRUE(source.isSelectCapable);

@@ -25,28 +25,17 @@ public:
 
     QVariant value(int depth = 0) {
         constexpr int deepest = 80; // deeper than the reader goes, and than the bus allows
-        switch (depth < deepest ? take() : 'e') {
-        case 'b':
-            return take() % 2 != 0;
-        case 'i':
-            return take() - 128;
-        case 'x':
-            return qlonglong(-1) << take() % 64;
-        case 't':
-            return ~qulonglong(0) >> take() % 64;
-        case 'd':
-            return number();
-        case 's':
-            return QString::fromUtf8(text());
-        case 'y':
-            return text();
-        case 'l':
-            return list(depth);
-        case 'm':
-            return map(depth);
-        default:
-            return {};
-        }
+        const auto type = depth < deepest ? take() : 'e';
+        if (type == 'b') return take() % 2 != 0;
+        if (type == 'i') return take() - 128;
+        if (type == 'x') return qlonglong(-1) << take() % 64;
+        if (type == 't') return ~qulonglong(0) >> take() % 64;
+        if (type == 'd') return number();
+        if (type == 's') return QString::fromUtf8(text());
+        if (type == 'y') return text();
+        if (type == 'l') return list(depth);
+        if (type == 'm') return map(depth);
+        return {};
     }
 
 private:

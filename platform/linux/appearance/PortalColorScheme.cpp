@@ -1,5 +1,7 @@
 #include "platform/linux/appearance/PortalColorScheme.h"
 
+#include <utility>
+
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>

@@ -1,6 +1,7 @@
 #include "platform/linux/appearance/XSettings.h"
 
 #include <cstdint>
+#include <utility>
 
 #include "platform/linux/x11/XProperties.h"
 #include "platform/linux/x11/XcbReply.h"

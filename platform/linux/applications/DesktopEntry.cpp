@@ -1,6 +1,7 @@
 #include "platform/linux/applications/DesktopEntry.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quorvane {
 

@@ -5,6 +5,7 @@
 
 #include "platform/linux/Log.h"
 #include "platform/linux/x11/XProperties.h"
+#include "platform/linux/x11/XcbReply.h"
 
 namespace quorvane {
 
@@ -90,6 +91,9 @@ void X11Workspace::handle(const xcb_generic_event_t& event) {
     case XCB_FOCUS_OUT:
         handleFocus(reinterpret_cast<const xcb_focus_in_event_t&>(event));
         break;
+    case XCB_MAP_NOTIFY:
+        shown(reinterpret_cast<const xcb_map_notify_event_t&>(event).window);
+        break;
     case XCB_DESTROY_NOTIFY:
         closed(reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window, true);
         break;
@@ -108,6 +112,8 @@ void X11Workspace::handleProperty(const xcb_property_notify_event_t& change) {
         if (change.atom == x_.atom("WM_STATE")) readWithdrawal(change.window);
         if (change.atom == x_.atom("_NET_WM_STATE")) readState(change.window);
         if (identities_.isIdentifying(change.atom)) identifyAgain(change.window);
+    } else if (change.atom == x_.atom("WM_STATE")) {
+        shown(change.window);
     }
 }
 
@@ -155,17 +161,35 @@ void X11Workspace::activate(xcb_window_t window) {
 
 void X11Workspace::adopt(std::span<const xcb_window_t> windows) {
     identities_.learn(windows);
-    std::vector<std::pair<xcb_window_t, XProperty>> states;
+    struct Question {
+        xcb_window_t window;
+        xcb_get_window_attributes_cookie_t attributes;
+        XProperty managerState, state;
+    };
+    std::vector<Question> questions;
     for (const auto window : windows) {
-        if (!inFront_.isManaged(window) && identities_.ownerOf(window))
-            states.emplace_back(window, XProperty(x_, window, "_NET_WM_STATE"));
+        if (inFront_.isManaged(window) || !identities_.ownerOf(window)) continue;
+        questions.push_back({window, xcb_get_window_attributes(x_.xcb(), window),
+                             XProperty(x_, window, "WM_STATE"), XProperty(x_, window, "_NET_WM_STATE")});
     }
-    for (auto& [window, state] : states) {
+    for (auto& [window, attributes, managerState, state] : questions) {
+        // What a window manager says may be old, and the number another window's by now: a menu's, or one's
+        // that is never shown.
+        const XcbReply<xcb_get_window_attributes_reply_t> answer(
+            xcb_get_window_attributes_reply(x_.xcb(), attributes, nullptr));
         const auto* owner = identities_.ownerOf(window);
-        if (!owner) continue;
+        if (!owner || !answer || answer->override_redirect) continue;
+        if (answer->map_state == XCB_MAP_STATE_UNMAPPED && managerState.values().empty()) {
+            unshown_.insert(window);
+            continue;
+        }
         assign(window, *owner, isHidden(state.values()));
         if (inFront_.listed(window)) frontWindowMoved();
     }
+}
+
+void X11Workspace::shown(xcb_window_t window) {
+    if (unshown_.erase(window) > 0) adopt({&window, 1});
 }
 
 void X11Workspace::assign(xcb_window_t window, const WindowOwner& owner, bool isHidden) {
@@ -208,6 +232,7 @@ void X11Workspace::identifyAgain(xcb_window_t window) {
 }
 
 void X11Workspace::closed(xcb_window_t window, bool isDestroyed) {
+    unshown_.erase(window);
     const auto application = applications_.applicationOf(window);
     const bool wasLast = isDestroyed ? applications_.remove(window) : applications_.withdraw(window);
     const bool wasActive = window == activeWindow_;

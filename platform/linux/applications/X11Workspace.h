@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <optional>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -57,6 +59,7 @@ private:
     void frontWindowMoved();
     void activate(xcb_window_t window);
     void adopt(std::span<const xcb_window_t> windows);
+    void shown(xcb_window_t window);
     void assign(xcb_window_t window, const WindowOwner& owner, bool isHidden);
     bool isInFront(const std::optional<std::string>& id) const;
     bool isHidden(const std::vector<std::uint32_t>& states) const;
@@ -69,6 +72,7 @@ private:
     BackgroundApplications* background_;
     WindowedApplications applications_;
     WindowInFront inFront_;
+    std::set<xcb_window_t> unshown_; ///< Managed ones, it is said, but nothing else tells so yet.
     xcb_window_t activeWindow_ = XCB_WINDOW_NONE;
     std::optional<RunningApplication> front_;
     std::optional<std::string>

@@ -2,6 +2,7 @@
 
 #include <limits>
 #include <regex>
+#include <utility>
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>

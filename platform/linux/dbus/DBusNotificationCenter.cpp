@@ -1,5 +1,7 @@
 #include "platform/linux/dbus/DBusNotificationCenter.h"
 
+#include <utility>
+
 #include <QDBusMessage>
 
 #include "platform/linux/dbus/DBusPropertyList.h"

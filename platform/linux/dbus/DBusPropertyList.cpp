@@ -1,6 +1,7 @@
 #include "platform/linux/dbus/DBusPropertyList.h"
 
 #include <limits>
+#include <utility>
 
 #include <QDBusArgument>
 #include <QDBusVariant>

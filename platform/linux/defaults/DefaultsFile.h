@@ -4,27 +4,24 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
-#include <string_view>
 #include <system_error>
 
 #include <sys/stat.h>
 
-#include "platform/linux/defaults/FileDescriptor.h"
-#include "platform/linux/defaults/SettingsHealth.h"
+#include "platform/linux/defaults/SettingsDamage.h"
 #include "platform/linux/defaults/SettingsText.h"
+#include "platform/linux/files/FileDescriptor.h"
 
 namespace quorvane {
 
 /// One property-list file that several processes and the user's editor read and write, and beside it, as
 /// `.saved`, the last version that was surely on the disk.
 ///
-/// Reading changes nothing on the disk. While a file cannot be understood, what was read before stays; at the
-/// first reading, the saved version counts. Only a write replaces a damaged file, sets it aside first, and
-/// leaves an editor the time to finish before that.
+/// Reading changes nothing on the disk. What counts while the file cannot be understood, SettingsDamage says.
 class DefaultsFile {
 public:
     /// `health` is told of files set aside, and must outlive this.
-    DefaultsFile(std::filesystem::path path, SettingsHealth& health);
+    DefaultsFile(const std::filesystem::path& path, SettingsHealth& health);
 
     /// A dictionary: the file's contents when they were last read, or the last good ones.
     const PropertyList& contents() const { return text_.values(); }
@@ -57,27 +54,20 @@ private:
         std::int64_t modified = 0; // nanoseconds
         bool operator==(const Version&) const = default;
     };
-    enum class State { good, damaged, unreadable };
 
     static Version versionOf(const struct stat& attributes);
-    std::filesystem::path beside(std::string_view suffix) const;
     void look();
     void load();
     void setGone();
     void setGood(SettingsText text);
     void setUnreadable(std::error_code error);
-    void setDamaged();
     void setVersion(const struct stat& attributes, FileDescriptor file);
     std::error_code replace(SettingsText text);
-    std::error_code setAside();
 
     std::filesystem::path path_;
-    SettingsHealth& health_;
     SettingsText text_;
-    State state_ = State::good;
-    bool wasRead_ = false; // or found missing, at least once
-    std::error_code readError_;
-    std::chrono::steady_clock::time_point damageSeen_; // of this version
+    SettingsDamage damage_;
+    std::error_code readError_; ///< None when the file could be read, or is missing.
     bool isDurable_ = true;
 
     // The version looked at last; all zero: there was no file. Its file stays open, so that no newer version

@@ -1,6 +1,7 @@
 #include "platform/linux/defaults/FileDomain.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/linux/Log.h"
 

@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
-#include "platform/linux/defaults/ReplaceFile.h"
+#include "platform/linux/files/ReplaceFile.h"
 
 namespace quorvane {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "platform/DefaultsSearchList.h"
 #include "platform/linux/defaults/FileDomain.h"
-#include "platform/linux/defaults/FolderWatch.h"
+#include "platform/linux/files/FolderWatch.h"
 
 namespace quorvane {
 

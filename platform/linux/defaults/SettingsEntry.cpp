@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "platform/linux/defaults/PropertyListBytes.h"
 #include "platform/linux/defaults/XmlText.h"

@@ -1,6 +1,7 @@
 #include "platform/linux/defaults/SettingsText.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <plist/plist.h>
 

@@ -1,6 +1,7 @@
 #include "platform/linux/keyboard/XkbInputSources.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/linux/keyboard/LanguageLetters.h"
 

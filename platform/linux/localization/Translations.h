@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include <QTranslator>
 
 #include "platform/linux/localization/StringTable.h"

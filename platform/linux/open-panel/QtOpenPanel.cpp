@@ -1,5 +1,7 @@
 #include "platform/linux/open-panel/QtOpenPanel.h"
 
+#include <utility>
+
 #include "platform/linux/qt/MainWindow.h"
 
 namespace quorvane {

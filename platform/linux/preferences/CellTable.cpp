@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 
-#include <QApplication>
+#include <QComboBox>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
@@ -12,14 +13,10 @@
 #include <QScrollBar>
 
 #include "platform/linux/preferences/CellDelegate.h"
-#include "platform/linux/preferences/CellPopUp.h"
-#include "platform/linux/preferences/ShortcutRecorder.h"
 
 namespace quorvane {
 namespace {
 
-constexpr int narrowestColumn = 28;
-constexpr int besideColumn = 6;  ///< Between what is in a column and the next one.
 constexpr int aroundControl = 4; ///< Above and below it together.
 
 } // namespace
@@ -44,7 +41,6 @@ CellTable::CellTable(QWidget* parent)
     header.setHighlightSections(false);
     header.setSectionsClickable(false);
     header.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    header.setMinimumSectionSize(narrowestColumn);
     setModel(&model_);
     updateRowHeight();
 }
@@ -56,7 +52,7 @@ CellTable::~CellTable() {
 
 void CellTable::setColumnIdentifiers(const QStringList& identifiers) {
     model_.setColumnIdentifiers(identifiers);
-    widths_ = Widths::none;
+    widths_.forget();
 }
 
 void CellTable::setKeyboard(ShortcutKeyboard& keyboard) {
@@ -82,7 +78,7 @@ void CellTable::reload() {
     if (currentIndex().row() >= count)
         selectionModel()->setCurrentIndex(model_.index(count - 1, currentIndex().column()),
                                           QItemSelectionModel::NoUpdate);
-    if (drag_ && drag_->row() >= count) drag_.reset();
+    dragging_.rowsChanged(count);
     controls_.reload();
     model_.reload();
     updateSight();
@@ -112,41 +108,6 @@ void CellTable::deselectAll() {
     clearSelection();
 }
 
-/// Room for the title, and for what is in the column as far as it is no text.
-int CellTable::sizeHintForColumn(int column) const {
-    const auto& cell = model_.sample(column);
-    int width = horizontalHeader()->sectionSizeHint(column);
-    const auto makeRoom = [&width](double wanted) {
-        width = std::max(width, static_cast<int>(std::ceil(wanted)));
-    };
-    if (const auto* image = partOf<ImageViewPart>(cell)) makeRoom(image->frame.x + image->frame.width);
-    if (const auto* popUp = partOf<PopUpButtonPart>(cell))
-        makeRoom(popUp->frame.x + CellPopUp::preferredWidth(*popUp, fontMetrics()));
-    if (const auto* recorder = partOf<ShortcutRecorderPart>(cell))
-        makeRoom(recorder->frame.x + ShortcutRecorder::preferredWidth(fontMetrics()));
-    return width + besideColumn;
-}
-
-/// Once, when the first row shows what is in the columns. From then on they are as the user makes them.
-void CellTable::layOutColumns() {
-    // Once for the titles, and once more when there is something below them: every change of a width comes
-    // back here.
-    const auto wanted = model_.rowCount() > 0 ? Widths::ofCells : Widths::ofTitles;
-    if (widths_ >= wanted || model_.columnCount() == 0) return;
-    widths_ = wanted;
-    auto& header = *horizontalHeader();
-    int stretched = model_.columnCount() - 1;
-    while (widths_ == Widths::ofTitles && stretched > 0 &&
-           !model_.columnTitles().value(stretched - 1).isEmpty())
-        --stretched; // Nothing is known of what will be in it: the first one with a title.
-    for (int column = model_.columnCount() - 1; column >= 0; --column) {
-        if (partOf<TextFieldPart>(model_.sample(column))) stretched = column;
-        header.setSectionResizeMode(column, QHeaderView::Interactive);
-        header.resizeSection(column, sizeHintForColumn(column));
-    }
-    header.setSectionResizeMode(stretched, QHeaderView::Stretch);
-}
-
 void CellTable::updateRowHeight() {
     const int control = std::max(QComboBox().sizeHint().height(), fontMetrics().height() + aroundControl);
     const int height = std::max(static_cast<int>(std::ceil(model_.heightOfRow())), control + aroundControl);
@@ -158,7 +119,7 @@ void CellTable::updateRowHeight() {
 void CellTable::updateSight() {
     if (isUpdatingSight_ || !isVisible()) return;
     const QScopedValueRollback updating(isUpdatingSight_, true);
-    layOutColumns();
+    widths_.layOut();
     int first = rowAt(0);
     int last = rowAt(viewport()->height() - 1);
     if (first < 0)
@@ -207,10 +168,8 @@ void CellTable::keyPressEvent(QKeyEvent* event) {
     const bool isPlain = !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
     switch (isPlain ? event->key() : 0) {
     case Qt::Key_Escape:
-        if (!drag_) break;
-        drag_.reset();
-        pressedRow_ = noRow;
-        return;
+        if (dragging_.giveUp()) return;
+        break;
     case Qt::Key_Space:
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -228,41 +187,23 @@ void CellTable::mousePressEvent(QMouseEvent* event) {
         const QScopedValueRollback quiet(isQuiet_, true);
         QTableView::mousePressEvent(event);
     }
-    rememberPress(*event);
+    dragging_.pressed(*event);
     tellAction();
 }
 
 void CellTable::mouseDoubleClickEvent(QMouseEvent* event) {
     QTableView::mouseDoubleClickEvent(event);
-    rememberPress(*event);
-}
-
-/// From here a row may be dragged.
-void CellTable::rememberPress(const QMouseEvent& event) {
-    pressedAt_ = event.position().toPoint();
-    pressedRow_ = isReorderable_ && event.button() == Qt::LeftButton ? rowAt(pressedAt_.y()) : noRow;
+    dragging_.pressed(*event);
 }
 
 void CellTable::mouseMoveEvent(QMouseEvent* event) {
-    if (pressedRow_ == noRow) {
-        QTableView::mouseMoveEvent(event);
-        return;
-    }
-    const auto position = event->position().toPoint();
-    const bool isFarEnough = (position - pressedAt_).manhattanLength() >= QApplication::startDragDistance();
-    if (!drag_ && isFarEnough && pressedRow_ < model_.rowCount())
-        drag_ = std::make_unique<RowDrag>(*this, pressedRow_, pressedAt_);
-    if (drag_) drag_->moveTo(position);
+    if (!dragging_.moved(*event)) QTableView::mouseMoveEvent(event);
 }
 
 void CellTable::mouseReleaseEvent(QMouseEvent* event) {
     QTableView::mouseReleaseEvent(event);
-    if (event->button() != Qt::LeftButton) return;
-    pressedRow_ = noRow;
-    const auto drag = std::move(drag_);
-    if (!drag) return;
-    drag->moveTo(event->position().toPoint());
-    if (actions_) actions_->acceptDrop(*port_, port_, drag->row(), drag->gap());
+    const auto drop = dragging_.released(*event);
+    if (drop && actions_) actions_->acceptDrop(*port_, port_, drop->row, drop->gap);
 }
 
 void CellTable::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
@@ -292,8 +233,7 @@ void CellTable::showEvent(QShowEvent* event) {
 
 void CellTable::hideEvent(QHideEvent* event) {
     QTableView::hideEvent(event);
-    drag_.reset();
-    pressedRow_ = noRow;
+    dragging_.giveUp();
     icons_.load({});
     if (!window()->isVisible()) icons_.clear(); // The window is closed, not another tab chosen.
 }

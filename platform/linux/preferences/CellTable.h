@@ -1,14 +1,14 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 
 #include <QTableView>
 
 #include "platform/linux/preferences/CellControls.h"
 #include "platform/linux/preferences/CellModel.h"
+#include "platform/linux/preferences/ColumnWidths.h"
 #include "platform/linux/preferences/IconLoader.h"
-#include "platform/linux/preferences/RowDrag.h"
+#include "platform/linux/preferences/RowDragging.h"
 
 namespace quorvane {
 
@@ -47,7 +47,7 @@ public:
     int selectedRow() const;
     void setSelectedRow(int row);
     void deselectAll();
-    void setReorderable() { isReorderable_ = true; }
+    void setReorderable() { dragging_.allow(); }
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -62,36 +62,28 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void showEvent(QShowEvent* event) override;
-    int sizeHintForColumn(int column) const override;
+    int sizeHintForColumn(int column) const override { return widths_.preferredWidth(column); }
     void updateGeometries() override;
 
 private:
-    enum class Widths { none, ofTitles, ofCells };
-
     void endEditingFrom(int row);
-    void layOutColumns();
     void updateRowHeight();
     void updateSight();
     bool act(const QModelIndex& index);
     void pressControl(const QModelIndex& index);
-    void rememberPress(const QMouseEvent& event);
     void tellAction();
 
     CellModel model_;
     IconLoader icons_;
     CellControls controls_;
+    ColumnWidths widths_{*this, model_};
+    RowDragging dragging_{*this};
     PreferencesActions* actions_ = nullptr;
     const TableView* port_ = nullptr;
     std::function<void()> action_;
     QString emptyText_;
-    Widths widths_ = Widths::none; ///< What the columns' widths are right for.
     bool isUpdatingSight_ = false;
     bool isQuiet_ = false; ///< It is the program who moves the selection, or a click that is told of anyway.
-
-    bool isReorderable_ = false;
-    int pressedRow_ = noRow;
-    QPoint pressedAt_; ///< In the viewport.
-    std::unique_ptr<RowDrag> drag_;
 };
 
 } // namespace quorvane

@@ -1,5 +1,7 @@
 #include "platform/linux/preferences/IconLoader.h"
 
+#include <utility>
+
 #include "platform/linux/qt/ApplicationIcon.h"
 
 namespace quorvane {

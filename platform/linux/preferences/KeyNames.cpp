@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <iterator>
 #include <string_view>
+#include <utility>
 
 #include <QKeySequence>
 #include <X11/keysym.h>

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "platform/Alerts.h"
 #include "platform/linux/x11/XConnection.h"
 

@@ -1,5 +1,7 @@
 #include "platform/linux/qt/QtImages.h"
 
+#include <utility>
+
 #include <QImageReader>
 #include <QUrl>
 

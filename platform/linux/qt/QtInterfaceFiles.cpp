@@ -3,12 +3,11 @@
 #include "platform/linux/qt/QtIndicatorWindow.h"
 
 namespace quorvane {
-namespace {
 
 /// The window that is ordered in and out so that a selection reaches the front program. A layout of the X
 /// server reaches every program at once, and a real window would take the focus for a moment: so there is
 /// none.
-class NoWindow : public Window {
+class QtInterfaceFiles::NoWindow : public Window {
 public:
     std::string title() const override { return {}; }
     void setStyle(const WindowStyle& /*style*/) override {}
@@ -19,8 +18,6 @@ public:
     void makeKeyAndOrderFront() override {}
     void orderOut() override {}
 };
-
-} // namespace
 
 struct QtInterfaceFiles::Windows {
     Windows(XConnection& x, const X11Screens& screens) : inputIconWindow(x, screens) {}

@@ -26,6 +26,7 @@ public:
     void raiseIndicator();
 
 private:
+    class NoWindow;
     struct Windows;
     Notices notices_;
     QtPreferences::Neighbours neighbours_;

@@ -1,6 +1,8 @@
 #include "platform/linux/qt/QtStatusBar.h"
 
+#include <functional>
 #include <optional>
+#include <utility>
 
 #include <QAction>
 #include <QCursor>

@@ -5,9 +5,7 @@
 
 namespace quorvane {
 
-/// The cursor that the server shows at the moment, by the XFixes extension. What it is like is up to the
-/// user's cursor theme: so the one for text, known by its name, has the hot spot of the native platform's
-/// text cursor, by which the program recognises it.
+/// The cursor that the server shows at the moment, by the XFixes extension.
 class X11Cursor : public Cursor {
 public:
     /// `scale`: pixels a point.

@@ -1,5 +1,6 @@
 #include "platform/linux/x11/XConnection.h"
 
+#include <utility>
 #include <vector>
 
 #include <QAbstractEventDispatcher>

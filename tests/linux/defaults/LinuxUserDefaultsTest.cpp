@@ -33,22 +33,17 @@ private:
 INSTANTIATE_TEST_SUITE_P(Files, UserDefaultsContract,
                          testing::Values([] { return std::make_unique<LinuxUserDefaultsBench>(); }));
 
-class LinuxUserDefaultsTest : public testing::Test {
-protected:
+struct LinuxUserDefaultsTest : testing::Test {
     SettingsFolder folder_;
     LinuxUserDefaults stores_{folder_.path(), "suite"};
     StandardUserDefaults& standard_ = stores_.standardUserDefaults();
 };
 
-void runScript(QProcess& process, const QString& script) {
-    process.start("sh", {"-c", script, QUORVANE_DEFAULTS});
-}
-
 TEST_F(LinuxUserDefaultsTest, ProcessesThatWriteAtOnceLoseNothing) {
     QProcess others[3];
     constexpr auto script = R"(for i in $(seq 25); do "$0" write suite %1-$i -int $i || exit 1; done)";
     for (int process = 0; process < 3; ++process)
-        runScript(others[process], QString(script).arg(process));
+        others[process].start("sh", {"-c", QString(script).arg(process), QUORVANE_DEFAULTS});
     int written = 0;
     for (auto& other : others) {
         while (other.state() != QProcess::NotRunning) {
@@ -115,22 +110,6 @@ TEST_F(LinuxUserDefaultsTest, WhatOthersWroteComesBackAsItWas) {
     EXPECT_EQ(std::filesystem::status(folder_.file().toStdString()).permissions(),
               std::filesystem::perms(0600));
     EXPECT_EQ(std::filesystem::status(folder_.path()).permissions(), std::filesystem::perms(0700));
-}
-
-TEST_F(LinuxUserDefaultsTest, AKilledWriterLeavesAWholeFile) {
-    const auto text = std::string(200'000, 'x');
-    standard_.setObject(text, "large");
-    ASSERT_TRUE(standard_.synchronize());
-    for (int round = 0; round < 10; ++round) {
-        QProcess writer;
-        runScript(writer, R"(while "$0" write suite counter -int $((i += 1)); do :; done)");
-        const auto before = standard_.integerForKey("counter");
-        EXPECT_TRUE(waitUntil([&] { return standard_.integerForKey("counter") != before; }));
-        writer.kill();
-        writer.waitForFinished();
-        EXPECT_EQ(folder_.contents()["large"], PropertyList(text));
-    }
-    EXPECT_FALSE(QFile::exists(folder_.file("suite.plist.damaged")));
 }
 
 TEST_F(LinuxUserDefaultsTest, AFolderThatComesBackIsWatchedAgain) {

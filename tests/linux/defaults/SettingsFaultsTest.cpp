@@ -4,9 +4,6 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/file.h>
-#include <sys/resource.h>
-
-#include <csignal>
 
 #include "linux/defaults/SettingsFolder.h"
 
@@ -147,29 +144,6 @@ TEST_F(SettingsFaultsTest, AHeldLockDelaysWritesAndNothingElse) {
     QCoreApplication::processEvents(); // the flush at the end of the turn is over, too
     holder = FileDescriptor();
     EXPECT_TRUE(waitUntil([&] { return folder_.bytes().contains("waiting"); }));
-}
-
-TEST_F(SettingsFaultsTest, AFullDiskLeavesTheGoodFile) {
-    auto& standard = open(good);
-    rlimit usual{};
-    ::getrlimit(RLIMIT_FSIZE, &usual);
-    const rlimit full{.rlim_cur = 100, .rlim_max = usual.rlim_max};
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    ::setrlimit(RLIMIT_FSIZE, &full);
-    standard.setObject(std::string(1000, 'x'), "own");
-    const bool isWritten = standard.synchronize();
-    ::setrlimit(RLIMIT_FSIZE, &usual);
-    std::signal(SIGXFSZ, handler);
-    EXPECT_FALSE(isWritten);
-    EXPECT_EQ(folder_.bytes(), good);
-    ASSERT_TRUE(stores_->health().unsaved());
-    EXPECT_EQ(stores_->health().unsaved()->obstacle, SettingsHealth::Obstacle::cannotBeWritten);
-    EXPECT_EQ(stores_->health().unsaved()->place, folder_.path());
-    EXPECT_EQ(standard.stringForKey("own")->size(), 1000U);
-    EXPECT_EQ(standard.stringForKey("key"), "good");
-    EXPECT_TRUE(waitUntil([&] { return folder_.bytes().contains("<key>own</key>"); }));
-    EXPECT_TRUE(folder_.bytes().contains("<string>good</string>"));
-    EXPECT_FALSE(stores_->health().unsaved());
 }
 
 TEST_F(SettingsFaultsTest, WithoutAFolderSettingsLastAsLongAsTheProgram) {

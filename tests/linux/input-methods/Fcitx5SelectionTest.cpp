@@ -120,6 +120,19 @@ protected:
         after(callTakes_, [this, number, answer] { selection_.answered(number, answer, now_); });
     }
 
+    /// It has the focus and some time.
+    void enter(int process, int number = 0) {
+        focus(process, number);
+        pass(5ms);
+    }
+    void visit(int process, const char* wish, int number = 0) {
+        activate(process, wish);
+        focus(process, number);
+        pass(1s);
+    }
+    std::string& has(int process, int number = 0) { return contexts_.at({process, number}); }
+    int selections() { return std::exchange(selections_, 0); } ///< Since the last time.
+
     Fcitx5Selection::Time now_{1h};
     std::multimap<Fcitx5Selection::Time, std::function<void()>> events_;
     std::map<std::pair<int, int>, std::string> contexts_; ///< Input methods by process and number.
@@ -150,19 +163,17 @@ TEST_F(Fcitx5SelectionTest, TheContextOfTheApplicationInFrontIsServedWheneverItG
                 SCOPED_TRACE(testing::Message() << isTelling << front << " after " << wait.count() << " us");
                 contexts_.clear();
                 const bool isFirst = wait < 0us;
-                activate(latin, "keyboard-us");
-                focus(latin);
-                pass(1s);
+                visit(latin, "keyboard-us");
                 if (isFirst) focus(front);
                 pass(isFirst ? -wait : 0us);
                 activate(front, "keyboard-ru");
                 EXPECT_EQ(selection_.current(), "keyboard-ru");
                 pass(isFirst ? 0us : wait);
-                EXPECT_EQ(contexts_.at({latin, 0}), "keyboard-us");
+                EXPECT_EQ(has(latin), "keyboard-us");
                 if (!isFirst) focus(front);
                 pass(wait > 1s ? 101ms : isTelling && front == cyrillic ? 2ms : 12ms);
-                EXPECT_EQ(contexts_.at({front, 0}), "keyboard-ru");
-                EXPECT_EQ(contexts_.at({latin, 0}), "keyboard-us");
+                EXPECT_EQ(has(front), "keyboard-ru");
+                EXPECT_EQ(has(latin), "keyboard-us");
                 pass(20s);
                 EXPECT_FALSE(selection_.nextDue());
             }
@@ -173,128 +184,99 @@ TEST_F(Fcitx5SelectionTest, TheContextOfTheApplicationInFrontIsServedWheneverItG
 TEST_F(Fcitx5SelectionTest, EachContextOfTheApplicationIsServedUntilTheUserSelectsSomethingElse) {
     activate(cyrillic, "keyboard-ru");
     for (const auto context : {0, 1, 0}) {
-        focus(cyrillic, context);
-        pass(5ms);
-        EXPECT_EQ(contexts_.at({cyrillic, context}), "keyboard-ru");
+        enter(cyrillic, context);
+        EXPECT_EQ(has(cyrillic, context), "keyboard-ru");
     }
     set("hangul");
     pass(5ms);
     EXPECT_EQ(selection_.current(), "hangul");
-    for (const auto context : {1, 2, 0}) {
-        focus(cyrillic, context);
-        pass(5ms);
-    }
+    for (const auto context : {1, 2, 0})
+        enter(cyrillic, context);
     EXPECT_EQ(selection_.current(), "hangul");
-    EXPECT_EQ(contexts_.at({cyrillic, 2}), "keyboard-us");
+    EXPECT_EQ(has(cyrillic, 2), "keyboard-us");
     selection_.windowActivated(korean, now_); // the application runs a second time
     selection_.select("pinyin", now_);
-    focus(korean);
-    pass(5ms);
-    EXPECT_EQ(contexts_.at({korean, 0}), "pinyin");
+    enter(korean);
+    EXPECT_EQ(has(korean), "pinyin");
 }
 
 TEST_F(Fcitx5SelectionTest, WhatTheUserSelectsInATerminalIsSeenWhenSomethingHintsAtIt) {
-    activate(terminal, "keyboard-ru");
-    focus(terminal);
-    pass(1s);
+    visit(terminal, "keyboard-ru");
     set("hangul");
     pass(1s);
     selection_.mayHaveChanged(now_);
     pass(1s);
     EXPECT_EQ(selection_.current(), "hangul");
-    EXPECT_EQ(contexts_.at({terminal, 0}), "hangul");
+    EXPECT_EQ(has(terminal), "hangul");
 }
 
 TEST_F(Fcitx5SelectionTest, OthersContextsAreLeftAlone) {
     focus(latin);
     activate(latin, "keyboard-us");
     pass(1s);
-    activate(cyrillic, "keyboard-ru");
-    focus(cyrillic);
-    pass(1s);
-    focus(latin); // told before the activation
-    pass(5ms);
-    EXPECT_EQ(contexts_.at({latin, 0}), "keyboard-us");
+    visit(cyrillic, "keyboard-ru");
+    enter(latin); // told before the activation
+    EXPECT_EQ(has(latin), "keyboard-us");
     activate(latin, "");
     pass(1s);
     EXPECT_EQ(selection_.current(), "keyboard-us");
     // A launcher is no application in front; what is selected for it, or meanwhile, is for it as well.
-    focus(launcher);
-    pass(5ms);
-    EXPECT_EQ(contexts_.at({launcher, 0}), "keyboard-us");
+    enter(launcher);
+    EXPECT_EQ(has(launcher), "keyboard-us");
     selection_.select("pinyin", now_);
     pass(5ms);
-    EXPECT_EQ(contexts_.at({launcher, 0}), "pinyin");
-    EXPECT_EQ(contexts_.at({latin, 0}), "keyboard-us");
+    EXPECT_EQ(has(launcher), "pinyin");
+    EXPECT_EQ(has(latin), "keyboard-us");
     // Two applications in one process: the other one's context keeps the focus for a moment.
-    activate(korean, "hangul");
-    focus(korean, 1);
-    pass(1s);
+    visit(korean, "hangul", 1);
     activate(korean, "keyboard-ru");
     pass(1s);
-    focus(korean, 2);
-    pass(5ms);
-    EXPECT_EQ(contexts_.at({korean, 1}), "hangul");
-    EXPECT_EQ(contexts_.at({korean, 2}), "keyboard-ru");
+    enter(korean, 2);
+    EXPECT_EQ(has(korean, 1), "hangul");
+    EXPECT_EQ(has(korean, 2), "keyboard-ru");
     // A program in a sandbox does not tell its process.
     activate(cyrillic, "hangul");
     pass(100ms);
-    focus(0);
-    pass(5ms);
-    EXPECT_EQ(contexts_.at({0, 0}), "hangul");
+    enter(0);
+    EXPECT_EQ(has(0), "hangul");
 }
 
 TEST_F(Fcitx5SelectionTest, OnlyWhatChangesSomethingIsSelected) {
-    const std::pair<int, const char*> applications[] = {{latin, "keyboard-us"},
-                                                        {cyrillic, "keyboard-ru"},
-                                                        {terminal, "hangul"},
-                                                        {withoutText, "keyboard-us"}};
-    for (int round = 0; round < 3; ++round) {
-        for (const auto& [process, wish] : applications) {
-            activate(process, wish);
-            EXPECT_EQ(selection_.current(), wish);
-            if (process != withoutText) focus(process);
-            pass(1s);
-            if (process == withoutText) continue;
-            EXPECT_EQ(contexts_.at({process, 0}), wish);
+    for (const int expected : {3, 0, 0}) {
+        for (const auto& [process, wish] :
+             {std::pair(latin, "keyboard-us"), {cyrillic, "keyboard-ru"}, {terminal, "hangul"}}) {
+            visit(process, wish);
+            EXPECT_EQ(has(process), wish);
         }
-        EXPECT_EQ(std::exchange(selections_, 0), round == 0 ? 4 : 0) << round;
+        EXPECT_EQ(selections(), expected);
+        activate(withoutText, "keyboard-us");
+        EXPECT_EQ(selection_.current(), "keyboard-us");
+        pass(1s);
+        EXPECT_EQ(selections(), expected / 3);
     }
-    activate(cyrillic, "keyboard-ru");
-    focus(cyrillic, 1);
-    pass(1s);
-    EXPECT_EQ(contexts_.at({cyrillic, 1}), "keyboard-ru") << "a window that was not there before";
-    EXPECT_EQ(std::exchange(selections_, 0), 0);
+    visit(cyrillic, "keyboard-ru", 1);
+    EXPECT_EQ(has(cyrillic, 1), "keyboard-ru") << "a window that was not there before";
+    EXPECT_EQ(selections(), 0);
     layout_ = "keyboard-ru";
     activate(withoutText, "keyboard-us");
-    EXPECT_EQ(std::exchange(selections_, 0), 1) << "it is typed with another layout now";
+    EXPECT_EQ(selections(), 1) << "it is typed with another layout now";
     pass(1s);
-    activate(cyrillic, "keyboard-ru");
-    focus(cyrillic, 1);
-    pass(1s);
+    visit(cyrillic, "keyboard-ru", 1);
     set("hangul");
     pass(1s);
     activate(latin, "keyboard-us");
     pass(1s);
-    activate(cyrillic, "keyboard-ru");
-    EXPECT_EQ(std::exchange(selections_, 0), 1) << "the user has changed it";
-    focus(cyrillic, 1);
-    pass(1s);
+    visit(cyrillic, "keyboard-ru", 1);
+    EXPECT_EQ(selections(), 1) << "the user has changed it";
     // Somebody else changes what an application has that was left: contexts share it, say.
-    activate(latin, "keyboard-us");
-    focus(latin);
-    pass(1s);
-    contexts_.at({cyrillic, 1}) = "hangul";
-    for (const int selections : {0, 1}) {
-        activate(cyrillic, "keyboard-ru");
-        focus(cyrillic, 1);
-        pass(1s);
-        EXPECT_EQ(contexts_.at({cyrillic, 1}), "keyboard-ru");
-        EXPECT_EQ(std::exchange(selections_, 0), selections) << "memory is not relied upon any more";
-        activate(latin, "keyboard-us");
-        focus(latin);
-        pass(1s);
-        selections_ = 0;
+    visit(latin, "keyboard-us");
+    has(cyrillic, 1) = "hangul";
+    for (const int expected : {0, 1}) {
+        visit(cyrillic, "keyboard-ru", 1);
+        EXPECT_EQ(has(cyrillic, 1), "keyboard-ru");
+        EXPECT_EQ(selections(), expected) << "memory is not relied upon any more";
+        visit(latin, "keyboard-us");
+        selections();
     }
 }
 
@@ -304,11 +286,11 @@ TEST_F(Fcitx5SelectionTest, WhoHadTheFocusFirstIsNotToldOf) {
     isTelling_ = true;
     activate(cyrillic, "keyboard-ru");
     pass(1s);
-    EXPECT_EQ(contexts_.at({cyrillic, 0}), "keyboard-ru");
+    EXPECT_EQ(has(cyrillic), "keyboard-ru");
     set("hangul");
     pass(1s);
     EXPECT_EQ(selection_.current(), "hangul");
-    EXPECT_EQ(contexts_.at({cyrillic, 0}), "hangul");
+    EXPECT_EQ(has(cyrillic), "hangul");
 }
 
 TEST_F(Fcitx5SelectionTest, GivesUpInTime) {
@@ -316,16 +298,14 @@ TEST_F(Fcitx5SelectionTest, GivesUpInTime) {
     pass(20s);
     EXPECT_TRUE(selection_.isWithoutContext());
     EXPECT_LT(asked_, 250);
-    activate(latin, "none such");
-    focus(latin);
-    pass(1s);
+    visit(latin, "none such");
     EXPECT_THAT(refused_, testing::ElementsAre("none such"));
     EXPECT_EQ(selection_.current(), "keyboard-us");
     activate(terminal, "hangul");
     selection_.giveUp();
     focus(terminal);
     pass(20s);
-    EXPECT_EQ(contexts_.at({terminal, 0}), "keyboard-us");
+    EXPECT_EQ(has(terminal), "keyboard-us");
     EXPECT_EQ(selection_.current(), std::nullopt);
 }
 
@@ -337,7 +317,7 @@ TEST_F(Fcitx5SelectionTest, AContextThatLosesTheFocusAtOnceHasItsOwnNevertheless
         focus(latin, number);
         after(lost, [this] { hasFocus_ = false; });
         pass(1s);
-        EXPECT_EQ(contexts_.at({latin, number}), "hangul");
+        EXPECT_EQ(has(latin, number), "hangul");
         EXPECT_EQ(selection_.current(), "hangul");
         EXPECT_THAT(refused_, testing::IsEmpty());
         activate(cyrillic, "");
@@ -369,7 +349,7 @@ TEST_F(Fcitx5SelectionTest, TheLastApplicationGetsItsOwnHoweverQuicklyTheyFollow
             pass(begin + 10ms + upTo(20000));
         }
         pass(500ms);
-        EXPECT_EQ(contexts_.at({last->first, storm}), last->second) << storm;
+        EXPECT_EQ(has(last->first, storm), last->second) << storm;
         EXPECT_EQ(selection_.current(), last->second) << storm;
     }
 }

@@ -1,8 +1,6 @@
-#include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QFileInfo>
 #include <QLineEdit>
 #include <QTimer>
 
@@ -11,18 +9,12 @@
 #include "platform/linux/input-methods/ibus/IBusTextInput.h"
 #include "platform/linux/x11/XcbReply.h"
 #include "virtual-desktop/IBusDaemon.h"
-#include "virtual-desktop/ScratchFolders.h"
-#include "virtual-desktop/SessionBus.h"
 #include "virtual-desktop/WaitUntil.h"
 #include "virtual-desktop/XClient.h"
+#include "virtual-desktop/XServer.h"
 
 namespace quorvane {
 namespace {
-
-bool setLayouts(const QString& layouts, const QString& variants) {
-    return QProcess::execute("setxkbmap", {"-rules", "evdev", "-model", "pc105", "-layout", layouts,
-                                           "-variant", variants, "-option", ""}) == 0;
-}
 
 /// A user of IBus, and the program's view of what happens. The daemon is not started yet.
 struct IBusSession {
@@ -36,30 +28,17 @@ struct IBusSession {
         daemon.start();
         if (!waitUntil([this] { return sources.isAvailable(); })) throw std::runtime_error("not available");
     }
-    std::string current() const {
-        const auto source = sources.copyCurrentKeyboardInputSource();
-        return source ? source->id : std::string();
-    }
+    bool select(const std::string& id) { return sources.selectInputSource({.id = id}); }
     bool waitForCurrent(const std::string& id) {
-        return waitUntil([&] { return current() == id; });
+        return waitUntil([&] { return currentIdIn(sources) == id; });
     }
     bool waitForEngine(const QString& engine) {
         return waitUntil([&] { return daemon.globalEngine() == engine; });
     }
-    bool select(const std::string& id) { return sources.selectInputSource({.id = id}); }
-    bool waitForAvailable(bool isAvailable) {
-        return waitUntil([&] { return sources.isAvailable() == isAvailable; });
-    }
-    std::vector<std::string> ids() const {
-        std::vector<std::string> ids;
-        for (const auto& source : sources.createInputSourceList())
-            ids.push_back(source.id);
-        return ids;
-    }
 
     // The settings are installed on the machine, not in the home of a test.
     bool findsSettings = qputenv("GSETTINGS_SCHEMA_DIR", "/usr/share/glib-2.0/schemas");
-    bool hasLayouts = setLayouts("us,ru,de", ",,neo");
+    bool hasLayouts = XServer::setLayouts("us,ru,de", ",,neo");
     IBusDaemon daemon;
     std::unique_ptr<XConnection> x = XConnection::open(), userX = XConnection::open();
     XkbKeyboard user{*userX};
@@ -96,7 +75,8 @@ public:
         engines_.removeAll(engineOf(id));
         IBusDaemon::setPreloadEngines(engines_);
         // The panel goes on with the first one. The daemon may still be starting the one that is selected.
-        if (session_.current() == id) selectFromOutside(idOfEngine(engines_.front().toStdString()));
+        if (currentIdIn(session_.sources) == id)
+            selectFromOutside(idOfEngine(engines_.front().toStdString()));
     }
 
 private:
@@ -126,7 +106,7 @@ TEST_F(IBusInputSourcesTest, AMethodIsSelectedOverALatinLayout) {
     ASSERT_TRUE(select("xkb:ru") && waitForEngine("xkb:ru::rus"));
     EXPECT_EQ(XClient().currentGroup(), 1U);
     ASSERT_TRUE(select("ibus:libpinyin"));
-    EXPECT_EQ(current(), "ibus:libpinyin") << "at once";
+    EXPECT_EQ(currentIdIn(sources), "ibus:libpinyin") << "at once";
     EXPECT_TRUE(waitForEngine("libpinyin"));
     EXPECT_EQ(XClient().currentGroup(), 0U);
     EXPECT_EQ(sources.copyCurrentKeyboardLayoutInputSource()->id, "xkb:us");
@@ -144,7 +124,8 @@ TEST_F(IBusInputSourcesTest, AMethodIsSelectedOverALatinLayout) {
 TEST_F(IBusInputSourcesTest, SourcesAreDescribedAsTheUserKnowsThem) {
     start();
     const auto list = sources.createInputSourceList();
-    EXPECT_THAT(ids(), testing::ElementsAre("xkb:us", "xkb:ru", "ibus:libpinyin", "ibus:hangul", "xkb:fr"));
+    EXPECT_THAT(idsOf(list),
+                testing::ElementsAre("xkb:us", "xkb:ru", "ibus:libpinyin", "ibus:hangul", "xkb:fr"));
     EXPECT_TRUE(list[2].isSelectCapable);
     EXPECT_FALSE(list[4].isSelectCapable) << "the X server does not have it";
     EXPECT_FALSE(sources.selectInputSource(list[4]));
@@ -160,64 +141,14 @@ TEST_F(IBusInputSourcesTest, SourcesAreDescribedAsTheUserKnowsThem) {
                                      "ZH", "find ibus-hangul", "한", "KO", "FR"));
 
     IBusDaemon::setPreloadEngines({"hangul", "no such engine"});
-    EXPECT_TRUE(waitUntil([this] { return ids() == std::vector<std::string>{"ibus:hangul"}; }));
+    EXPECT_TRUE(waitUntil([this] {
+        return idsOf(sources.createInputSourceList()) == std::vector<std::string>{"ibus:hangul"};
+    }));
     IBusDaemon::setPreloadEngines({});
     EXPECT_TRUE(waitUntil([this] {
-        return ids() == std::vector<std::string>{"xkb:us", "xkb:ru", "xkb:de:neo"};
+        return idsOf(sources.createInputSourceList()) ==
+               std::vector<std::string>{"xkb:us", "xkb:ru", "xkb:de:neo"};
     })) << "what the X server has, and nothing for the language C";
-}
-
-TEST_F(IBusInputSourcesTest, AnEngineThatDiesIsSetAgainForTheNextApplication) {
-    start();
-    ASSERT_TRUE(select("ibus:hangul"));
-    for (const bool isWishedAgain : {true, false}) {
-        ASSERT_TRUE(waitForEngine("hangul") && daemon.killEngine("hangul") && waitForEngine({}));
-        EXPECT_EQ(current(), "ibus:hangul");
-        sources.applicationActivated("", 0);
-        EXPECT_TRUE(isWishedAgain || select("xkb:ru"));
-        EXPECT_TRUE(waitForEngine(isWishedAgain ? "hangul" : "xkb:ru::rus"));
-    }
-}
-
-TEST_F(IBusInputSourcesTest, TheDaemonMayComeAndGo) {
-    EXPECT_FALSE(sources.isAvailable());
-    EXPECT_THAT(ids(), testing::IsEmpty());
-    EXPECT_FALSE(select("xkb:us"));
-    for (const bool isKilled : {true, false, true}) {
-        start();
-        EXPECT_TRUE(select("xkb:ru") && waitForEngine("xkb:ru::rus"));
-        isKilled ? daemon.kill() : daemon.end();
-        EXPECT_TRUE(waitForAvailable(false));
-    }
-    ASSERT_TRUE(QDir(qEnvironmentVariable("XDG_CONFIG_HOME") + "/ibus").removeRecursively());
-    start();
-    IBusDaemon next;
-    next.start(); // In place of the first one, as after an update.
-    EXPECT_TRUE(waitUntil([&] { return !daemon.isRunning() && sources.isAvailable(); }));
-    ASSERT_TRUE(select("xkb:ru"));
-    EXPECT_TRUE(waitUntil([&] { return next.globalEngine() == "xkb:ru::rus"; }));
-}
-
-TEST_F(IBusInputSourcesTest, ADaemonThatHangsIsAvailableAgainWhenItGoesOn) {
-    start();
-    ASSERT_TRUE(select("xkb:ru") && waitForEngine("xkb:ru::rus"));
-    daemon.stop();
-    QElapsedTimer time;
-    time.start();
-    ASSERT_TRUE(select("ibus:hangul"));
-    EXPECT_LT(time.elapsed(), 1000) << "nothing waits";
-    EXPECT_TRUE(waitForAvailable(false));
-    daemon.resume();
-    EXPECT_TRUE(waitForAvailable(true));
-    EXPECT_TRUE(waitForEngine("hangul"));
-    EXPECT_EQ(current(), "ibus:hangul");
-    daemon.stop();
-    EXPECT_TRUE(waitUntil([this] {
-        sources.applicationActivated("", 0);
-        return !sources.isAvailable();
-    }));
-    daemon.kill();
-    start(); // Another one in its place.
 }
 
 TEST_F(IBusInputSourcesTest, OwnTextFieldsAreTypedWithItAndNeverWaitForIt) {
@@ -259,7 +190,7 @@ TEST_F(IBusInputSourcesTest, OwnTextFieldsAreTypedWithItAndNeverWaitForIt) {
     EXPECT_TRUE(becomes("你ni你n")) << field.text().toStdString();
 }
 
-TEST_F(IBusInputSourcesTest, AnotherProgramAtTheAddressIsNoDaemon) {
+TEST_F(IBusInputSourcesTest, AnotherProgramAtTheAddressIsNoDaemonAndTheFolderMayGo) {
     start();
     const auto pretend = [](const QByteArray& address) {
         QFile file(IBusDaemon::addressFile());
@@ -267,27 +198,13 @@ TEST_F(IBusInputSourcesTest, AnotherProgramAtTheAddressIsNoDaemon) {
         file.write("IBUS_ADDRESS=" + address + "\nIBUS_DAEMON_PID=1\n");
     };
     pretend(qgetenv("DBUS_SESSION_BUS_ADDRESS"));
-    EXPECT_TRUE(waitForAvailable(false));
+    EXPECT_TRUE(waitUntil([this] { return !sources.isAvailable(); }));
     pretend("unix:path=/nowhere");
     pretend("nonsense");
     pretend("");
     daemon.end();
+    ASSERT_TRUE(QDir(qEnvironmentVariable("XDG_CONFIG_HOME") + "/ibus").removeRecursively());
     start();
-}
-
-TEST(IBusSettingsDeathTest, TheProgramSurvivesTheEndOfTheSessionBus) {
-    GTEST_FLAG_SET(death_test_style, "threadsafe"); // GLib's only connection to a session bus is a new one.
-    const auto livesOn = [] {
-        const ScratchFolders folders; // Two buses would write into one home's settings.
-        SessionBus bus;
-        IBusSession session({"xkb:us::eng", "xkb:ru::rus"});
-        session.start();
-        IBusDaemon::setPreloadEngines({"xkb:ru::rus"});
-        if (!waitUntil([&] { return session.ids().size() == 1; })) return 1; // Settings are followed.
-        bus.end();
-        return session.waitForAvailable(false) ? 0 : 2; // IBus ends with its session.
-    };
-    EXPECT_EXIT(std::exit(livesOn()), testing::ExitedWithCode(0), "");
 }
 
 } // namespace

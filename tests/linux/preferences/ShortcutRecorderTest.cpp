@@ -1,14 +1,13 @@
-#include <cmath>
+#include <cstdlib>
 
-#include <QFile>
 #include <QLibraryInfo>
-#include <QProcess>
 #include <gtest/gtest.h>
 
 #include "linux/preferences/ShownTable.h"
 #include "platform/GlobalEventMonitor.h"
 #include "platform/linux/localization/Translations.h"
 #include "platform/linux/preferences/ShortcutRecorder.h"
+#include "virtual-desktop/XServer.h"
 
 namespace quorvane {
 namespace {
@@ -18,14 +17,9 @@ constexpr std::uint8_t escape = 9, backspace = 22, tab = 23, keyY = 29, enter = 
                        remove = 119, command = 133, keyOfNoCode = 179;
 
 struct ShortcutRecorderTest : testing::Test {
-    ~ShortcutRecorderTest() override { setLayouts("us"); }
+    ~ShortcutRecorderTest() override { XServer::setLayouts("us"); }
 
-    void setLayouts(const QString& layouts) {
-        ASSERT_EQ(QProcess::execute("setxkbmap", {"-rules", "evdev", "-model", "pc105", "-layout", layouts}),
-                  0);
-    }
     QAbstractButton& recorder() { return *shown.widgetAt<QAbstractButton>(1, shortcut); }
-    QAbstractButton& cross() { return *recorder().findChild<QAbstractButton*>(); }
     QString said() { return recorder().text(); }
     bool waitUntilItSays(const QString& text) {
         return waitUntil([&] { return said() == text; });
@@ -54,22 +48,22 @@ TEST_F(ShortcutRecorderTest, RecordsPositionsInEveryLayout) {
                  {{shift, backspace}, {0x33, 0x20000}, "Shift+Backspace"},
                  {{keyK}, {0x28, 0}, "Record shortcut"}};
     for (const QString layouts : {"us", "ru,us", "de"}) {
-        setLayouts(layouts);
-        for (const auto& locks : {Keys{}, {capsLock, numLock}}) {
-            shown.tap(locks);
-            for (const auto& [keys, recorded, text] : cases) {
-                EXPECT_TRUE(begin());
-                shown.user.pressTogether(keys);
-                EXPECT_TRUE(isReleased());
-                EXPECT_EQ(shown.stored("1"), recorded.record()) << text;
-                EXPECT_TRUE(waitUntilItSays(text)) << said().toStdString();
-                EXPECT_TRUE(cross().isVisible()) << "whatever is shown";
-                cross().click();
-                EXPECT_TRUE(shown.stored("1").isNothing()) << text;
-                EXPECT_FALSE(cross().isVisible());
-            }
-            shown.tap(locks);
+        ASSERT_TRUE(XServer::setLayouts(layouts));
+        const Keys locks = layouts == "us" ? Keys{} : Keys{capsLock, numLock};
+        shown.tap(locks);
+        for (const auto& [keys, recorded, text] : cases) {
+            EXPECT_TRUE(begin());
+            shown.user.pressTogether(keys);
+            EXPECT_TRUE(isReleased());
+            EXPECT_EQ(shown.stored("1"), recorded.record()) << text;
+            EXPECT_TRUE(waitUntilItSays(text)) << said().toStdString();
+            auto& cross = *recorder().findChild<QAbstractButton*>();
+            EXPECT_TRUE(cross.isVisible()) << "whatever is shown";
+            cross.click();
+            EXPECT_TRUE(shown.stored("1").isNothing()) << text;
+            EXPECT_FALSE(cross.isVisible());
         }
+        shown.tap(locks);
     }
     begin();
     shown.user.pressTogether({altGr, keyY}); // It types.
@@ -92,7 +86,7 @@ TEST_F(ShortcutRecorderTest, TakesKeysFromEverybodyUntilItEnds) {
     EXPECT_TRUE(waitUntilItSays("Ctrl+Alt+…"));
     shown.user.press(keyK);
     EXPECT_TRUE(waitUntilItSays("Ctrl+Alt+K"));
-    EXPECT_EQ(QWidget::keyboardGrabber() != nullptr, true) << "as long as the key is held";
+    EXPECT_TRUE(QWidget::keyboardGrabber()) << "as long as the key is held";
     shown.user.release(keyK);
     EXPECT_TRUE(isReleased());
     EXPECT_EQ(fired, 0);
@@ -116,7 +110,7 @@ TEST_F(ShortcutRecorderTest, TakesKeysFromEverybodyUntilItEnds) {
     EXPECT_NE(recorder().grab().toImage(), marked);
 }
 
-TEST_F(ShortcutRecorderTest, IsCancelledAndCleared) {
+TEST_F(ShortcutRecorderTest, IsLeftAndCleared) {
     shown.store("1", {0x7a, 0});
     const std::function<void()> ends[] = {
         [&] { shown.tap({escape}); },
@@ -127,53 +121,34 @@ TEST_F(ShortcutRecorderTest, IsCancelledAndCleared) {
         [&] { shown.click(shown.middleOf(1, shortcut)); },
         [&] { shown.table.hide(); },
     };
-    const auto before = shown.defaults.synchronizations("");
     for (const auto& end : ends) {
         EXPECT_TRUE(begin());
         shown.tap({keyOfNoCode});
-        EXPECT_TRUE(waitUntilItSays("This key cannot be used"));
         shown.port.reloadData();
-        EXPECT_EQ(said(), "This key cannot be used") << "a reload leaves it alone";
+        EXPECT_TRUE(waitUntilItSays("This key cannot be used")) << "a reload leaves it alone";
         end();
         EXPECT_TRUE(waitUntil([] { return !QWidget::keyboardGrabber(); }));
         EXPECT_EQ(said(), "F1");
     }
-    EXPECT_EQ(shown.defaults.synchronizations(""), before) << "nothing was recorded";
     ASSERT_TRUE(waitUntil([] { return !QGuiApplication::focusWindow(); }));
     shown.table.show();
     ASSERT_TRUE(waitUntil([&] { return shown.table.isActiveWindow(); }));
-    for (const auto key : {backspace, remove}) {
-        for (const bool records : {false, true}) {
-            shown.store("1", {0x28, 0}); // A letter, which is not shown.
-            shown.table.setFocus();
-            shown.table.setCurrentIndex(shown.table.model()->index(1, shortcut));
-            shown.tap(records ? Keys{space} : Keys{});
-            EXPECT_TRUE(waitUntilItSays(records ? "Press the keys" : "Record shortcut"));
-            shown.tap({key});
-            EXPECT_TRUE(waitUntil([&] { return shown.stored("1").isNothing(); })) << int(key) << records;
-            EXPECT_TRUE(isReleased());
-        }
+    for (const auto& keys : {Keys{backspace}, {remove}, {space, backspace}, {space, remove}}) {
+        shown.store("1", {0x28, 0}); // A letter, which is not shown.
+        shown.table.setFocus();
+        shown.table.setCurrentIndex(shown.table.model()->index(1, shortcut));
+        shown.tap(keys);
+        EXPECT_TRUE(waitUntil([&] { return shown.stored("1").isNothing(); })) << testing::PrintToString(keys);
+        EXPECT_TRUE(isReleased());
     }
 }
 
-double luminance(const QColor& colour) {
-    const auto linear = [](double part) {
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
-
-/// The contrast of what stands out most from the ground.
-double contrastIn(const QImage& image, const QColor& ground) {
-    double most = 1;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            const auto [darker, lighter] =
-                std::minmax({luminance(image.pixelColor(x, y)), luminance(ground)});
-            most = std::max(most, (lighter + 0.05) / (darker + 0.05));
-        }
-    }
+/// How much lighter or darker than the ground is what stands out most: 0 to 255.
+int contrastIn(const QImage& image, const QColor& ground) {
+    int most = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            most = std::max(most, std::abs(image.pixelColor(x, y).lightness() - ground.lightness()));
     return most;
 }
 
@@ -183,14 +158,13 @@ TEST(ShortcutRecorder, CanBeReadInEveryAppearanceAndLanguage) {
     ShortcutRecorder recorder(keyboard, nullptr);
     for (const auto& [text, window] :
          {std::pair(Qt::black, QColor(239, 239, 239)), std::pair(Qt::white, QColor(53, 53, 53))}) {
-        auto palette = QPalette(text, window);
-        recorder.setPalette(palette);
+        recorder.setPalette(QPalette(text, window));
         recorder.resize(400, 40);
         auto font = recorder.font();
         font.setPixelSize(26); // Thick enough for pixels that are all text.
         recorder.setFont(font);
         const auto image = recorder.grab(recorder.rect().adjusted(8, 8, -8, -8)).toImage();
-        EXPECT_GE(contrastIn(image, window), 4.5);
+        EXPECT_GE(contrastIn(image, window), 128);
     }
 
     QTranslator textsOfQt;

@@ -7,8 +7,8 @@
 
 #include <QElapsedTimer>
 
-#include "linux/program/InputMethodSession.h"
 #include "linux/support/TestWindow.h"
+#include "virtual-desktop/InputMethodSession.h"
 #include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
@@ -134,7 +134,8 @@ TEST_P(InputMethods, ADaemonThatHangsOrDiesStopsNothing) {
         {"it is killed", kill, start},
         {"it ends", end, start},
         {"it hangs", stop, resume},
-        {"it is killed as it hangs", [&] { (stop(), expectQuickSwitchesOfLayouts(), kill()); }, start}};
+        {"it is killed as it hangs", [&] { (stop(), expectQuickSwitchesOfLayouts(), kill()); }, start},
+        {"another one takes its place", [] {}, start}};
     TextProgram chinese(*this, Toolkit::qt, wmClass(Toolkit::qt, pinyin));
     for (const auto& fault : faults) {
         SCOPED_TRACE(fault.what);
@@ -155,7 +156,7 @@ TEST_P(InputMethods, ADaemonThatHangsOrDiesStopsNothing) {
     }
 }
 
-TEST_P(InputMethods, AnotherFrameworkMayTakeTheDaemonsPlaceAndNothingMayTakeThat) {
+TEST_P(InputMethods, AnotherFrameworkMayTakeTheDaemonsPlaceAndTheSessionBusMayEnd) {
     use(GetParam() == std::string("ibus") ? "fcitx" : "ibus");
     {
         TextProgram chinese(*this, Toolkit::qt, wmClass(Toolkit::qt, pinyin));
@@ -163,7 +164,8 @@ TEST_P(InputMethods, AnotherFrameworkMayTakeTheDaemonsPlaceAndNothingMayTakeThat
         pauseLikeAPerson();
         EXPECT_TRUE(typeInto(chinese, pinyin)) << chinese.typed().toStdString();
     }
-    onDaemon([](auto& each) { each.end(); });
+    bus.end();
+    onDaemon([](auto& each) { each.end(); }); // of which nobody tells
     expectQuickSwitchesOfLayouts();
     TextProgram cyrillic(*this, Toolkit::xim, wmClass(Toolkit::xim, ru));
     ASSERT_TRUE(cyrillic.activate() && waitForGroup(1));
@@ -179,6 +181,18 @@ TEST(InputMethodEngine, ThatDiedRunsAgainAtTheNextActivation) {
     TextProgram next(session, Toolkit::xim, session.wmClass(Toolkit::xim, pinyin));
     ASSERT_TRUE(next.activate() && session.waitForSource(pinyin));
     EXPECT_TRUE(session.typeInto(next, pinyin)) << next.typed().toStdString();
+}
+
+class SharedState : public testing::TestWithParam<const char*> {};
+INSTANTIATE_TEST_SUITE_P(Program, SharedState, testing::Values("All", "Program"), nameOf);
+
+TEST_P(SharedState, ChangesNothingAtTheFirstKey) {
+    InputMethodSession session("fcitx", GetParam());
+    for (const auto source : {session.us, session.ru, session.us}) {
+        TextProgram launched(session, Toolkit::qt, session.wmClass(Toolkit::qt, source));
+        ASSERT_TRUE(launched.waitUntilShown() && session.waitForSource(source));
+        EXPECT_TRUE(session.typeInto(launched, source)) << launched.typed().toStdString();
+    }
 }
 
 } // namespace

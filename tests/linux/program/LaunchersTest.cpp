@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "linux/program/ProgramSession.h"
 #include "linux/support/TestWindow.h"
 #include "settings/AppRule.h"
 #include "settings/InputShortcut.h"
 #include "settings/Keys.h"
+#include "virtual-desktop/ProgramSession.h"
 #include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
@@ -40,7 +40,7 @@ protected:
 
     ProgramSession session_;
     std::optional<TestWindow> front_;
-    std::optional<TestProgram> launcher_;
+    std::optional<RunningProgram> launcher_;
 };
 
 TEST_P(Launchers, AreTypedIntoInTheLayoutOfTheirRule) {

@@ -4,9 +4,9 @@
 #include <QDir>
 #include <QFile>
 
-#include "linux/program/ProgramSession.h"
 #include "platform/linux/AutostartLoginItems.h"
 #include "settings/Keys.h"
+#include "virtual-desktop/ProgramSession.h"
 #include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
@@ -19,8 +19,9 @@ QString textOf(const QString& path) {
 
 class AutostartEntry : public testing::Test {
 protected:
-    bool setEnabled(const QString& program, bool enabled = true) {
-        return AutostartLoginItems(folder().toStdString(), program.toStdString()).setEnabled("item", enabled);
+    bool setEnabled(const QString& program, bool isEnabled = true) {
+        return AutostartLoginItems(folder().toStdString(), program.toStdString())
+            .setEnabled("item", isEnabled);
     }
     QString folder() const { return folders_.home() + "/config/autostart"; }
     QString entry() const { return folder() + "/item.desktop"; }
@@ -41,7 +42,7 @@ TEST_F(AutostartEntry, StartsTheProgramWhereverItIs) {
     }
 }
 
-TEST_F(AutostartEntry, KeepsTheUsersOwnSwitchUntilItIsMadeAnew) {
+TEST_F(AutostartEntry, KeepsTheUsersOwnSwitchUntilItIsMadeAnewAndIsRefusedWhereNothingCanBeWritten) {
     const QByteArray users =
         "[Desktop Entry]\nExec=/old/place\nHidden=true\nX-GNOME-Autostart-enabled = false\n"
         "[Other]\nHidden=of another group\n";
@@ -50,32 +51,24 @@ TEST_F(AutostartEntry, KeepsTheUsersOwnSwitchUntilItIsMadeAnew) {
     const auto kept = textOf(entry()).toStdString();
     EXPECT_THAT(kept, testing::HasSubstr("\nExec=\"/new/place\" --at-login\n"));
     EXPECT_THAT(kept, testing::EndsWith("\nHidden=true\nX-GNOME-Autostart-enabled = false\n"));
-    EXPECT_TRUE(setEnabled("/new/place", false));
+    for (int time = 0; time < 2; ++time)
+        EXPECT_TRUE(setEnabled("/new/place", false)) << "also if it is so already";
     EXPECT_FALSE(QFile::exists(entry()));
-    EXPECT_TRUE(setEnabled("/new/place", false)) << "it is disabled already";
     ASSERT_TRUE(setEnabled("/new/place"));
-    EXPECT_THAT(textOf(entry()).toStdString(), testing::Not(testing::HasSubstr("Hidden")));
-}
-
-TEST_F(AutostartEntry, IsRefusedWhereNothingCanBeWritten) {
+    EXPECT_FALSE(textOf(entry()).contains("Hidden"));
+    ASSERT_TRUE(QDir(folder()).removeRecursively());
     folders_.write("config/autostart", "a file where the folder should be");
-    EXPECT_FALSE(setEnabled("/a/program"));
-    EXPECT_FALSE(QDir(folder()).exists());
+    EXPECT_FALSE(setEnabled("/new/place"));
 }
 
-TEST(LoginItem, FollowsTheSettingAndTheProgramLeavesQuietlyWhenItRunsAlready) {
+TEST(LoginItem, FollowsTheSetting) {
     ProgramSession session;
     auto& standard = session.stores.standardUserDefaults();
     standard.setBool(true, key::autoStartAtLogin);
     standard.synchronize();
     session.startProgram();
-    const QString entry = QString("%1/config/autostart/%2.desktop")
-                              .arg(session.folders.home(), std::string(maker::loginItemIdentifier).c_str());
-    EXPECT_THAT(textOf(entry).toStdString(), testing::HasSubstr(QUORVANE_PROGRAM));
-    TestProgram second(QUORVANE_PROGRAM, {"--at-login"});
-    ASSERT_TRUE(second.waitForEnd());
-    EXPECT_EQ(second.exitCode(), 0);
-    EXPECT_TRUE(session.program->isRunning());
+    const auto file = QString::fromStdString(std::string(maker::loginItemIdentifier) + ".desktop");
+    EXPECT_TRUE(textOf(session.folders.home() + "/config/autostart/" + file).contains(QUORVANE_PROGRAM));
 }
 
 } // namespace

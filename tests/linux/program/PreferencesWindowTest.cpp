@@ -1,12 +1,20 @@
-// The preferences window of the running program, used with mouse and keyboard.
+// The preferences window of the running program, found as a screen reader finds it, and used with mouse and
+// keyboard.
 
-#include <gmock/gmock.h>
+#include <algorithm>
+#include <stdexcept>
+
+#include <QDir>
+#include <QImage>
 #include <gtest/gtest.h>
 
-#include "linux/program/PreferencesSession.h"
+#include "linux/support/AccessibleTree.h"
+#include "linux/support/Portal.h"
 #include "linux/support/TestWindow.h"
 #include "settings/AppRule.h"
 #include "settings/Keys.h"
+#include "settings/RuleTableOrder.h"
+#include "virtual-desktop/ProgramSession.h"
 #include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
@@ -16,26 +24,84 @@ constexpr unsigned us = 0, ru = 1;
 constexpr std::uint8_t wheelDown = 5;
 constexpr std::uint8_t k = 45, down = 116, enter = 36, control = 37, option = 64;
 
-const QString applications = "Switch by application";
-const QString shortcuts = "Shortcuts";
+const QString applications = "Switch by application", shortcuts = "Shortcuts";
 enum Column { icon, name, input };
 
-class PreferencesWindow : public testing::Test, protected PreferencesSession {
+class PreferencesWindow : public testing::Test {
 protected:
-    PreferencesWindow() {
-        for (const auto* each : {"First", "Second", "Third"})
-            install(each, each);
+    /// Applications that the user has rules for, in this order.
+    void setRules(const std::vector<std::string>& names) {
+        for (const auto& name : names) {
+            session.folders.write(QString("data/applications/%1.desktop").arg(name.c_str()),
+                                  ("[Desktop Entry]\nType=Application\nExec=none\nName=" + name).c_str());
+            setRuleInput(standard(), name, "xkb:us");
+        }
+        setOrderOfAppsRule(standard(), names);
     }
 
-    void showTab(const QString& name) { click("radio button", name); }
+    /// Starts the program and opens its window.
+    void open() {
+        session.startProgram();
+        launchAgain();
+    }
+
+    /// Launches the running program again, which shows its window: in its place when this returns.
+    void launchAgain() {
+        RunningProgram again(QUORVANE_PROGRAM);
+        if (!again.waitForEnd() || !waitUntil([this] { return window() != XCB_WINDOW_NONE; }))
+            throw std::runtime_error("the window does not open");
+    }
+
+    /// None (0) while it is not to be seen.
+    xcb_window_t window() {
+        // The program knows its place only when the window manager has given it a frame.
+        const auto told = tree.placeOf("frame", "Quorvane");
+        const Rect place{double(told.x()), double(told.y()), double(told.width()), double(told.height())};
+        for (const auto& each : stackedWindows(*x))
+            if (each.isVisible && each.bounds == place) return each.window;
+        return XCB_WINDOW_NONE;
+    }
+    bool isMenuOpen() {
+        constexpr double higherThanToolTips = 40;
+        return std::ranges::any_of(stackedWindows(*x), [](const auto& each) {
+            return each.isPopUp && each.isVisible && each.bounds.height > higherThanToolTips;
+        });
+    }
+
+    void clickAt(const QPoint& place) {
+        session.user.moveTo(place.x(), place.y());
+        session.user.click(1);
+    }
+    void click(const QString& role, const QString& text) { clickAt(tree.placeOf(role, text).center()); }
+    bool showTab(const QString& text) {
+        click("radio button", text);
+        return waitUntil([&] { return tree.isChecked("radio button", text); });
+    }
+
+    /// What it looks like when it has come to rest. The picture stays, to be looked at.
+    QImage picture(const QString& file) {
+        QDir().mkpath(QUORVANE_SCREENSHOTS);
+        const auto path = QString(QUORVANE_SCREENSHOTS) + "/" + file;
+        QImage before, now;
+        waitUntil([&] {
+            before = now;
+            QProcess::execute("import", {"-window", QString::number(window()), path});
+            now = QImage(path);
+            return !now.isNull() && now == before;
+        });
+        return now;
+    }
 
     UserDefaults& standard() { return session.stores.standardUserDefaults(); }
     PropertyList stored(std::string_view key) { return standard().objectForKey(key); }
+
+    ProgramSession session;
+    AccessibleTree tree;
+    std::unique_ptr<XConnection> x = XConnection::open();
 };
 
 TEST_F(PreferencesWindow, ASourceChosenForTheApplicationBehindItIsUsedWhenThatIsInFrontAgain) {
-    for (const auto* each : {"First", "Second"})
-        setRuleInput(standard(), each, "xkb:us");
+    setRules({"First", "Second"});
     open();
     const TestWindow second({"class=Second", "at=1300,600,200,100"});
     ASSERT_TRUE(waitUntil([&] { return tree.nameOfCell(applications, 1, name) == "Second"; }));
@@ -58,7 +124,7 @@ TEST_F(PreferencesWindow, WhileTheCompanionSetsUpItStaysAboveOnAllDesktops) {
     click("check box", "Start Setup");
     click("push button", "Cancel"); // of the sheet that says what it needs
     EXPECT_TRUE(waitUntil([&] { return !tree.isChecked("check box", "Start Setup"); }));
-    TestProgram companion(QUORVANE_TEST_COMPANION);
+    RunningProgram companion(QUORVANE_TEST_COMPANION);
     ASSERT_TRUE(waitUntil([&] { return companion.output() == "ready\n"; }));
     const auto seen = window();
     const auto above = XConnection::open()->atom("_NET_WM_STATE_ABOVE");
@@ -78,7 +144,7 @@ TEST_F(PreferencesWindow, WhileTheCompanionSetsUpItStaysAboveOnAllDesktops) {
 
 TEST_F(PreferencesWindow, ARecordedHotKeyWorksInOtherProgramsAtOnce) {
     open();
-    showTab("Preference");
+    ASSERT_TRUE(showTab("Preference"));
     const TestWindow other({"class=Other", "at=1300,750,200,100"});
     // A recorder that records has another ground, and by then no other hot key is heard.
     const auto cell = tree.placeOfCell(shortcuts, 1, input);
@@ -100,7 +166,7 @@ TEST_F(PreferencesWindow, ARecordedHotKeyWorksInOtherProgramsAtOnce) {
 
 TEST_F(PreferencesWindow, WithTheStatusItemHiddenItsClosingStartsTheProgramAnew) {
     open();
-    showTab("Preference");
+    ASSERT_TRUE(showTab("Preference"));
     click("check box", "Hide the icon in the status bar");
     ASSERT_TRUE(waitUntil([&] { return standard().boolForKey(key::hiddenIconInStatusBar); }));
     session.user.pressTogether({control, 25}); // W
@@ -108,8 +174,42 @@ TEST_F(PreferencesWindow, WithTheStatusItemHiddenItsClosingStartsTheProgramAnew)
     EXPECT_EQ(session.program->exitCode(), 0);
     session.setRule("taken.by.the.new.one", "xkb:de");
     launchAgain();
-    showTab("Preference");
+    ASSERT_TRUE(showTab("Preference"));
     EXPECT_TRUE(waitUntil([&] { return tree.isChecked("check box", "Hide the icon in the status bar"); }));
+}
+
+struct Look {
+    const char *name, *language;
+    unsigned scheme; ///< The portal's: 1 is dark.
+    QStringList tabs;
+};
+const Look looks[] = {
+    {"en_light", "en", 2, {"Rules", "Preference", "Learn", "Free apps", "Contact us"}},
+    {"zh_CN_dark", "zh_CN", 1, {"规则", "偏好设置", "学习", "免费应用", "联系我们"}},
+};
+class PreferencesWindowLook : public PreferencesWindow, public testing::WithParamInterface<Look> {};
+INSTANTIATE_TEST_SUITE_P(Program, PreferencesWindowLook, testing::ValuesIn(looks),
+                         [](const auto& instance) { return std::string(instance.param.name); });
+
+TEST_P(PreferencesWindowLook, IsInTheUsersLanguageAndColours) {
+    const Portal portal(GetParam().scheme);
+    qputenv("LANGUAGE", GetParam().language);
+    setRules({"Terminal", "微信", "An application whose name is far too long to be seen"});
+    session.shared()->setObject(PropertyList::Array{PropertyList::Dictionary{{"BundleIdentifier", "微信"},
+                                                                             {"Name", "聊天窗口"},
+                                                                             {"InputID", "xkb:de"}}},
+                                key::arrOfLocationInfo);
+    open();
+    qunsetenv("LANGUAGE");
+    std::vector<QImage> pictures;
+    for (const auto& tab : GetParam().tabs) {
+        ASSERT_TRUE(showTab(tab));
+        const auto now = picture(QString("%1_%2.png").arg(GetParam().name).arg(pictures.size()));
+        ASSERT_GT(now.width(), 500);
+        EXPECT_EQ(now.pixelColor(3, 3).lightness() < 128, GetParam().scheme == 1);
+        EXPECT_EQ(std::ranges::count(pictures, now), 0);
+        pictures.push_back(now);
+    }
 }
 
 } // namespace

@@ -7,9 +7,8 @@
 #include <QDBusVirtualObject>
 #include <gtest/gtest.h>
 
-#include "linux/program/ProgramSession.h"
-#include "linux/support/ShownWindows.h"
 #include "linux/support/TestWindow.h"
+#include "virtual-desktop/ProgramSession.h"
 #include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
@@ -40,10 +39,9 @@ public:
         return bus_.call(question);
     }
     QString toolTip() {
-        const QVariantList property = {"org.kde.StatusNotifierItem", "ToolTip"};
-        const auto answer = askItem("org.freedesktop.DBus.Properties", "Get", property);
-        const auto boxed = answer.arguments().value(0).value<QDBusVariant>();
-        const auto told = boxed.variant().value<QDBusArgument>();
+        const auto answer =
+            askItem("org.freedesktop.DBus.Properties", "Get", {"org.kde.StatusNotifierItem", "ToolTip"});
+        const auto told = answer.arguments().value(0).value<QDBusVariant>().variant().value<QDBusArgument>();
         QString icon, title;
         told.beginStructure();
         told >> icon;
@@ -61,10 +59,7 @@ public:
     }
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& /*bus*/) override {
         if (message.member() == "Introspect") return !isAnswering_;
-        if (isAnswering_)
-            answer(message);
-        else
-            unanswered_.append(message);
+        isAnswering_ ? answer(message) : unanswered_.append(message);
         return true;
     }
 
@@ -83,10 +78,8 @@ private:
     QString item_;
 };
 
-class StatusItemOfTray : public testing::Test {
-protected:
+struct StatusItemOfTray : testing::Test {
     ProgramSession session_;
-    std::unique_ptr<XConnection> x_ = XConnection::open();
 };
 
 TEST_F(StatusItemOfTray, WaitsForATrayThatDoesNotAnswerYetAndNothingElseDoes) {
@@ -104,16 +97,15 @@ TEST_F(StatusItemOfTray, WaitsForATrayThatDoesNotAnswerYetAndNothingElseDoes) {
         << tray.toolTip().toStdString();
 
     tray.askItem("org.kde.StatusNotifierItem", "Activate", {100, 100}); // a click on it
-    EXPECT_TRUE(waitUntil([&] {
-        const auto isMenu = [](const auto& window) { return window.isPopUp && window.isVisible; };
-        return std::ranges::any_of(stackedWindows(*x_), isMenu);
-    }));
+    const auto x = XConnection::open();
+    EXPECT_TRUE(waitUntil([&] { return std::ranges::any_of(stackedWindows(*x), &StackedWindow::isPopUp); }))
+        << "its menu";
 }
 
 TEST_F(StatusItemOfTray, IsShownByAnOlderTrayWheneverThatComes) {
     session_.startProgram();
     ASSERT_TRUE(waitUntil([&] { return session_.program->errors().contains("no system tray"); }));
-    const TestProgram tray("trayer", {"--edge", "bottom", "--expand", "true"});
+    const RunningProgram tray("trayer", {"--edge", "bottom", "--expand", "true"});
     EXPECT_TRUE(waitUntil([] {
         QProcess windows;
         windows.start("xwininfo", {"-root", "-tree"});

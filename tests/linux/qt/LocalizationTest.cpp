@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <set>
 
 #include <QFile>
@@ -23,53 +25,55 @@ QString contents(const fs::path& path) {
     return QString::fromUtf8(file.readAll());
 }
 
-/// Adds the literals that calls in a source file look up, of C++ or of Objective-C. Every call must have one.
-void addKeysOfSource(const fs::path& path, Keys& keys) {
+/// Adds the literals that calls in a folder's sources look up, of C++ or of Objective-C. Every call must have
+/// one.
+void addKeysOfSources(const fs::path& folder, Keys& keys) {
     static const QRegularExpression call(R"(\blocalized(?:String)?\(\s*((?:@?"(?:[^"\\]|\\.)*"\s*)+)?)");
     static const QRegularExpression declaration(
         R"(\blocalized(?:String)?\((?:const char\*|std::string_view|NSString\*(?: _Nonnull)?) key\))");
-    static const QRegularExpression start(R"(^@?")");
-    static const QRegularExpression seam(R"("\s*@?")");
-    const auto text = contents(path).remove(declaration);
-    for (const auto& match : call.globalMatch(text)) {
-        auto key = match.captured(1).trimmed().remove(seam).remove(start);
-        EXPECT_GT(key.size(), 1) << path << ": " << text.mid(match.capturedStart(), 80).toStdString();
-        key.chop(1);
-        keys.insert(key.replace("\\n", "\n").replace("\\\"", "\""));
+    static const QRegularExpression start(R"(^@?")"), seam(R"("\s*@?")");
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+        const auto extension = entry.path().extension();
+        if (extension != ".cpp" && extension != ".h" && extension != ".mm") continue;
+        const auto text = contents(entry.path()).remove(declaration);
+        for (const auto& match : call.globalMatch(text)) {
+            auto key = match.captured(1).trimmed().remove(seam).remove(start);
+            EXPECT_GT(key.size(), 1) << entry << text.mid(match.capturedStart(), 80).toStdString();
+            key.chop(1);
+            keys.insert(key.replace("\\n", "\n").replace("\\\"", "\""));
+        }
     }
 }
 
-/// `names`: what is not translated, which are mostly names that the program knows.
-void addKeysOfInterface(const fs::path& path, Keys& keys, Keys& names) {
-    QXmlStreamReader xml(contents(path));
+struct InterfaceFile {
+    Keys texts;
+    Keys names; ///< Not translated: mostly names that the program knows.
+};
+
+InterfaceFile interfaceFile() {
+    InterfaceFile file;
+    QXmlStreamReader xml(contents(root / "resources/Preferences.ui"));
     bool isListTranslated = true;
     while (!xml.atEnd()) {
         xml.readNext();
         const bool isTranslated = xml.attributes().value("notr") != u"true";
-        if (xml.isStartElement() && xml.name() == u"stringlist") isListTranslated = isTranslated;
-        if (xml.isEndElement() && xml.name() == u"stringlist") isListTranslated = true;
+        if (xml.name() == u"stringlist") isListTranslated = isTranslated || xml.isEndElement();
         if (!xml.isStartElement() || xml.name() != u"string") continue;
         const auto text = xml.readElementText();
-        if (!text.isEmpty()) (isTranslated && isListTranslated ? keys : names).insert(text);
+        if (!text.isEmpty()) (isTranslated && isListTranslated ? file.texts : file.names).insert(text);
     }
-    EXPECT_FALSE(xml.hasError()) << path;
+    EXPECT_FALSE(xml.hasError());
+    return file;
 }
 
-void addKeysOfSources(const fs::path& folder, Keys& keys) {
-    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-        const auto extension = entry.path().extension();
-        if (extension == ".cpp" || extension == ".h" || extension == ".mm")
-            addKeysOfSource(entry.path(), keys);
-    }
-}
-
-Keys keysOfProgram() {
-    Keys keys, names;
-    for (const auto* folder :
-         {"app", "indicator", "input", "platform", "preferences", "settings", "shortcuts", "switching"})
-        addKeysOfSources(root / folder, keys);
-    for (const auto& entry : fs::directory_iterator(root / "resources"))
-        if (entry.path().extension() == ".ui") addKeysOfInterface(entry.path(), keys, names);
+const Keys& wanted() {
+    static const auto keys = [] {
+        auto all = interfaceFile().texts;
+        for (const auto* folder :
+             {"app", "indicator", "input", "platform", "preferences", "settings", "shortcuts", "switching"})
+            addKeysOfSources(root / folder, all);
+        return all;
+    }();
     return keys;
 }
 
@@ -81,60 +85,54 @@ QStringList found(const QString& text, const char* pattern) {
     return parts;
 }
 
-class StringTablesTest : public testing::TestWithParam<const char*> {};
-
-TEST_P(StringTablesTest, HaveEveryTextOnceAndAsItsKeyIs) {
-    static const auto wanted = keysOfProgram();
-    ASSERT_GT(wanted.size(), 10U);
-    const StringTable table(
-        contents(root / "resources" / (std::string(GetParam()) + ".lproj/Localizable.strings")));
-    EXPECT_EQ(table.faultyLine(), std::nullopt);
-    const Keys keys(table.keys().begin(), table.keys().end());
-    EXPECT_EQ(qsizetype(keys.size()), table.keys().size()) << "a key is there twice";
-    for (const auto& key : keys)
-        EXPECT_TRUE(wanted.contains(key)) << "not in the program: " << key.toStdString();
-    for (const auto& key : wanted) {
-        const auto value = table.value(key);
-        EXPECT_FALSE(value.trimmed().isEmpty()) << "missing: " << key.toStdString();
-        for (const auto* alike : {R"(%(\d+\$)?[@\d])", R"(^\s+|\s+$)", "Quorvane|Tandrel", R"(\n)"})
-            EXPECT_EQ(found(value, alike), found(key, alike)) << key.toStdString();
-    }
+StringTable tableIn(const fs::path& folder) {
+    const auto path = folder / "Localizable.strings";
+    StringTable table(contents(path));
+    EXPECT_EQ(table.faultyLine(), std::nullopt) << path;
+    return table;
 }
-INSTANTIATE_TEST_SUITE_P(Languages, StringTablesTest,
-                         testing::Values("de", "es", "fr", "ja", "ko", "ru", "zh-Hans", "zh-Hant"));
 
-TEST(StringTablesOfLinux, SayNothingOfAnotherSystem) {
-    static const auto wanted = keysOfProgram();
-    for (const auto* language : {"en", "de", "es", "fr", "ja", "ko", "ru", "zh-Hans", "zh-Hant"}) {
-        const auto path = root / "resources/linux" / (std::string(language) + ".lproj/Localizable.strings");
-        const StringTable table(contents(path));
-        EXPECT_EQ(table.faultyLine(), std::nullopt) << path;
-        ASSERT_EQ(table.keys().size(), 1) << path;
-        const auto& reminder = table.keys().first();
-        EXPECT_TRUE(wanted.contains(reminder)) << path;
-        EXPECT_EQ(found(table.value(reminder), "Quorvane"), QStringList("Quorvane")) << path;
-        EXPECT_FALSE(table.value(reminder).contains('>')) << path << ": the way through other settings";
+TEST(StringTables, HaveEveryTextOnceAndAsItsKeyIs) {
+    ASSERT_GT(wanted().size(), 10U);
+    for (const std::string language : {"en", "de", "es", "fr", "ja", "ko", "ru", "zh-Hans", "zh-Hant"}) {
+        SCOPED_TRACE(language);
+        const auto ofLinux = tableIn(root / "resources/linux" / (language + ".lproj"));
+        ASSERT_EQ(ofLinux.keys().size(), 1);
+        const auto& reminder = ofLinux.keys().first();
+        EXPECT_TRUE(wanted().contains(reminder));
+        EXPECT_EQ(found(ofLinux.value(reminder), "Quorvane"), QStringList("Quorvane"));
+        EXPECT_FALSE(ofLinux.value(reminder).contains('>')) << "the way through another system's settings";
+
+        if (language == "en") continue; // Its texts are the keys.
+        const auto table = tableIn(root / "resources" / (language + ".lproj"));
+        const Keys keys(table.keys().begin(), table.keys().end());
+        EXPECT_EQ(qsizetype(keys.size()), table.keys().size()) << "a key is there twice";
+        for (const auto& key : keys)
+            EXPECT_TRUE(wanted().contains(key)) << "not in the program: " << key.toStdString();
+        for (const auto& key : wanted()) {
+            const auto value = table.value(key);
+            EXPECT_FALSE(value.trimmed().isEmpty()) << "missing: " << key.toStdString();
+            for (const auto* alike : {R"(%(\d+\$)?[@\d])", R"(^\s+|\s+$)", "Quorvane|Tandrel", R"(\n)"})
+                EXPECT_EQ(found(value, alike), found(key, alike)) << key.toStdString();
+        }
     }
 }
 
 TEST(PreferencesWindows, AreTheSameOnEveryDesktop) {
     const auto macFolder = root / "platform/macos/preferences";
-    Keys linuxTexts, linuxNames, macTexts;
-    addKeysOfInterface(root / "resources/Preferences.ui", linuxTexts, linuxNames);
-    addKeysOfSources(macFolder, macTexts);
-    for (const auto& text : linuxTexts)
-        EXPECT_TRUE(macTexts.contains(text)) << "only on Linux: " << text.toStdString();
-    for (const auto& text : macTexts)
-        EXPECT_TRUE(linuxTexts.contains(text)) << "only on macOS: " << text.toStdString();
-
+    const auto onLinux = interfaceFile();
+    Keys onMac;
+    addKeysOfSources(macFolder, onMac);
+    Keys onOne;
+    std::ranges::set_symmetric_difference(onLinux.texts, onMac, std::inserter(onOne, onOne.end()));
+    EXPECT_TRUE(onOne.empty()) << "only on one: " << onOne.begin()->toStdString();
     QString macSources;
     for (const auto& entry : fs::directory_iterator(macFolder))
         macSources += contents(entry.path());
     static const QRegularExpression settingOrLinkOrColumn("^[A-Za-z ]+$");
-    for (const auto& name : linuxNames) {
-        if (!settingOrLinkOrColumn.match(name).hasMatch()) continue;
-        EXPECT_TRUE(macSources.contains('"' + name + '"')) << "only on Linux: " << name.toStdString();
-    }
+    for (const auto& name : onLinux.names)
+        EXPECT_TRUE(!settingOrLinkOrColumn.match(name).hasMatch() || macSources.contains('"' + name + '"'))
+            << "only on Linux: " << name.toStdString();
 }
 
 TEST(StringTable, IsReadUpToTheFirstFault) {

@@ -13,12 +13,9 @@
 namespace quorvane {
 namespace {
 
-const QString accessible = QStringLiteral("org.a11y.atspi.Accessible");
-const QString connectionName = QStringLiteral("accessible tree");
-const QString sessionName = QStringLiteral("session of the accessible tree");
-
-const QString rootPath = QStringLiteral("/org/a11y/atspi/accessible/root");
-const QString sessionPath = QStringLiteral("/org/a11y/bus");
+const QString accessible = "org.a11y.atspi.Accessible";
+const QString connectionName = "accessible tree", sessionName = "session of the accessible tree";
+const QString rootPath = "/org/a11y/atspi/accessible/root", sessionPath = "/org/a11y/bus";
 
 // Numbers of the AT-SPI protocol.
 constexpr int checked = 4, showing = 25;
@@ -87,21 +84,9 @@ QVariant AccessibleTree::ask(const Accessible& whom, const QString& interface, c
     return answer.reply().arguments().value(0);
 }
 
-QList<Accessible> AccessibleTree::programs() {
-    QList<Accessible> all;
-    const auto names = bus_.interface()->registeredServiceNames().value();
-    for (const auto& name : names) {
-        if (name.startsWith(':') && name != bus_.baseService()) all.append({name, rootPath});
-    }
-    return all;
-}
-
-QList<Accessible> AccessibleTree::children(const Accessible& of) {
-    return qdbus_cast<QList<Accessible>>(ask(of, accessible, "GetChildren"));
-}
-
-QString AccessibleTree::roleOf(const Accessible& of) {
-    return ask(of, accessible, "GetRoleName").toString();
+bool AccessibleTree::hasState(const Accessible& of, int bit) {
+    const auto states = qdbus_cast<QList<unsigned>>(ask(of, accessible, "GetState"));
+    return bit / 32 < states.size() && (states[bit / 32] >> (bit % 32) & 1) != 0;
 }
 
 QString AccessibleTree::nameOf(const Accessible& of) {
@@ -109,38 +94,20 @@ QString AccessibleTree::nameOf(const Accessible& of) {
     return name.value<QDBusVariant>().variant().toString();
 }
 
-bool AccessibleTree::hasState(const Accessible& of, int bit) {
-    const auto states = qdbus_cast<QList<unsigned>>(ask(of, accessible, "GetState"));
-    return bit / 32 < states.size() && (states[bit / 32] >> (bit % 32) & 1) != 0;
-}
-
-QRect AccessibleTree::extents(const Accessible& of) {
-    return qdbus_cast<QRect>(ask(of, "org.a11y.atspi.Component", "GetExtents", {screenCoordinates}));
-}
-
 std::optional<Accessible> AccessibleTree::find(const QString& role, const QString& name) {
-    auto waiting = programs();
+    QList<Accessible> waiting;
+    const auto programs = bus_.interface()->registeredServiceNames().value();
+    for (const auto& program : programs)
+        if (program.startsWith(':') && program != bus_.baseService()) waiting.append({program, rootPath});
     while (!waiting.isEmpty()) {
         const auto each = waiting.takeFirst();
-        const bool isApplication = each.path.endsWith("/root");
-        if (!isApplication && !hasState(each, showing)) continue;
-        if (roleOf(each) == role && nameOf(each) == name) return each;
-        if (roleOf(each) != "table") waiting.append(children(each));
+        if (each.path != rootPath && !hasState(each, showing)) continue;
+        const auto itsRole = ask(each, accessible, "GetRoleName").toString();
+        if (itsRole == role && nameOf(each) == name) return each;
+        if (itsRole != "table")
+            waiting.append(qdbus_cast<QList<Accessible>>(ask(each, accessible, "GetChildren")));
     }
     return std::nullopt;
-}
-
-QRect AccessibleTree::placeOf(const QString& role, const QString& name) {
-    return placeOf([&] { return find(role, name); });
-}
-
-QRect AccessibleTree::placeOf(const std::function<std::optional<Accessible>()>& found) {
-    QRect place;
-    waitUntil([&] {
-        if (const auto now = found()) place = extents(*now);
-        return !place.isEmpty();
-    });
-    return place;
 }
 
 std::optional<Accessible> AccessibleTree::cell(const QString& table, int row, int column) {
@@ -149,6 +116,21 @@ std::optional<Accessible> AccessibleTree::cell(const QString& table, int row, in
     const auto cell =
         qdbus_cast<Accessible>(ask(*found, "org.a11y.atspi.Table", "GetAccessibleAt", {row, column}));
     return cell.service.isEmpty() ? std::nullopt : std::optional(cell);
+}
+
+QRect AccessibleTree::placeOf(const std::function<std::optional<Accessible>()>& found) {
+    QRect place;
+    waitUntil([&] {
+        if (const auto now = found())
+            place =
+                qdbus_cast<QRect>(ask(*now, "org.a11y.atspi.Component", "GetExtents", {screenCoordinates}));
+        return !place.isEmpty();
+    });
+    return place;
+}
+
+QRect AccessibleTree::placeOf(const QString& role, const QString& name) {
+    return placeOf([&] { return find(role, name); });
 }
 
 QRect AccessibleTree::placeOfCell(const QString& table, int row, int column) {

@@ -45,11 +45,7 @@ private:
     QRect placeOf(const std::function<std::optional<Accessible>()>& found);
     std::optional<Accessible> find(const QString& role, const QString& name);
     std::optional<Accessible> cell(const QString& table, int row, int column);
-    QList<Accessible> programs();
-    QList<Accessible> children(const Accessible& of);
-    QRect extents(const Accessible& of);
     bool hasState(const Accessible& of, int bit);
-    QString roleOf(const Accessible& of);
     QString nameOf(const Accessible& of);
     QVariant ask(const Accessible& whom, const QString& interface, const QString& method,
                  const QVariantList& arguments = {});

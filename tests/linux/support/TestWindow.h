@@ -1,7 +1,6 @@
 #pragma once
 
-#include <xcb/xproto.h>
-
+#include "platform/linux/windows/WindowStack.h"
 #include "virtual-desktop/ChildProcess.h"
 
 namespace quorvane {
@@ -27,5 +26,10 @@ private:
     ChildProcess process_;
     xcb_window_t window_ = XCB_WINDOW_NONE;
 };
+
+/// The windows as the server has them at this moment.
+inline std::vector<StackedWindow> stackedWindows(XConnection& x) {
+    return WindowStack(x).windows();
+}
 
 } // namespace quorvane

@@ -75,10 +75,9 @@ public:
     void minimise(const std::string& title) override { session_.user.minimise(windows_.at(title).window()); }
 
 private:
-    void open(const std::string& owner, const std::string& title, Rect bounds, QStringList arguments) {
-        arguments
-            << QString("class=%1").arg(owner.c_str()) << QString("title=%1").arg(title.c_str())
-            << QString("at=%1,%2,%3,%4").arg(bounds.x).arg(bounds.y).arg(bounds.width).arg(bounds.height);
+    void open(const std::string& owner, const std::string& title, Rect at, QStringList arguments) {
+        arguments << QString("class=%1").arg(owner.c_str()) << QString("title=%1").arg(title.c_str())
+                  << QString("at=%1,%2,%3,%4").arg(at.x).arg(at.y).arg(at.width).arg(at.height);
         windows_.try_emplace(title, arguments);
     }
 
@@ -91,20 +90,15 @@ class X11ScreensBench : public X11Bench<ScreensBench> {
 public:
     using X11Bench::X11Bench;
     Screens& screens() override { return screens_; }
-    void connectSecondScreen() override {
-        xrandr({"--setmonitor", "LEFT", "800/211x900/238+0+0", "screen"});
-        xrandr({"--setmonitor", "RIGHT", "800/211x900/238+800+0", "none"});
-    }
+    void connectSecondScreen() override { session_.server.splitScreen("LEFT", "RIGHT"); }
     void disconnectSecondScreen() override {
-        xrandr({"--delmonitor", "RIGHT"});
-        xrandr({"--delmonitor", "LEFT"});
+        for (const auto* name : {"RIGHT", "LEFT"})
+            EXPECT_EQ(QProcess::execute("xrandr", {"--delmonitor", name}), 0);
     }
     void focusLeft() override { session_.user.activate(left_.window()); }
     void focusRight() override { session_.user.activate(right_.window()); }
 
 private:
-    static void xrandr(const QStringList& arguments) { EXPECT_EQ(QProcess::execute("xrandr", arguments), 0); }
-
     TestWindow left_{{"class=left", "at=600,100,300,200"}}; // Reaches into the right screen a little.
     TestWindow right_{{"class=right", "at=1000,100,300,200"}};
     X11Screens screens_{*session_.x, session_.workspace, 1};
@@ -128,21 +122,15 @@ private:
     X11EventMonitor monitor_{*session_.x};
 };
 
-template <class Bench, class Port>
-auto with(const char* windowManager) {
-    return [windowManager]() -> std::unique_ptr<Port> { return std::make_unique<Bench>(windowManager); };
+template <class Bench, class... Managers>
+auto on(Managers... managers) {
+    return testing::Values([=] { return std::make_unique<Bench>(managers); }...);
 }
 
-constexpr auto workspaceOn = with<X11WorkspaceBench, WorkspaceBench>;
-constexpr auto windowListOn = with<X11WindowListBench, OnScreenWindowListBench>;
-INSTANTIATE_TEST_SUITE_P(Openbox, WorkspaceContract, testing::Values(workspaceOn("openbox")));
-INSTANTIATE_TEST_SUITE_P(Xfwm4, WorkspaceContract, testing::Values(workspaceOn("xfwm4")));
-INSTANTIATE_TEST_SUITE_P(Openbox, OnScreenWindowListContract, testing::Values(windowListOn("openbox")));
-INSTANTIATE_TEST_SUITE_P(Xfwm4, OnScreenWindowListContract, testing::Values(windowListOn("xfwm4")));
-INSTANTIATE_TEST_SUITE_P(X11, ScreensContract,
-                         testing::Values(with<X11ScreensBench, ScreensBench>("openbox")));
-INSTANTIATE_TEST_SUITE_P(X11, GlobalEventMonitorContract,
-                         testing::Values(with<X11EventMonitorBench, GlobalEventMonitorBench>("openbox")));
+INSTANTIATE_TEST_SUITE_P(X11, WorkspaceContract, on<X11WorkspaceBench>("openbox", "xfwm4"));
+INSTANTIATE_TEST_SUITE_P(X11, OnScreenWindowListContract, on<X11WindowListBench>("openbox", "xfwm4"));
+INSTANTIATE_TEST_SUITE_P(X11, ScreensContract, on<X11ScreensBench>("openbox"));
+INSTANTIATE_TEST_SUITE_P(X11, GlobalEventMonitorContract, on<X11EventMonitorBench>("openbox"));
 
 } // namespace
 } // namespace quorvane

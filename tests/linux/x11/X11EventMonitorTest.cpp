@@ -24,15 +24,13 @@ protected:
     Subscription subscription_;
 };
 
-TEST_F(X11EventMonitorTest, ToleratesWhatItHasNotSeenAndWhatXdotoolSends) {
+TEST_F(X11EventMonitorTest, ToleratesWhatItHasNotSeenAndWhatXdotoolSendsAndFollowsTheKeyboardMap) {
     session_.user.press(leftShift);
     observe();
     session_.user.release(leftControl);
-    session_.user.press(leftControl);
-    session_.user.release(leftControl);
-    session_.user.release(leftControl);
-    session_.user.release(leftShift);
-    session_.user.release(leftShift);
+    session_.user.pressTogether({leftControl});
+    for (const auto key : {leftControl, leftShift, leftShift})
+        session_.user.release(key);
     ASSERT_TRUE(waitForCount(3));
     EXPECT_THAT(flags_, testing::ElementsAre(0x60100, 0x20100, 0x100));
 
@@ -41,15 +39,16 @@ TEST_F(X11EventMonitorTest, ToleratesWhatItHasNotSeenAndWhatXdotoolSends) {
     ASSERT_TRUE(waitUntil([&] { return flags_.back() == 0x40100; }));
     session_.user.release(leftControl);
     ASSERT_TRUE(waitUntil([&] { return flags_.back() == 0x100; }));
+
+    ASSERT_TRUE(XServer::setLayouts("us,ru", "", "ctrl:swapcaps"));
+    flags_.clear();
+    session_.user.pressTogether({capsLock});
+    ASSERT_TRUE(waitForCount(2));
+    EXPECT_THAT(flags_, testing::ElementsAre(0x40100, 0x100));
 }
 
 TEST_F(X11EventMonitorTest, IsToldOfNoOtherKey) {
-    const auto type = [&] {
-        for (const auto letter : std::initializer_list<std::uint8_t>{24, 25, 26, 38}) {
-            session_.user.press(letter);
-            session_.user.release(letter);
-        }
-    };
+    const auto type = [&] { session_.user.pressTogether({24, 25, 26, 38}); };
     type(); // The server tells once that another keyboard is used now.
     observe();
     session_.handleWhatHappened();
@@ -58,21 +57,9 @@ TEST_F(X11EventMonitorTest, IsToldOfNoOtherKey) {
         told += (event.response_type & 0x7f) >= XCB_GE_GENERIC; // of the server's extensions
     });
     type();
-    session_.user.press(leftControl);
-    session_.user.release(leftControl);
+    session_.user.pressTogether({leftControl});
     ASSERT_TRUE(waitForCount(2));
     EXPECT_EQ(told, 2);
-}
-
-TEST_F(X11EventMonitorTest, FollowsTheKeyboardMap) {
-    observe();
-    const QStringList swapped{"-rules",  "evdev", "-model",  "pc105",
-                              "-layout", "us,ru", "-option", "ctrl:swapcaps"};
-    ASSERT_EQ(QProcess::execute("setxkbmap", swapped), 0);
-    session_.user.press(capsLock);
-    session_.user.release(capsLock);
-    ASSERT_TRUE(waitForCount(2));
-    EXPECT_THAT(flags_, testing::ElementsAre(0x40100, 0x100));
 }
 
 } // namespace

@@ -40,15 +40,10 @@ TEST(XkbLayouts, AreWhatTheMapSaysAndNotWhatSomebodyDeclared) {
     EXPECT_EQ(layout("ru", "phonetic").id(), "xkb:ru:phonetic");
 }
 
-bool setLayouts(const QString& layouts, const QString& variants) {
-    return QProcess::execute("setxkbmap", {"-rules", "evdev", "-model", "pc105", "-layout", layouts,
-                                           "-variant", variants, "-option", ""}) == 0;
-}
-
 /// The program's view of a new X server, and that of its user.
 struct XkbSession {
     XServer server;
-    bool hasLayouts = setLayouts("us,ru,de", ",,neo");
+    bool hasLayouts = XServer::setLayouts("us,ru,de", ",,neo");
     std::unique_ptr<XConnection> x = XConnection::open(), userX = XConnection::open();
     XkbKeyboard user{*userX};
     std::vector<std::string> drawn;
@@ -68,7 +63,7 @@ public:
         const auto gone = place(id);
         layouts_.removeAt(gone);
         variants_.removeAt(gone);
-        EXPECT_TRUE(setLayouts(layouts_.join(','), variants_.join(',')));
+        EXPECT_TRUE(XServer::setLayouts(layouts_.join(','), variants_.join(',')));
     }
 
 private:
@@ -88,12 +83,7 @@ INSTANTIATE_TEST_SUITE_P(Xkb, TextInputSourcesContract,
 class XkbInputSourcesTest : public testing::Test, protected XkbSession {
 protected:
     bool waitForIds(const std::vector<std::string>& wanted) {
-        return waitUntil([&] {
-            std::vector<std::string> ids;
-            for (const auto& source : sources.createInputSourceList())
-                ids.push_back(source.id);
-            return ids == wanted;
-        });
+        return waitUntil([&] { return idsOf(sources.createInputSourceList()) == wanted; });
     }
     /// What the server itself says.
     bool waitForGroup(unsigned group) {
@@ -107,13 +97,13 @@ protected:
 TEST_F(XkbInputSourcesTest, TheSelectedLayoutKeepsItsSelectionInAnotherList) {
     ASSERT_TRUE(sources.selectInputSource({.id = "xkb:de:neo"}));
     ASSERT_TRUE(waitForGroup(2));
-    ASSERT_TRUE(setLayouts("fr,de", ",neo")); // the server keeps the third group locked, which is none
+    ASSERT_TRUE(XServer::setLayouts("fr,de", ",neo")); // The server keeps the third group, which is none.
     ASSERT_TRUE(waitForIds({"xkb:fr", "xkb:de:neo"}));
     EXPECT_TRUE(waitForGroup(1));
-    ASSERT_TRUE(setLayouts("us,ru,fr", ",,"));
+    ASSERT_TRUE(XServer::setLayouts("us,ru,fr", ",,"));
     ASSERT_TRUE(waitForIds({"xkb:us", "xkb:ru", "xkb:fr"}));
     EXPECT_TRUE(waitForGroup(1)) << "gone from the list: the server's choice stands";
-    EXPECT_EQ(sources.copyCurrentKeyboardInputSource()->id, "xkb:ru");
+    EXPECT_EQ(currentIdIn(sources), "xkb:ru");
     ASSERT_TRUE(sources.selectInputSource({.id = "xkb:fr"}));
     EXPECT_TRUE(waitForGroup(2));
 }
@@ -121,7 +111,7 @@ TEST_F(XkbInputSourcesTest, TheSelectedLayoutKeepsItsSelectionInAnotherList) {
 TEST_F(XkbInputSourcesTest, AMapLoadedPastTheDeclaredLayoutsIsSeenForWhatItIs) {
     EXPECT_EQ(QProcess::execute("sh", {"-c", "setxkbmap -layout fr -print | xkbcomp -w0 - $DISPLAY"}), 0);
     EXPECT_TRUE(waitForIds({"xkb:fr"}));
-    ASSERT_TRUE(setLayouts("us,ru,de,fr,gr", ",,,,"));
+    ASSERT_TRUE(XServer::setLayouts("us,ru,de,fr,gr", ",,,,"));
     EXPECT_TRUE(waitForIds({"xkb:us", "xkb:ru", "xkb:de", "xkb:fr"})) << "four is all that a server can hold";
 }
 

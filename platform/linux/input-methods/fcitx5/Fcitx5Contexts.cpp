@@ -1,5 +1,7 @@
 #include "platform/linux/input-methods/fcitx5/Fcitx5Contexts.h"
 
+#include <utility>
+
 namespace quorvane {
 namespace {
 

@@ -1,6 +1,7 @@
 #include "platform/linux/input-methods/fcitx5/Fcitx5InputMethods.h"
 
 #include <set>
+#include <utility>
 
 #include <QDBusArgument>
 #include <QDBusMessage>

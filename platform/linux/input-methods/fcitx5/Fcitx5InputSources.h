@@ -8,7 +8,7 @@
 
 #include <QTimer>
 
-#include "platform/linux/defaults/FolderWatch.h"
+#include "platform/linux/files/FolderWatch.h"
 #include "platform/linux/input-methods/InputMethodDaemon.h"
 #include "platform/linux/input-methods/InputMethodIcons.h"
 #include "platform/linux/input-methods/LayoutUnderneath.h"

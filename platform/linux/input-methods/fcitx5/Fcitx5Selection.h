@@ -7,6 +7,7 @@
 #include <set>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include "platform/linux/input-methods/fcitx5/Fcitx5ContextNews.h"

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/linux/defaults/FolderWatch.h"
+#include "platform/linux/files/FolderWatch.h"
 
 namespace quorvane {
 

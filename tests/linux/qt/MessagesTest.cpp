@@ -1,7 +1,11 @@
+// Messages: sheets and tool tips.
+
 #include <QApplication>
+#include <QTextDocument>
 #include <QWidget>
 #include <gtest/gtest.h>
 
+#include "platform/linux/qt/PlainText.h"
 #include "platform/linux/qt/QtAlerts.h"
 #include "virtual-desktop/WaitUntil.h"
 #include "virtual-desktop/XClient.h"
@@ -31,6 +35,19 @@ TEST(QtAlerts, ShowASheetOnTheOpenWindowWhileThatIsThere) {
         EXPECT_TRUE(waitUntil([&, wanted = answer] { return given == wanted; })) << given;
     }
     EXPECT_TRUE(waitUntil([] { return QApplication::topLevelWidgets().isEmpty(); }));
+}
+
+TEST(PlainText, IsReadAsItStands) {
+    for (const QString text : {"Kate", "a & b", "a &amp; b", "<b>bold</b>", "1 < 2 > 0", "<i>a\n  b"}) {
+        const auto toolTip = toolTipOf(text);
+        QTextDocument shown;
+        if (Qt::mightBeRichText(toolTip))
+            shown.setHtml(toolTip);
+        else
+            shown.setPlainText(toolTip);
+        EXPECT_EQ(shown.toPlainText(), text) << toolTip.toStdString();
+        EXPECT_FALSE(Qt::mightBeRichText(withoutMarkup(text))) << text.toStdString();
+    }
 }
 
 } // namespace

@@ -1,9 +1,6 @@
-#include "linux/program/InputMethodSession.h"
-
-#include <stdexcept>
+#include "virtual-desktop/InputMethodSession.h"
 
 #include <QElapsedTimer>
-#include <QFile>
 
 #include "virtual-desktop/WaitUntil.h"
 
@@ -24,70 +21,10 @@ const struct {
     {"hangul", "ibus:hangul", "hangul", "fcitx:hangul", 0, {g, k, s, space}, "한"},
 };
 
-QString program(TextProgram::Toolkit toolkit, ProgramSession& session, const QString& wmClass) {
-    if (toolkit == TextProgram::Toolkit::gtk) return "zenity";
-    if (toolkit == TextProgram::Toolkit::xim) return "xterm";
-    // Its name becomes the class.
-    auto named = session.folders.home() + "/" + wmClass;
-    QFile::link(QUORVANE_TEST_INPUT_WINDOW, named);
-    return named;
-}
-
-QStringList arguments(TextProgram::Toolkit toolkit, const QString& wmClass) {
-    if (toolkit == TextProgram::Toolkit::gtk) return {"--entry", "--class=" + wmClass};
-    if (toolkit == TextProgram::Toolkit::qt) return {wmClass};
-    // Not by lines: IBus lets the key that ends one overtake the text before it. The output is xterm's.
-    return {"-u8", "-class", wmClass, "-e", "sh", "-c", "stty -icanon; exec cat > /proc/$PPID/fd/1"};
-}
-
-/// The settings of IBus and its engines are installed on the machine.
-void setInIBus(const QString& schema, const QString& key, const QString& value) {
-    if (QProcess::execute("gsettings", {"set", "org.freedesktop.ibus." + schema, key, value}) != 0)
-        throw std::runtime_error("gsettings does not set " + key.toStdString());
-}
-
 } // namespace
 
-TextProgram::TextProgram(ProgramSession& session, Toolkit toolkit, const QString& wmClass)
-    : session_(session)
-    , toolkit_(toolkit)
-    , wmClass_(wmClass)
-    , program_(program(toolkit, session, wmClass), arguments(toolkit, wmClass)) {
-    if (!waitUntil([this] { return window() != XCB_WINDOW_NONE && isInFront(); }))
-        throw std::runtime_error("no window of " + wmClass.toStdString());
-}
-
-bool TextProgram::activate() {
-    session_.user.activate(window());
-    return waitUntil([this] { return isInFront(); });
-}
-
-bool TextProgram::isInFront() {
-    const auto active = session_.user.values(session_.user.root(), "_NET_ACTIVE_WINDOW");
-    return !active.empty() && active.front() == window();
-}
-
-xcb_window_t TextProgram::window() {
-    for (const auto window : session_.user.values(session_.user.root(), "_NET_CLIENT_LIST")) {
-        const auto names = session_.user.texts(window, "WM_CLASS");
-        if (names.size() > 1 && names[1] == wmClass_.toStdString()) return window;
-    }
-    return XCB_WINDOW_NONE;
-}
-
-bool TextProgram::waitUntilShown() {
-    return waitUntil([this] { return program_.output().contains("shown "); });
-}
-
-QString TextProgram::typed() {
-    auto text = program_.output();
-    if (toolkit_ == Toolkit::qt)
-        text = text.contains("typed ") ? text.section("typed ", -1).section('\n', 0, 0) : QString();
-    return text.remove(' ').remove('\n');
-}
-
-InputMethodSession::InputMethodSession(const QString& framework) {
-    use(framework);
+InputMethodSession::InputMethodSession(const QString& framework, const QString& shareInputState) {
+    use(framework, shareInputState);
 }
 
 InputMethodSession::~InputMethodSession() {
@@ -95,7 +32,7 @@ InputMethodSession::~InputMethodSession() {
         qunsetenv(variable);
 }
 
-void InputMethodSession::use(const QString& framework) {
+void InputMethodSession::use(const QString& framework, const QString& shareInputState) {
     qputenv("QT_IM_MODULE", framework.toUtf8());
     qputenv("GTK_IM_MODULE", framework.toUtf8());
     qputenv("XMODIFIERS", "@im=" + framework.toUtf8());
@@ -103,12 +40,11 @@ void InputMethodSession::use(const QString& framework) {
     qputenv("GSETTINGS_SCHEMA_DIR", "/usr/share/glib-2.0/schemas");
     const bool isIBus = framework == "ibus";
     if (isIBus) {
-        setInIBus("general", "preload-engines", "['xkb:us::eng', 'xkb:ru::rus', 'libpinyin', 'hangul']");
-        setInIBus("engine.hangul", "initial-input-mode", "hangul");
+        IBusDaemon::setPreloadEngines({"xkb:us::eng", "xkb:ru::rus", "libpinyin", "hangul"});
+        IBusDaemon::set("engine.hangul", "initial-input-mode", "hangul");
         daemon.emplace<IBusDaemon>();
     } else {
-        daemon.emplace<Fcitx5Daemon>(
-            Fcitx5Daemon::Settings{.inputMethods = {"keyboard-us", "keyboard-ru", "pinyin", "hangul"}});
+        daemon.emplace<Fcitx5Daemon>(Fcitx5Daemon::Settings{.shareInputState = shareInputState});
     }
     onDaemon([](auto& each) { each.start(); });
     if (!program) startProgram();

@@ -1,11 +1,11 @@
-#include "platform/linux/defaults/FileLock.h"
+#include "platform/linux/files/FileLock.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
 
 #include <thread>
 
-#include "platform/linux/defaults/ReplaceFile.h"
+#include "platform/linux/files/ReplaceFile.h"
 
 namespace quorvane {
 namespace {

@@ -2,36 +2,11 @@
 
 #include <variant>
 
-#include "linux/program/ProgramSession.h"
 #include "virtual-desktop/Fcitx5Daemon.h"
 #include "virtual-desktop/IBusDaemon.h"
+#include "virtual-desktop/TextProgram.h"
 
 namespace quorvane {
-
-/// A real program that somebody types into, in the way of its toolkit.
-class TextProgram {
-public:
-    enum class Toolkit { qt, gtk, xim };
-
-    /// Its window is in front when this returns.
-    TextProgram(ProgramSession& session, Toolkit toolkit, const QString& wmClass);
-
-    xcb_window_t window(); ///< None when it is gone.
-    bool activate();       ///< Waits until its window is in front.
-
-    bool waitUntilShown(); ///< It takes keys then. Programs of Qt tell.
-
-    /// The text it has got so far, without spaces. Programs of GTK tell at the end of the line, and leave.
-    QString typed();
-
-private:
-    bool isInFront();
-
-    ProgramSession& session_;
-    Toolkit toolkit_;
-    QString wmClass_;
-    TestProgram program_;
-};
 
 /// A session with an input method daemon, which has two layouts, Pinyin and Hangul. For each of them there is
 /// a rule, that of applications whose class ends with its number.
@@ -41,14 +16,15 @@ public:
     static constexpr Source sources[] = {us, ru, pinyin, hangul};
     using Toolkit = TextProgram::Toolkit;
 
-    /// Starts the daemon and the program. The framework is "ibus" or "fcitx".
-    explicit InputMethodSession(const QString& framework);
+    /// Starts the daemon and the program. The framework is "ibus" or "fcitx"; only the latter can be told
+    /// among whom its state is shared.
+    explicit InputMethodSession(const QString& framework, const QString& shareInputState = "No");
     /// The next window manager is to start without a framework, as this one did: openbox waits for ever for
     /// one that has ended.
     ~InputMethodSession();
 
     /// Ends the daemon and starts that of another framework; the rules are the same in its terms.
-    void use(const QString& framework);
+    void use(const QString& framework, const QString& shareInputState = "No");
 
     /// Whether this is typed with, as the daemon and the X server tell it.
     bool isSelected(Source source);

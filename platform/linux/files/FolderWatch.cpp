@@ -1,8 +1,9 @@
-#include "platform/linux/defaults/FolderWatch.h"
+#include "platform/linux/files/FolderWatch.h"
 
 #include <sys/inotify.h>
 
 #include <cstring>
+#include <utility>
 
 #include "platform/linux/Log.h"
 

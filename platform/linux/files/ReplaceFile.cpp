@@ -1,4 +1,4 @@
-#include "platform/linux/defaults/ReplaceFile.h"
+#include "platform/linux/files/ReplaceFile.h"
 
 #include <fcntl.h>
 

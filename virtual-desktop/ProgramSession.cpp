@@ -1,4 +1,4 @@
-#include "linux/program/ProgramSession.h"
+#include "virtual-desktop/ProgramSession.h"
 
 #include <stdexcept>
 
@@ -7,23 +7,6 @@
 #include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
-
-TestProgram::TestProgram(const QString& program, const QStringList& arguments) {
-    process_.start(program, arguments);
-    if (!process_.waitForStarted()) throw std::runtime_error("does not start: " + program.toStdString());
-}
-
-QString TestProgram::output() {
-    return output_ += QString::fromUtf8(process_.readAllStandardOutput());
-}
-
-QString TestProgram::errors() {
-    return errors_ += QString::fromUtf8(process_.readAllStandardError());
-}
-
-bool TestProgram::waitForEnd() {
-    return waitUntil([this] { return process_.state() == QProcess::NotRunning; });
-}
 
 ProgramSession::ProgramSession(const QString& windowManager)
     : manager(windowManager)
@@ -54,11 +37,14 @@ bool ProgramSession::waitForGroup(unsigned wanted) {
     return waitUntil([&] { return group() == wanted; });
 }
 
+xcb_window_t ProgramSession::activeWindow() {
+    const auto windows = user.values(user.root(), "_NET_ACTIVE_WINDOW");
+    return windows.empty() ? xcb_window_t{XCB_WINDOW_NONE} : windows.front();
+}
+
 void ProgramSession::type(std::initializer_list<std::uint8_t> keycodes) {
-    for (const auto keycode : keycodes) {
-        user.press(keycode);
-        user.release(keycode);
-    }
+    for (const auto keycode : keycodes)
+        user.pressTogether({keycode});
 }
 
 } // namespace quorvane

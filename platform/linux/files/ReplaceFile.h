@@ -4,10 +4,11 @@
 #include <span>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include <sys/stat.h>
 
-#include "platform/linux/defaults/FileDescriptor.h"
+#include "platform/linux/files/FileDescriptor.h"
 
 namespace quorvane {
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string_view>
 
-#include "platform/linux/defaults/FileDescriptor.h"
+#include "platform/linux/files/FileDescriptor.h"
 
 namespace quorvane {
 

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/linux/defaults/FileDescriptor.h"
+#include "platform/linux/files/FileDescriptor.h"
 
 namespace quorvane {
 

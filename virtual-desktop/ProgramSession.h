@@ -6,32 +6,12 @@
 
 #include "platform/linux/defaults/LinuxUserDefaults.h"
 #include "settings/Maker.h"
+#include "virtual-desktop/RunningProgram.h"
 #include "virtual-desktop/ScratchFolders.h"
 #include "virtual-desktop/XClient.h"
 #include "virtual-desktop/XServer.h"
 
 namespace quorvane {
-
-/// A program started by a test; ends with this object. What it writes to standard error is kept.
-class TestProgram {
-public:
-    explicit TestProgram(const QString& program, const QStringList& arguments = {});
-
-    /// Everything it has written so far.
-    QString output();
-    QString errors();
-
-    qint64 processId() const { return process_.processId(); }
-    bool isRunning() const { return process_.state() == QProcess::Running; }
-    bool waitForEnd();
-    void terminate() { process_.terminate(); }
-    int exitCode() const { return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : -1; }
-
-private:
-    ChildProcess process_;
-    QString output_;
-    QString errors_;
-};
 
 /// A user's session with the layouts us, ru and de (`xkb:us` selected), a window manager and a session bus.
 /// The user does not want to be reminded of login items.
@@ -49,6 +29,9 @@ public:
     unsigned group() { return user.currentGroup(); }
     bool waitForGroup(unsigned wanted);
 
+    /// As the window manager tells it; none when there is none.
+    xcb_window_t activeWindow();
+
     /// Types the keys at these places of the keyboard, whatever layout they are in.
     void type(std::initializer_list<std::uint8_t> keycodes);
 
@@ -61,7 +44,7 @@ public:
     SessionBus bus;
     LinuxUserDefaults stores;
     XClient user;
-    std::optional<TestProgram> program;
+    std::optional<RunningProgram> program;
 };
 
 } // namespace quorvane
