@@ -1,5 +1,6 @@
 #include "app/AppDelegate.h"
 
+#include "input/CompanionMessages.h"
 #include "settings/FormerLaunchers.h"
 #include "settings/Keys.h"
 #include "settings/Maker.h"
@@ -111,7 +112,7 @@ void AppDelegate::observeDistributedNotifications() {
             inputChangeWatch_.inputSourceChanged(notification);
         }));
     subscriptions_.push_back(desktop_.distributedNotifications.addObserver(
-        windowAdjustedNotification,
+        message::windowAdjusted,
         [this](const DistributedNotification& notification) { indicator_.windowAdjusted(notification); }));
 }
 

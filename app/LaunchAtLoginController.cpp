@@ -5,7 +5,7 @@
 namespace quorvane {
 
 LaunchAtLoginController& LaunchAtLoginController::initWithIdentifier(std::string_view identifier) {
-    if (!identifier_.empty()) return *this;
+    if (identifier_) return *this;
     identifier_ = identifier;
     applySetting();
     settingChanges_ = standard_.addObserver(key::autoStartAtLogin, [this](auto /*key*/) { applySetting(); });
@@ -13,7 +13,7 @@ LaunchAtLoginController& LaunchAtLoginController::initWithIdentifier(std::string
 }
 
 void LaunchAtLoginController::setLaunchAtLogin(bool enabled) {
-    const bool succeeded = loginItems_.setEnabled(identifier_, enabled);
+    const bool succeeded = loginItems_.setEnabled(identifier_.value_or(""), enabled);
     const std::string flag = enabled ? "1" : "0";
     log_.log("Call LoginItemSetEnabled with [" + flag + "] " + (succeeded ? "success" : "failed"));
 }

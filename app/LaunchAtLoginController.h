@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -31,7 +32,7 @@ private:
     LoginItems& loginItems_;
     StandardUserDefaults& standard_;
     SystemLog& log_;
-    std::string identifier_; ///< Empty before the first call.
+    std::optional<std::string> identifier_; ///< None before the first call.
     Subscription settingChanges_;
 };
 

@@ -19,6 +19,7 @@ PropertyList manyRules(std::int64_t count) {
 /// so that nothing but the decision is measured.
 void decide(benchmark::State& state) {
     SimulatedDesktop desktop;
+    desktop.journal.stop();
     desktop.inputSources.enable({.id = "us"});
     desktop.inputSources.enable({.id = "ru"});
     desktop.inputSources.selectFromOutside("ru");

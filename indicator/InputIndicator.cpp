@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "indicator/IndicatorPlacement.h"
+#include "input/CompanionMessages.h"
 #include "settings/Keys.h"
 
 namespace quorvane {
@@ -68,7 +69,7 @@ PropertyList InputIndicator::getFrameOfFirstWindow(std::string_view applicationN
 }
 
 void InputIndicator::windowAdjusted(const DistributedNotification& notification) {
-    if (!isFollowing()) return;
+    if (notification.name != message::windowAdjusted || !isFollowing()) return;
     setFollowedWindowBounds(notification.userInfo);
     adjustIconView();
 }

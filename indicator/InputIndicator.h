@@ -15,10 +15,6 @@
 
 namespace quorvane {
 
-/// The distributed notification that tells where the front window is now. Its userInfo has at least the
-/// numbers "X", "Y" and "Width" of the window's bounds.
-inline constexpr std::string_view windowAdjustedNotification = "AXWindowAdjusted";
-
 /// The floating window that shows the current input source, and follows the front window if the user wants.
 class InputIndicator {
 public:

@@ -1,5 +1,6 @@
 #include "input/CompanionLink.h"
 
+#include "input/CompanionMessages.h"
 #include "settings/Keys.h"
 #include "settings/SharedDefaults.h"
 
@@ -14,7 +15,7 @@ void CompanionLink::askToSwitchInput(std::string_view inputSourceID) {
     shared->setObject(inputSourceID, key::askTandrelSwitchInput);
     dropRequest();
     waitingRequest_ = shared->whenWritten([this] {
-        notifications_.post({std::string(key::askTandrelSwitchInput), {}});
+        notifications_.post({std::string(message::askToSwitchInput), {}});
     });
 }
 

@@ -9,6 +9,15 @@
 
 namespace quorvane {
 
+/// The check boxes of the options, each by the name of its setting. Null: the interface file has none.
+struct OptionCheckBoxes {
+    CheckBox* autoStartAtLogin = nullptr;
+    CheckBox* enableTipOfState = nullptr;
+    CheckBox* followWindow = nullptr;
+    CheckBox* hiddenIconInStatusBar = nullptr;
+    CheckBox* enableForceEnglishBrowserAddress = nullptr;
+};
+
 /// What the preferences window's interface file holds. Lives as long as whoever loaded it keeps it.
 struct PreferencesOutlets {
     Window& window;
@@ -27,10 +36,10 @@ struct PreferencesOutlets {
     TableView& autoInputByLocationTableView;
     TableView& shortcutTableView;
     PopUpButton& buttonOfDefaultInpust;
+    OptionCheckBoxes options;
 };
 
-/// What the widgets of that file call, and what its tables ask. The check boxes of the options are bound to
-/// their settings by the file itself.
+/// What the widgets of that file call, and what its tables ask.
 class PreferencesActions {
 public:
     virtual ~PreferencesActions() = default;
@@ -45,6 +54,7 @@ public:
     virtual void AddApplication() = 0;
     virtual void RemoveApplication() = 0;
     virtual void mouseDownByApplication() = 0;
+    virtual void onEnglishSymbolChanged(int tag, int state) = 0; ///< Of a box with the row as its tag.
     virtual void RemoveLocation() = 0;
     virtual void mouseDownByLocation() = 0;
     virtual void startOrStopSetUpButtonClick() = 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,16 @@ public:
     virtual void setEnabled(bool enabled) = 0;
     virtual void setState(int state) = 0; ///< Of a button that stays down, or a check box.
     virtual int state() const = 0;
+};
+
+/// Of an option, outside of the tables.
+class CheckBox {
+public:
+    virtual ~CheckBox() = default;
+    virtual void setState(int state) = 0; ///< Calls nobody.
+
+    /// Calls the handler with the new state whenever the user has clicked.
+    virtual void whenClicked(std::function<void(int state)> handler) = 0;
 };
 
 class PopUpButton {

@@ -27,7 +27,8 @@ struct RunningApplication {
 
 enum class WorkspaceNotification {
     didActivateApplication, ///< The application came to the front.
-    didUnhideApplication,   ///< The application in front was hidden and is shown again.
+    didUnhideApplication,   ///< The application was hidden and is shown again: in front, where the desktop
+                            ///< does not tell of others.
     didLaunchApplication,   ///< The application was not running and now is.
     didLeaveFront ///< The application in front closed its last window and nobody has come there yet. Only on
                   ///< desktops where nobody can be in front.

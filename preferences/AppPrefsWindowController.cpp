@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "input/CompanionMessages.h"
 #include "preferences/RuleTableRows.h"
 #include "settings/DefaultInput.h"
 #include "settings/SharedDefaults.h"
@@ -9,7 +10,11 @@
 namespace quorvane {
 namespace {
 
-constexpr std::string_view addLocationNotification = "AddLocationInfoByTandrel";
+/// As it reads, whatever somebody has stored there.
+std::string countText(const PropertyList& stored) {
+    const auto* text = stored.string();
+    return text ? *text : std::to_string(stored.integerValue());
+}
 
 } // namespace
 
@@ -20,6 +25,7 @@ AppPrefsWindowController::AppPrefsWindowController(Desktop& desktop, const Compa
     : desktop_(desktop)
     , interface_(std::move(interface))
     , outlets_(interface_->outlets())
+    , checkBoxes_(bindCheckBoxes(outlets_.options, desktop.defaults.standardUserDefaults()))
     , changeInputTo_(std::move(changeInputTo))
     , companionAlert_(desktop.alerts, desktop.application, desktop.links)
     , links_(desktop.links, desktop.clock, desktop.facts)
@@ -43,7 +49,7 @@ AppPrefsWindowController::~AppPrefsWindowController() = default;
 void AppPrefsWindowController::registerObservers() {
     auto& standard = desktop_.defaults.standardUserDefaults();
     subscriptions_.push_back(desktop_.distributedNotifications.addObserver(
-        addLocationNotification, [this](const auto& /*notification*/) { addLocationInfoByTandrel(); }));
+        message::addLocationInfo, [this](const auto& /*notification*/) { addLocationInfoByTandrel(); }));
     // From now on the counter, which stands in the shared suite, is observed through the standard defaults.
     standard.addSuiteNamed(maker::sharedSuiteName);
     subscriptions_.push_back(
@@ -91,19 +97,18 @@ void AppPrefsWindowController::buildDefaultInputButton() {
     if (name) outlets_.buttonOfDefaultInpust.setTitle(*name);
 }
 
-void AppPrefsWindowController::selectTab(int index) {
+void AppPrefsWindowController::selectTab(int index, TabHeader& header) {
     outlets_.tabView.selectTabViewItemAtIndex(index);
-    TabHeader* const headers[] = {&outlets_.Rules1, &outlets_.Preference1, &outlets_.Learn1,
-                                  &outlets_.FreeApps1, &outlets_.Contactus1};
-    headers[index]->setShaded(true);
-    for (auto* header : headers)
-        if (header != headers[index]) header->setShaded(false);
+    header.setShaded(true);
+    for (auto* other : {&outlets_.Rules1, &outlets_.Preference1, &outlets_.Learn1, &outlets_.Contactus1,
+                        &outlets_.FreeApps1})
+        if (other != &header) other->setShaded(false);
 }
 
 void AppPrefsWindowController::refreshSwitchTimes() {
     const auto stored = openSharedDefaults(desktop_.defaults)->objectForKey(key::switchTimes);
     outlets_.switchTimes.setStringValue(desktop_.application.localizedString("Switch Times") + ": " +
-                                        std::to_string(stored.integerValue()));
+                                        countText(stored));
 }
 
 void AppPrefsWindowController::preferencesWillClose(const Notification& notification) {

@@ -10,6 +10,7 @@
 #include "input/CompanionLink.h"
 #include "platform/Desktop.h"
 #include "preferences/ApplicationRulesTable.h"
+#include "preferences/CheckBoxBinding.h"
 #include "preferences/CompanionAlert.h"
 #include "preferences/LocationRulesTable.h"
 #include "preferences/PreferencesLinks.h"
@@ -32,6 +33,9 @@ public:
 
     Window& window() { return outlets_.window; }
 
+    /// A recorder begins: nothing is to be done, and the hot keys stay as they are.
+    void shortcutRecorderWillBegin() {}
+
     /// A hot key that was recorded in this window was pressed.
     void inputHotKeyAction(const PTHotKey& hotKey) { changeInputTo_(hotKey.identifier()); }
 
@@ -46,15 +50,18 @@ public:
     }
 
     // What the interface file calls.
-    void Rules() override { selectTab(0); }
-    void Preference() override { selectTab(1); }
-    void Learn() override { selectTab(2); }
-    void FreeApps() override { selectTab(3); }
-    void Contactus() override { selectTab(4); }
+    void Rules() override { selectTab(0, outlets_.Rules1); }
+    void Preference() override { selectTab(1, outlets_.Preference1); }
+    void Learn() override { selectTab(2, outlets_.Learn1); }
+    void FreeApps() override { selectTab(3, outlets_.FreeApps1); }
+    void Contactus() override { selectTab(4, outlets_.Contactus1); }
     void defaultInputChanged() override { applications_.defaultInputChanged(); }
     void AddApplication() override { applications_.AddApplication(); }
     void RemoveApplication() override { applications_.RemoveApplication(); }
     void mouseDownByApplication() override { applications_.checkRemoveByApplicationButton(); }
+    void onEnglishSymbolChanged(int tag, int state) override {
+        applications_.onEnglishSymbolChanged(tag, state);
+    }
     void RemoveLocation() override { locations_.RemoveLocation(); }
     void mouseDownByLocation() override { locations_.checkRemoveByLocationButton(); }
     void startOrStopSetUpButtonClick() override { setUpButton_.startOrStopSetUpButtonClick(); }
@@ -71,11 +78,12 @@ private:
     void awakeFromNib();
     void buildInputs();
     void buildDefaultInputButton();
-    void selectTab(int index);
+    void selectTab(int index, TabHeader& header);
 
     Desktop& desktop_;
     std::unique_ptr<PreferencesInterface> interface_;
     PreferencesOutlets outlets_;
+    std::vector<CheckBoxBinding> checkBoxes_;
     std::function<void(std::string_view id)> changeInputTo_;
 
     PreferencesLists lists_;

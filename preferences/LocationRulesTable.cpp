@@ -6,22 +6,22 @@
 namespace quorvane {
 
 int LocationRulesTable::numberOfRows() const {
-    return static_cast<int>(locationRules(*openSharedDefaults(stores_)).size());
+    return static_cast<int>(numberOfLocationRules(*openSharedDefaults(stores_)));
 }
 
 CellView LocationRulesTable::tableViewForIntputByLocation(std::string_view column, int row) {
-    const auto rules = locationRules(*openSharedDefaults(stores_));
-    if (row < 0 || static_cast<std::size_t>(row) >= rules.size()) return {.frame = wideCell};
-    const auto& rule = rules[static_cast<std::size_t>(row)];
-    if (column == "Icon") return applicationIconCell(bundles_, rule.bundleIdentifier);
+    const auto rule =
+        row < 0 ? std::nullopt : locationRuleAt(*openSharedDefaults(stores_), static_cast<std::size_t>(row));
+    if (!rule) return {.frame = wideCell};
+    if (column == "Icon") return applicationIconCell(bundles_, rule->bundleIdentifier);
     if (column == locationNameIdentifier) {
-        auto name = creatNSTextFieldWithStringValue(rule.name, false, row);
+        auto name = creatNSTextFieldWithStringValue(rule->name, false, row);
         name.identifier = locationNameIdentifier;
         name.isEditable = true;
         return {.parts = {std::move(name)}};
     }
     if (column == "Select Input") {
-        auto popUp = inputPopUp(lists_, row, true, rule.inputID);
+        auto popUp = inputPopUp(lists_, row, true, rule->inputID);
         popUp.action = [this](const std::string& title) { inputSelectionChangedByLocation(title); };
         return {.frame = wideCell, .parts = {std::move(popUp)}};
     }

@@ -1,5 +1,7 @@
 #include "preferences/SetUpButton.h"
 
+#include "input/CompanionMessages.h"
+
 namespace quorvane {
 namespace {
 
@@ -28,7 +30,7 @@ void SetUpButton::startOrStopSetUpButtonClick() {
         button_.setTitle(application_.localizedString("Stop Setup"));
     else
         showStopped();
-    notifications_.post({starts ? "StartSetUpSwitchInputByLocation" : "StopSetUpSwitchInputByLocation", {}});
+    notifications_.post({std::string(starts ? message::startSetUp : message::stopSetUp), {}});
 }
 
 } // namespace quorvane

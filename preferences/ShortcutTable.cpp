@@ -9,7 +9,7 @@ namespace quorvane {
 namespace {
 
 constexpr Rect cellFrame{0, 0, 150, rowHeight};
-constexpr Rect iconFrame{20, 3, 18, 18};
+constexpr Rect shortcutIconFrame{20, 3, 18, 18};
 constexpr Rect nameFrame{0, 0, 145, 20};
 constexpr Rect boxFrame{20, 1.5, 140, 20};
 constexpr Rect recorderFrame{20, -8, 140, 30}; // higher than its box, and over it
@@ -17,11 +17,15 @@ constexpr double boxCornerRadius = 4;
 constexpr std::uint64_t allowedModifierFlags =
     ModifierFlag::shift | ModifierFlag::control | ModifierFlag::option | ModifierFlag::command;
 
-/// What the recorder shows for a stored record: nothing for a key without modifiers that is no function key,
-/// though it is a hot key all the same.
+/// A key without modifiers is shown only if it is a function key, though it is a hot key all the same.
+bool isShown(const InputShortcut& shortcut) {
+    return shortcut.modifierFlags > 0 || InputShortcut::isFunctionKey(shortcut.keyCode);
+}
+
+/// What the recorder shows for a stored record.
 PropertyList shownShortcut(const PropertyList& record) {
     const auto shortcut = InputShortcut::ofRecord(record);
-    return shortcut && shortcut->isValid() ? shortcut->record() : PropertyList();
+    return shortcut && isShown(*shortcut) ? shortcut->record() : PropertyList();
 }
 
 } // namespace
@@ -38,10 +42,10 @@ CellView ShortcutTable::tableViewForShortcut(std::string_view column, int row) {
     if (column == "Icon") {
         // By its place: behind a source without an icon, every row shows a later source's.
         const auto icon = lists_.inputs.iconAt(static_cast<std::size_t>(row));
-        const Size size{iconFrame.width, iconFrame.height};
-        return {
-            .frame = cellFrame,
-            .parts = {ImageViewPart{iconFrame, icon ? scaleImage(icon, size) : nullptr, isMonochrome(icon)}}};
+        const Size size{shortcutIconFrame.width, shortcutIconFrame.height};
+        return {.frame = cellFrame,
+                .parts = {ImageViewPart{shortcutIconFrame, icon ? scaleImage(icon, size) : nullptr,
+                                        isMonochrome(icon)}}};
     }
     if (column == "Input")
         return {.frame = cellFrame,

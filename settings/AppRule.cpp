@@ -31,10 +31,6 @@ std::optional<std::string> AppRule::id() const {
     return std::nullopt;
 }
 
-bool AppRule::englishSymbol() const {
-    return record_[englishSymbolKey] == PropertyList("1");
-}
-
 bool AppRule::forceEnglishSymbols() const {
     return record_[forceEnglishSymbolsKey].boolValue();
 }

@@ -19,7 +19,6 @@ public:
     /// The input source to select when the application comes to the front; none: the default one applies.
     std::optional<std::string> id() const;
 
-    bool englishSymbol() const;       ///< Kept as the string "1" or "0".
     bool forceEnglishSymbols() const; ///< Kept as a number.
 
 private:
@@ -33,6 +32,8 @@ private:
 /// None takes the input source out of the rule and keeps the rest of it.
 void setRuleInput(UserDefaults& standard, std::string_view bundleIdentifier,
                   std::optional<std::string_view> id);
+
+/// Kept as the string "1" or "0", for the companion application to read.
 void setRuleEnglishSymbol(UserDefaults& standard, std::string_view bundleIdentifier, bool isOn);
 void setRuleForceEnglishSymbols(UserDefaults& standard, std::string_view bundleIdentifier, bool isOn);
 void removeRule(UserDefaults& standard, std::string_view bundleIdentifier);

@@ -22,9 +22,6 @@ struct InputShortcut {
     /// As it is stored.
     PropertyList record() const;
 
-    /// A combination without modifiers is valid only for the keys F1 to F20.
-    bool isValid() const { return modifierFlags > 0 || isFunctionKey(keyCode); }
-
     /// Whether it is one of F1 to F20.
     static bool isFunctionKey(std::int64_t keyCode);
 };

@@ -23,14 +23,15 @@ LocationRule ruleOf(const PropertyList& record) {
 
 } // namespace
 
-std::vector<LocationRule> locationRules(const UserDefaults& shared) {
-    std::vector<LocationRule> rules;
+std::size_t numberOfLocationRules(const UserDefaults& shared) {
     const auto stored = shared.objectForKey(key::arrOfLocationInfo);
-    if (const auto* records = stored.array()) {
-        for (const auto& record : *records)
-            rules.push_back(ruleOf(record));
-    }
-    return rules;
+    return stored.array() ? stored.array()->size() : 0;
+}
+
+std::optional<LocationRule> locationRuleAt(const UserDefaults& shared, std::size_t index) {
+    const auto stored = shared.objectForKey(key::arrOfLocationInfo);
+    if (!stored.array() || index >= stored.array()->size()) return std::nullopt;
+    return ruleOf((*stored.array())[index]);
 }
 
 void setLocationName(UserDefaults& shared, std::size_t index, std::string_view name) {
@@ -38,17 +39,13 @@ void setLocationName(UserDefaults& shared, std::size_t index, std::string_view n
                  [&](PropertyList::Dictionary& record) { record[std::string(nameKey)] = name; });
 }
 
-void setLocationInput(UserDefaults& shared, std::size_t index, std::optional<std::string_view> inputID) {
-    changeRecord(shared, key::arrOfLocationInfo, index, [&](PropertyList::Dictionary& record) {
-        if (inputID)
-            record[std::string(inputIDKey)] = *inputID;
-        else
-            record.erase(std::string(inputIDKey));
-    });
+void setLocationInput(UserDefaults& shared, std::size_t index, std::string_view inputID) {
+    changeRecord(shared, key::arrOfLocationInfo, index,
+                 [&](PropertyList::Dictionary& record) { record[std::string(inputIDKey)] = inputID; });
 }
 
 void removeLocation(UserDefaults& shared, std::size_t index) {
-    if (index >= locationRules(shared).size()) return;
+    if (index >= numberOfLocationRules(shared)) return;
     changeArray(shared, key::arrOfLocationInfo, [&](PropertyList::Array& records) {
         records.erase(records.begin() + static_cast<std::ptrdiff_t>(index));
     });

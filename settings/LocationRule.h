@@ -18,15 +18,17 @@ struct LocationRule {
     std::optional<std::string> inputID; ///< None until the user has chosen one.
 };
 
-/// As many as are stored, in their order, so that an index here is an index there. What is missing in a
-/// record, or of another type, is left empty.
-std::vector<LocationRule> locationRules(const UserDefaults& shared);
+/// How many records are stored, usable or not.
+std::size_t numberOfLocationRules(const UserDefaults& shared);
+
+/// What is missing in the record, or of another type, is left empty. None for an index out of range.
+std::optional<LocationRule> locationRuleAt(const UserDefaults& shared, std::size_t index);
 
 // Edits of one record in the shared suite, each followed by `synchronize`. Everything else in the record is
 // kept. An index out of range changes nothing.
 
 void setLocationName(UserDefaults& shared, std::size_t index, std::string_view name);
-void setLocationInput(UserDefaults& shared, std::size_t index, std::optional<std::string_view> inputID);
+void setLocationInput(UserDefaults& shared, std::size_t index, std::string_view inputID);
 void removeLocation(UserDefaults& shared, std::size_t index);
 
 } // namespace quorvane

@@ -3,13 +3,33 @@
 #include "settings/InputShortcut.h"
 
 namespace quorvane {
+namespace {
+
+PTHotKeyCenter* theCenter = nullptr;
+
+} // namespace
+
+PTHotKeyCenter::PTHotKeyCenter(HotKeys& hotKeys)
+    : hotKeys_(hotKeys)
+    , changes_(hotKeys.changed.connect([this] { registerAllAgain(); })) {
+    theCenter = this;
+}
+
+PTHotKeyCenter::~PTHotKeyCenter() {
+    theCenter = nullptr;
+}
+
+PTHotKeyCenter* PTHotKeyCenter::sharedCenter() {
+    return theCenter;
+}
 
 bool PTHotKeyCenter::registerHotKey(PTHotKeyRef hotKey) {
     const auto identifier = hotKey->identifier();
     auto& registration = registrations_[identifier];
+    const bool givesBack = registration.subscription.has_value();
     registration = {std::move(hotKey), std::nullopt};
     registerAgain(registration);
-    tryRefused();
+    if (givesBack) tryRefused();
     return !isRefused(identifier);
 }
 

@@ -15,9 +15,13 @@ namespace quorvane {
 /// change.
 class PTHotKeyCenter {
 public:
-    explicit PTHotKeyCenter(HotKeys& hotKeys)
-        : hotKeys_(hotKeys)
-        , changes_(hotKeys.changed.connect([this] { registerAllAgain(); })) {}
+    explicit PTHotKeyCenter(HotKeys& hotKeys);
+    ~PTHotKeyCenter();
+    PTHotKeyCenter(const PTHotKeyCenter&) = delete;
+    PTHotKeyCenter& operator=(const PTHotKeyCenter&) = delete;
+
+    /// The one there is; null before and after its life.
+    static PTHotKeyCenter* sharedCenter();
 
     /// Takes the place of the one registered before under the same identifier. False when the desktop refuses
     /// the combination, or the record is none.

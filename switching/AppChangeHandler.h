@@ -30,8 +30,8 @@ public:
         , indicator_(indicator)
         , screenChangeDelay_(screenChangeDelay) {}
 
-    /// An application came to the front, or was unhidden there, which closes every launcher. One without a
-    /// bundle identifier equals no other, not even itself.
+    /// An application came to the front, or was unhidden, which closes every launcher. One without a bundle
+    /// identifier equals no other, not even itself.
     void appChanged(const RunningApplication& application);
 
     /// Nobody is in front any more: whoever comes there next does so anew, also the one who left.

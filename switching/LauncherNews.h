@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "indicator/InputIndicator.h"
 #include "input/OpenLaunchers.h"
@@ -18,13 +19,15 @@ public:
         , episodes_(episodes)
         , indicator_(indicator) {}
 
-    /// The one that is open now, if any. An activation has ended the episode of one that is closed after it.
+    /// The one that is open now, if any; told again, its window has only moved. An activation has ended the
+    /// episode of one that is closed after it.
     void launcherChanged(const std::optional<OpenLauncher>& open);
 
 private:
     OpenLaunchers& openLaunchers_;
     LauncherEpisodes& episodes_;
     InputIndicator& indicator_;
+    std::string openIdentifier_; ///< Of the one that was told last.
 };
 
 } // namespace quorvane

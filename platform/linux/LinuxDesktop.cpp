@@ -84,7 +84,7 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     }))
     , application_(x)
     , applicationBundles_(desktopEntries_)
-    , interfaceFiles_(x, screens_, notifications_, defaults_.standardUserDefaults())
+    , interfaceFiles_(x, screens_, notifications_)
     , settingsNotices_(defaults_.health(), interfaceFiles_.notices())
     , activations_(workspace_.addObserver(WorkspaceNotification::didActivateApplication,
                                           [this](const auto&) { interfaceFiles_.raiseIndicator(); }))

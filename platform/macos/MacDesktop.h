@@ -37,9 +37,6 @@ public:
 
     Desktop& desktop() { return desktop_; }
 
-    /// Makes what was written to the user's defaults survive the process.
-    void flushPendingWrites() { defaults_.flushPendingWrites(); }
-
 private:
     NotificationCenter notifications_;
     MacRunLoop runLoop_;

@@ -6,9 +6,8 @@ namespace quorvane {
 
 MacDesktop::MacDesktop()
     : defaults_(maker::bundleIdentifier)
-    , distributedNotifications_([this] { defaults_.flushPendingWrites(); })
     , inputSources_(&MacImages::imageOfIcon)
-    , interfaceFiles_({notifications_, defaults_.standardUserDefaults(), hotKeys_})
+    , interfaceFiles_({notifications_, hotKeys_})
     , alerts_([this] { return interfaceFiles_.preferencesWindow(); })
     , processes_([this] { defaults_.flushPendingWrites(); })
     , desktop_{.facts = {.relaunchArguments = MacProcesses::relaunchArguments()},

@@ -5,44 +5,59 @@ namespace {
 
 class SimulatedStatusItem : public StatusItem {
 public:
-    explicit SimulatedStatusItem(std::shared_ptr<SimulatedStatusItemState> state)
-        : state_(std::move(state)) {}
+    SimulatedStatusItem(Journal& journal, Menu& menu) : journal_(journal), menu_(menu) {}
 
-    void setTemplateImage(ImageRef image) override { state_->image = std::move(image); }
-    void setMenu(Menu menu) override { state_->menu = std::move(menu); }
+    void setTemplateImage(ImageRef image) override {
+        journal_.add("status item image ", image ? image->size().width : 0);
+    }
+    void setMenu(Menu menu) override {
+        for (const auto& item : menu)
+            journal_.add("status item menu ", item.title, item.isEnabled ? "" : ", disabled");
+        menu_ = std::move(menu);
+    }
     void setToolTip(std::function<std::string()> toolTip) override { toolTip_ = std::move(toolTip); }
-    void toolTipChanged() override { state_->toolTip = toolTip_(); }
-    void setHighlightMode(bool highlights) override { state_->highlights = highlights; }
-    void setVisible(bool visible) override { state_->isVisible = visible; }
+    void toolTipChanged() override { journal_.add("status item says ", toolTip_()); }
+    void setHighlightMode(bool highlights) override { journal_.add("status item highlights ", highlights); }
+    void setVisible(bool visible) override { journal_.add("status item ", visible ? "shown" : "hidden"); }
 
 private:
-    std::shared_ptr<SimulatedStatusItemState> state_;
+    Journal& journal_;
+    Menu& menu_;
     std::function<std::string()> toolTip_;
 };
 
 } // namespace
 
+void SimulatedAlerts::write(const char* kind, const Alert& alert) {
+    journal_.add(kind, " ", alert.messageText);
+    if (!alert.informativeText.empty()) journal_.add(alert.informativeText);
+    for (const auto& button : alert.buttons)
+        journal_.add("button ", button);
+    if (!alert.suppressionButtonTitle.empty()) journal_.add("box ", alert.suppressionButtonTitle);
+}
+
 void SimulatedProcesses::launch(const std::string& path, const std::vector<std::string>& arguments) {
     auto command = path;
     for (const auto& argument : arguments)
         command += " " + argument;
-    commands.push_back(std::move(command));
+    journal_.add("launch ", command);
 }
 
-std::unique_ptr<StatusItem> SimulatedStatusBar::statusItemWithLength(double /*length*/) {
-    items.push_back(std::make_shared<SimulatedStatusItemState>());
-    return std::make_unique<SimulatedStatusItem>(items.back());
+std::unique_ptr<StatusItem> SimulatedStatusBar::statusItemWithLength(double length) {
+    journal_.add("status item of length ", length);
+    return std::make_unique<SimulatedStatusItem>(journal_, menu);
 }
 
 Subscription SimulatedGlobalEventMonitor::addGlobalMonitor(EventMask mask,
                                                            std::function<void(const Event&)> handler) {
+    journal_.add("monitor ", mask);
     auto connection = std::make_shared<Subscription>(
-        sent_.connect([mask, handler = std::move(handler)](const Event& event) {
+        sent_->connect([mask, handler = std::move(handler)](const Event& event) {
             if (mask & eventMask(event.type)) handler(event);
         }));
-    return Subscription([connection, masks = masks_, place = masks_->insert(mask)] {
+    return Subscription([connection, mask, sent = std::weak_ptr(sent_), &journal = journal_] {
         connection->end();
-        masks->erase(place);
+        if (!sent.expired()) journal.add("end monitor ", mask);
     });
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <algorithm>
+#include <functional>
 #include <memory>
-#include <set>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -19,42 +19,61 @@
 #include "platform/StatusBar.h"
 #include "platform/SystemLog.h"
 #include "platform/WallClock.h"
+#include "platform/simulated/Journal.h"
 
 namespace quorvane {
 
 class SimulatedApplication : public Application {
 public:
-    std::string localizedString(std::string_view key) const override { return std::string(key); }
-    std::string shortVersion() const override { return "1.2"; }
-    void activateIgnoringOtherApps() override { ++activations; }
-    void terminate() override { isTerminated = true; }
+    explicit SimulatedApplication(Journal& journal) : journal_(journal) {}
 
-    int activations = 0;
-    bool isTerminated = false;
+    /// Marked, so that one can tell a text in the user's language from its key.
+    std::string localizedString(std::string_view key) const override {
+        return key == "Quorvane" ? name : std::string("*").append(key);
+    }
+    std::string shortVersion() const override { return "1.2"; }
+    void activateIgnoringOtherApps() override { journal_.add("activate"); }
+    void terminate() override { journal_.add("terminate"); }
+
+    std::string name = "Quorvane"; ///< Another one where that is translated, too.
+
+private:
+    Journal& journal_;
 };
 
-/// Answers every alert the same way, and keeps what was asked.
+/// Answers every alert the same way: a modal one at once, a sheet when the user comes to it.
 class SimulatedAlerts : public Alerts {
 public:
+    explicit SimulatedAlerts(Journal& journal) : journal_(journal) {}
+
     AlertAnswer runModal(const Alert& alert) override {
-        shown.push_back(alert);
+        write("alert", alert);
         return answer;
     }
-
     void beginSheet(const Alert& alert, std::function<void(const AlertAnswer&)> completion) override {
-        shown.push_back(alert);
-        completion(answer);
+        write("sheet", alert);
+        completion_ = std::move(completion);
     }
 
+    void answerSheet(int response) { completion_({.response = response}); }
+
     AlertAnswer answer{.response = alertFirstButtonReturn + 1};
-    std::vector<Alert> shown;
+
+private:
+    void write(const char* kind, const Alert& alert);
+
+    Journal& journal_;
+    std::function<void(const AlertAnswer&)> completion_;
 };
 
 /// Waits for the user.
 class SimulatedOpenPanel : public OpenPanel {
 public:
+    explicit SimulatedOpenPanel(Journal& journal) : journal_(journal) {}
+
     void beginChoosingApplication(
         std::function<void(std::optional<std::string> bundleIdentifier)> completion) override {
+        journal_.add("open panel");
         completion_ = std::move(completion);
     }
 
@@ -62,14 +81,18 @@ public:
     void choose(std::optional<std::string> bundleIdentifier) { completion_(std::move(bundleIdentifier)); }
 
 private:
+    Journal& journal_;
     std::function<void(std::optional<std::string>)> completion_;
 };
 
 class SimulatedLinks : public Links {
 public:
-    void openURL(std::string_view url) override { opened.emplace_back(url); }
+    explicit SimulatedLinks(Journal& journal) : journal_(journal) {}
 
-    std::vector<std::string> opened;
+    void openURL(std::string_view url) override { journal_.add("open ", url); }
+
+private:
+    Journal& journal_;
 };
 
 class SimulatedClock : public WallClock {
@@ -79,48 +102,59 @@ public:
     double now = 1.7e9;
 };
 
+/// Thrown where the process would end.
+struct SimulatedExit {};
+
 class SimulatedProcesses : public Processes {
 public:
-    void system(const std::string& command) override { commands.push_back(command); }
+    explicit SimulatedProcesses(Journal& journal) : journal_(journal) {}
+
+    void system(const std::string& command) override { journal_.add("system ", command); }
     void launch(const std::string& path, const std::vector<std::string>& arguments) override;
-    void exit(int status) override { exitStatuses.push_back(status); }
+    void exit(int status) override {
+        journal_.add("exit ", status);
+        throw SimulatedExit();
+    }
 
-    std::vector<std::string> commands; ///< Shell commands and launched programs, as a shell would show them.
-    std::vector<int> exitStatuses;
-};
-
-/// What a status item was told; outlives the item.
-struct SimulatedStatusItemState {
-    ImageRef image;
-    Menu menu;
-    std::string toolTip;
-    bool highlights = false;
-    bool isVisible = false;
+private:
+    Journal& journal_;
 };
 
 class SimulatedStatusBar : public StatusBar {
 public:
+    explicit SimulatedStatusBar(Journal& journal) : journal_(journal) {}
+
     std::unique_ptr<StatusItem> statusItemWithLength(double length) override;
 
-    std::vector<std::shared_ptr<SimulatedStatusItemState>> items;
+    Menu menu; ///< Of the item that was made last.
+
+private:
+    Journal& journal_;
 };
 
 class SimulatedLog : public SystemLog {
 public:
-    void log(std::string_view line) override { lines.emplace_back(line); }
+    explicit SimulatedLog(Journal& journal) : journal_(journal) {}
 
-    std::vector<std::string> lines;
+    void log(std::string_view line) override { journal_.add("log ", line); }
+
+private:
+    Journal& journal_;
 };
 
 class SimulatedLoginItems : public LoginItems {
 public:
+    explicit SimulatedLoginItems(Journal& journal) : journal_(journal) {}
+
     bool setEnabled(std::string_view identifier, bool enabled) override {
-        calls.emplace_back(identifier, enabled);
+        journal_.add("login item ", identifier, enabled ? " on" : " off");
         return !refuses;
     }
 
     bool refuses = false;
-    std::vector<std::pair<std::string, bool>> calls;
+
+private:
+    Journal& journal_;
 };
 
 class SimulatedCursor : public Cursor {
@@ -132,19 +166,17 @@ public:
 
 class SimulatedGlobalEventMonitor : public GlobalEventMonitor {
 public:
+    explicit SimulatedGlobalEventMonitor(Journal& journal) : journal_(journal) {}
+
     Subscription addGlobalMonitor(EventMask mask, std::function<void(const Event&)> handler) override;
 
     /// An event on its way to another program.
-    void send(const Event& event) { sent_.emit(event); }
-
-    /// Whether somebody watches events of that type.
-    bool isWatching(EventType type) const {
-        return std::ranges::any_of(*masks_, [&](EventMask mask) { return (mask & eventMask(type)) != 0; });
-    }
+    void send(const Event& event) { sent_->emit(event); }
 
 private:
-    Signal<const Event&> sent_;
-    std::shared_ptr<std::multiset<EventMask>> masks_ = std::make_shared<std::multiset<EventMask>>();
+    Journal& journal_;
+    using Sent = Signal<const Event&>;
+    std::shared_ptr<Sent> sent_ = std::make_shared<Sent>(); ///< Subscriptions may outlive this.
 };
 
 } // namespace quorvane

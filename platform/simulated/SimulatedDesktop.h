@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Desktop.h"
+#include "platform/simulated/Journal.h"
 #include "platform/simulated/SimulatedApplication.h"
 #include "platform/simulated/SimulatedDistributedNotificationCenter.h"
 #include "platform/simulated/SimulatedHotKeys.h"
@@ -13,36 +14,38 @@
 
 namespace quorvane {
 
-/// A whole desktop in memory, with the native desktop's facts. It stands still until it is told what happens.
+/// A whole desktop in memory, with the native desktop's facts. It stands still until it is told what happens,
+/// and writes down what the program does then.
 class SimulatedDesktop {
 public:
     SimulatedDesktop();
     SimulatedDesktop(const SimulatedDesktop&) = delete;
     SimulatedDesktop& operator=(const SimulatedDesktop&) = delete;
 
-    SimulatedRunLoop runLoop;
-    SimulatedUserDefaults defaults;
+    Journal journal{[this] { return runLoop.now(); }};
+    SimulatedRunLoop runLoop{journal};
+    SimulatedUserDefaults defaults{journal};
     NotificationCenter notifications;
-    SimulatedDistributedNotificationCenter distributedNotifications{runLoop};
-    SimulatedInputSources inputSources{distributedNotifications};
-    SimulatedImages images;
-    SimulatedWorkspace workspace;
+    SimulatedDistributedNotificationCenter distributedNotifications{journal, runLoop};
+    SimulatedInputSources inputSources{journal, distributedNotifications};
+    SimulatedImages images{journal};
+    SimulatedWorkspace workspace{journal};
     SimulatedApplicationBundles applicationBundles;
-    SimulatedWindowList windowList;
+    SimulatedWindowList windowList{journal};
     SimulatedScreens screens;
-    SimulatedGlobalEventMonitor globalEvents;
-    SimulatedHotKeys hotKeys;
+    SimulatedGlobalEventMonitor globalEvents{journal};
+    SimulatedHotKeys hotKeys{journal};
     SimulatedCursor cursor;
-    SimulatedInterfaceFiles interfaceFiles{notifications};
-    SimulatedStatusBar statusBar;
-    SimulatedAlerts alerts;
-    SimulatedProcesses processes;
-    SimulatedLoginItems loginItems;
-    SimulatedLog log;
-    SimulatedOpenPanel openPanel;
-    SimulatedLinks links;
+    SimulatedInterfaceFiles interfaceFiles{journal, notifications};
+    SimulatedStatusBar statusBar{journal};
+    SimulatedAlerts alerts{journal};
+    SimulatedProcesses processes{journal};
+    SimulatedLoginItems loginItems{journal};
+    SimulatedLog log{journal};
+    SimulatedOpenPanel openPanel{journal};
+    SimulatedLinks links{journal};
     SimulatedClock clock;
-    SimulatedApplication application;
+    SimulatedApplication application{journal};
 
     /// What the program is given.
     Desktop desktop;

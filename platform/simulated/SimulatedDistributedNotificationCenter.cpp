@@ -4,6 +4,7 @@ namespace quorvane {
 
 Subscription SimulatedDistributedNotificationCenter::addObserver(
     std::string_view name, std::function<void(const DistributedNotification&)> handler) {
+    journal_.add("observe ", name);
     return delivered_.connect([name = std::string(name),
                                handler = std::move(handler)](const DistributedNotification& notification) {
         if (notification.name == name) handler(notification);
@@ -11,7 +12,8 @@ Subscription SimulatedDistributedNotificationCenter::addObserver(
 }
 
 void SimulatedDistributedNotificationCenter::post(const DistributedNotification& notification) {
-    posted_.push_back(notification);
+    const auto& userInfo = notification.userInfo;
+    journal_.add("post ", notification.name, userInfo.isNothing() ? "" : " " + textOf(userInfo));
     postFromOutside(notification);
 }
 

@@ -1,7 +1,9 @@
 #include "platform/simulated/SimulatedHotKeys.h"
 
 #include <algorithm>
+#include <ios>
 #include <iterator>
+#include <sstream>
 
 #include "platform/GlobalEventMonitor.h"
 
@@ -13,6 +15,12 @@ constexpr std::int64_t lastKeyCode = 0x7f;
 std::uint64_t modifiersThatCount(std::uint64_t flags) {
     return flags &
            (ModifierFlag::command | ModifierFlag::control | ModifierFlag::option | ModifierFlag::shift);
+}
+
+std::string textOf(const KeyCombination& combination) {
+    std::ostringstream text;
+    text << combination.keyCode << std::hex << " 0x" << combination.modifierFlags;
+    return text.str();
 }
 
 } // namespace
@@ -27,10 +35,16 @@ SimulatedHotKeys::Entries::iterator SimulatedHotKeys::find(const KeyCombination&
 
 std::optional<Subscription> SimulatedHotKeys::registerHotKey(const KeyCombination& combination,
                                                              std::function<void()> pressed) {
-    if (combination.keyCode < 0 || combination.keyCode > lastKeyCode) return std::nullopt;
-    if (find(combination) != entries_->end()) return std::nullopt;
+    const bool isRefused =
+        combination.keyCode < 0 || combination.keyCode > lastKeyCode || find(combination) != entries_->end();
+    journal_.add("register ", textOf(combination), isRefused ? ", refused" : "");
+    if (isRefused) return std::nullopt;
     entries_->push_back({combination, std::move(pressed)});
-    return Subscription([entries = entries_, entry = std::prev(entries_->end())] { entries->erase(entry); });
+    return Subscription([this, remaining = std::weak_ptr(entries_), entry = std::prev(entries_->end())] {
+        if (remaining.expired()) return;
+        journal_.add("unregister ", textOf(entry->combination));
+        entries_->erase(entry);
+    });
 }
 
 bool SimulatedHotKeys::press(const KeyCombination& combination) {

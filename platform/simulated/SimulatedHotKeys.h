@@ -1,15 +1,21 @@
 #pragma once
 
+#include <functional>
 #include <list>
 #include <memory>
+#include <optional>
+#include <utility>
 
 #include "platform/HotKeys.h"
+#include "platform/simulated/Journal.h"
 
 namespace quorvane {
 
 /// A keyboard whose keys are pressed by call.
 class SimulatedHotKeys : public HotKeys {
 public:
+    explicit SimulatedHotKeys(Journal& journal) : journal_(journal) {}
+
     std::optional<Subscription> registerHotKey(const KeyCombination& combination,
                                                std::function<void()> pressed) override;
 
@@ -26,8 +32,6 @@ public:
         changed.emit();
     }
 
-    std::size_t count() const { return entries_->size(); }
-
 private:
     struct Entry {
         KeyCombination combination;
@@ -36,6 +40,7 @@ private:
     using Entries = std::list<Entry>;
     Entries::iterator find(const KeyCombination& combination);
 
+    Journal& journal_;
     std::shared_ptr<Entries> entries_ = std::make_shared<Entries>(); ///< Subscriptions may outlive this.
 };
 

@@ -1,9 +1,14 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/Image.h"
+#include "platform/simulated/Journal.h"
 
 namespace quorvane {
 
@@ -24,7 +29,7 @@ public:
 
     Size size() const override { return size_; }
     std::vector<std::uint8_t> pixelData() const override { return pixelData_; }
-    ImageRef redrawn(Size size) const override { return std::make_shared<SimulatedImage>(size, pixelData_); }
+    ImageRef redrawn(Size size) const override;
 
 private:
     Size size_;
@@ -33,6 +38,8 @@ private:
 
 class SimulatedImages : public Images {
 public:
+    explicit SimulatedImages(Journal& journal) : journal_(journal) {}
+
     ImageRef imageWithContentsOfURL(std::string_view url) const override { return find(byURL, url); }
     ImageRef imageNamed(std::string_view name) const override { return find(byName, name); }
 
@@ -41,10 +48,13 @@ public:
     Pictures byName;
 
 private:
-    static ImageRef find(const Pictures& pictures, std::string_view key) {
+    ImageRef find(const Pictures& pictures, std::string_view key) const {
+        journal_.add("load ", key);
         const auto found = pictures.find(key);
         return found == pictures.end() ? nullptr : found->second;
     }
+
+    Journal& journal_;
 };
 
 } // namespace quorvane

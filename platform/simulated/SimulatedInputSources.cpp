@@ -6,6 +6,11 @@ namespace quorvane {
 
 std::vector<InputSource>
 SimulatedInputSources::createInputSourceList(std::optional<std::string_view> id) const {
+    journal_.add("list ", id.value_or("all"));
+    return sourcesOf(id);
+}
+
+std::vector<InputSource> SimulatedInputSources::sourcesOf(std::optional<std::string_view> id) const {
     std::vector<InputSource> list;
     std::ranges::copy_if(sources_, std::back_inserter(list),
                          [&](const InputSource& source) { return !id || source.id == *id; });
@@ -13,19 +18,20 @@ SimulatedInputSources::createInputSourceList(std::optional<std::string_view> id)
 }
 
 std::optional<InputSource> SimulatedInputSources::copyCurrentKeyboardInputSource() const {
-    const auto current = createInputSourceList(currentID_);
+    const auto current = sourcesOf(currentID_);
     if (current.empty()) return std::nullopt;
     return current.front();
 }
 
 std::optional<InputSource> SimulatedInputSources::copyCurrentKeyboardLayoutInputSource() const {
+    journal_.add("keep ", currentID_);
     return copyCurrentKeyboardInputSource();
 }
 
 bool SimulatedInputSources::selectInputSource(const InputSource& source) {
-    selections_.push_back(source.id);
-    if (refusesSelections || !source.isSelectCapable || createInputSourceList(source.id).empty())
-        return false;
+    const bool isRefused = refusesSelections || !source.isSelectCapable || sourcesOf(source.id).empty();
+    journal_.add("select ", source.id, isRefused ? ", refused" : "");
+    if (isRefused) return false;
     selectFromOutside(source.id);
     return true;
 }

@@ -12,8 +12,9 @@ namespace quorvane {
 /// Input sources that are enabled, disabled and selected by hand. Tells every change of the selected one.
 class SimulatedInputSources : public TextInputSources {
 public:
-    explicit SimulatedInputSources(SimulatedDistributedNotificationCenter& notifications)
-        : notifications_(notifications) {}
+    SimulatedInputSources(Journal& journal, SimulatedDistributedNotificationCenter& notifications)
+        : journal_(journal)
+        , notifications_(notifications) {}
 
     std::vector<InputSource> createInputSourceList(std::optional<std::string_view> id = {}) const override;
     std::optional<InputSource> copyCurrentKeyboardInputSource() const override;
@@ -31,19 +32,17 @@ public:
 
     std::string currentID() const { return currentID_; }
 
-    /// The ids this program selected, oldest first, refused ones included.
-    const std::vector<std::string>& selections() const { return selections_; }
-    void forgetSelections() { selections_.clear(); }
-
     std::map<std::string, std::string> names; ///< By source id; the id itself where none is given.
     std::map<std::string, ImageRef> icons;    ///< By source id, for sources with an icon reference.
     bool refusesSelections = false;
 
 private:
+    std::vector<InputSource> sourcesOf(std::optional<std::string_view> id) const;
+
+    Journal& journal_;
     SimulatedDistributedNotificationCenter& notifications_;
     std::vector<InputSource> sources_;
     std::string currentID_;
-    std::vector<std::string> selections_;
 };
 
 } // namespace quorvane

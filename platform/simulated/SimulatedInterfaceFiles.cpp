@@ -3,7 +3,8 @@
 namespace quorvane {
 
 std::unique_ptr<PreferencesInterface> SimulatedInterfaceFiles::loadPreferences() {
-    auto loaded = std::make_unique<SimulatedPreferences>(preferencesTitle, notifications_);
+    journal_.add("load preferences");
+    auto loaded = std::make_unique<SimulatedPreferences>(journal_, preferencesTitle, notifications_);
     loadedPreferences.push_back(loaded.get());
     return loaded;
 }

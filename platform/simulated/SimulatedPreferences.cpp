@@ -4,9 +4,16 @@
 
 namespace quorvane {
 
+void SimulatedPopUpButton::setItemTitles(const std::vector<std::string>& titles) {
+    tell(textOf(PropertyList::Array(titles.begin(), titles.end())));
+    items_ = titles;
+    selected = 0;
+}
+
 void SimulatedPopUpButton::setTitle(const std::string& title) {
-    const auto item = std::ranges::find(items, title);
-    if (item != items.end()) selected = static_cast<int>(item - items.begin());
+    tell("'", title, "'");
+    const auto item = std::ranges::find(items_, title);
+    if (item != items_.end()) selected = static_cast<int>(item - items_.begin());
 }
 
 PreferencesOutlets SimulatedPreferences::outlets() {

@@ -4,82 +4,114 @@
 #include <vector>
 
 #include "platform/PreferencesInterface.h"
+#include "platform/simulated/Journal.h"
 #include "platform/simulated/SimulatedWindow.h"
 
 namespace quorvane {
 
-// Widgets that remember what they were told and do what a user does by call.
+/// A widget of the simulated interface file, by the name that the journal has for it.
+class SimulatedWidget {
+public:
+    SimulatedWidget(Journal& journal, const char* name) : journal_(journal), name_(name) {}
 
-struct SimulatedLabel : Label {
-    void setStringValue(const std::string& text) override { stringValue = text; }
+protected:
+    template <class... Parts>
+    void tell(const Parts&... parts) {
+        journal_.add(name_, " ", parts...);
+    }
 
-    std::string stringValue;
+private:
+    Journal& journal_;
+    const char* name_;
 };
 
-struct SimulatedButton : Button {
-    void setTitle(const std::string& newTitle) override { title = newTitle; }
-    void setEnabled(bool enabled) override { isEnabled = enabled; }
-    void setState(int state) override { now = state; }
+class SimulatedLabel : public SimulatedWidget, public Label {
+public:
+    using SimulatedWidget::SimulatedWidget;
+    void setStringValue(const std::string& text) override { tell("'", text, "'"); }
+};
+
+class SimulatedButton : public SimulatedWidget, public Button {
+public:
+    using SimulatedWidget::SimulatedWidget;
+    void setTitle(const std::string& title) override { tell("'", title, "'"); }
+    void setEnabled(bool enabled) override { tell(enabled ? "enabled" : "disabled"); }
+    void setState(int state) override {
+        tell(state == stateOn ? "on" : "off");
+        now = state;
+    }
     int state() const override { return now; }
 
-    std::string title;
-    bool isEnabled = true;
     int now = stateOff;
 };
 
-struct SimulatedPopUpButton : PopUpButton {
-    void setItemTitles(const std::vector<std::string>& titles) override {
-        items = titles;
-        selected = 0;
-    }
+class SimulatedPopUpButton : public SimulatedWidget, public PopUpButton {
+public:
+    using SimulatedWidget::SimulatedWidget;
+    void setItemTitles(const std::vector<std::string>& titles) override;
     void setTitle(const std::string& title) override;
     int indexOfSelectedItem() const override { return selected; }
-    std::string title() const { return items.empty() ? "" : items[static_cast<std::size_t>(selected)]; }
 
-    std::vector<std::string> items;
     int selected = 0;
+
+private:
+    std::vector<std::string> items_;
 };
 
-struct SimulatedTabView : TabView {
-    void selectTabViewItemAtIndex(int index) override { selected = index; }
-
-    int selected = -1;
+class SimulatedTabView : public SimulatedWidget, public TabView {
+public:
+    using SimulatedWidget::SimulatedWidget;
+    void selectTabViewItemAtIndex(int index) override { tell(index); }
 };
 
-struct SimulatedTabHeader : TabHeader {
-    void setShaded(bool shaded) override { isShaded = shaded; }
-
-    bool isShaded = false;
+class SimulatedTabHeader : public SimulatedWidget, public TabHeader {
+public:
+    using SimulatedWidget::SimulatedWidget;
+    void setShaded(bool shaded) override { tell(shaded ? "shaded" : "clear"); }
 };
 
-struct SimulatedTableView : TableView {
-    void reloadData() override { ++reloads; }
+class SimulatedTableView : public SimulatedWidget, public TableView {
+public:
+    using SimulatedWidget::SimulatedWidget;
+    void reloadData() override { tell("reload"); }
     int selectedRow() const override { return selected; }
-    void selectRow(int row) override { selected = row; }
-    void deselectAll() override { selected = noRow; }
-    void registerForDraggedRows() override { takesDraggedRows = true; }
+    void selectRow(int row) override {
+        tell("select ", row);
+        selected = row;
+    }
+    void deselectAll() override {
+        tell("deselect");
+        selected = noRow;
+    }
+    void registerForDraggedRows() override { tell("take dragged rows"); }
 
-    int reloads = 0;
     int selected = noRow;
-    bool takesDraggedRows = false;
 };
 
 /// A preferences window without a screen. `actions` is what its widgets would call.
 class SimulatedPreferences : public PreferencesInterface {
 public:
-    SimulatedPreferences(std::string title, NotificationCenter& notifications)
-        : window(std::move(title), notifications) {}
+    SimulatedPreferences(Journal& journal, std::string title, NotificationCenter& notifications)
+        : journal_(journal)
+        , window(journal, "preferences", notifications, std::move(title)) {}
 
     PreferencesOutlets outlets() override;
     void connect(PreferencesActions& newActions) override { actions = &newActions; }
 
+private:
+    Journal& journal_;
+
+public:
     SimulatedWindow window;
-    SimulatedTabView tabView;
-    SimulatedTabHeader rules, preference, learn, contactUs, freeApps;
-    SimulatedLabel version, switchTimes;
-    SimulatedButton removeApplication, removeLocation, setUp;
-    SimulatedTableView applications, locations, shortcuts;
-    SimulatedPopUpButton defaultInput;
+    SimulatedTabView tabView{journal_, "tab"};
+    SimulatedTabHeader rules{journal_, "Rules"}, preference{journal_, "Preference"}, learn{journal_, "Learn"},
+        contactUs{journal_, "Contact us"}, freeApps{journal_, "Free apps"};
+    SimulatedLabel version{journal_, "version"}, switchTimes{journal_, "switch times"};
+    SimulatedButton removeApplication{journal_, "remove application"},
+        removeLocation{journal_, "remove location"}, setUp{journal_, "set up"};
+    SimulatedTableView applications{journal_, "applications"}, locations{journal_, "locations"},
+        shortcuts{journal_, "shortcuts"};
+    SimulatedPopUpButton defaultInput{journal_, "default input"};
     PreferencesActions* actions = nullptr;
 };
 

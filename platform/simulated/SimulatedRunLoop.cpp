@@ -46,6 +46,11 @@ void SimulatedRunLoop::dispatchAfter(double seconds, Block block) {
     add(now_ + ticks(seconds), {std::move(block), std::make_shared<bool>(true)});
 }
 
+void SimulatedRunLoop::sleep(double seconds) {
+    journal_.add("sleep ", seconds);
+    now_ += ticks(seconds);
+}
+
 void SimulatedRunLoop::dropDisarmed() {
     std::erase_if(pending_, [](const auto& pending) { return !*pending.second.armed; });
 }

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "platform/RunLoop.h"
+#include "platform/simulated/Journal.h"
 
 namespace quorvane {
 
@@ -12,6 +13,8 @@ namespace quorvane {
 /// which it was scheduled.
 class SimulatedRunLoop : public RunLoop {
 public:
+    explicit SimulatedRunLoop(Journal& journal) : journal_(journal) {}
+
     double now() const { return static_cast<double>(now_) / ticksPerSecond; } ///< Seconds since it was made.
 
     /// Lets time pass, running everything that falls due, in order.
@@ -25,7 +28,7 @@ public:
 
     TimerRef scheduledTimer(double seconds, bool repeats, Block block) override;
     void dispatchAfter(double seconds, Block block) override;
-    void sleep(double seconds) override { now_ += ticks(seconds); }
+    void sleep(double seconds) override;
 
 private:
     // Whole microseconds: sums of decimal fractions come out exact.
@@ -50,6 +53,7 @@ private:
     void add(Ticks time, Entry entry) { pending_.emplace(Due{time, ++order_}, std::move(entry)); }
     void dropDisarmed();
 
+    Journal& journal_;
     Ticks now_ = 0;
     std::uint64_t order_ = 0;
     std::map<Due, Entry> pending_;

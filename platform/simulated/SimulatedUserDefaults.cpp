@@ -6,8 +6,14 @@ namespace quorvane {
 
 class SimulatedUserDefaults::Domain : public DefaultsDomain {
 public:
+    Domain(Journal& journal, const char* name) : journal_(journal), name_(name) {}
+
     PropertyList objectForKey(std::string_view key) override { return values_[key]; }
     void setObject(PropertyList value, std::string_view key) override {
+        journal_.add(name_, " ", key, " = ", textOf(value));
+        write(std::move(value), key);
+    }
+    void write(PropertyList value, std::string_view key) {
         values_ = values_.with(key, std::move(value));
         if (isWritable_) forOthers_ = values_;
         written_.emit(key);
@@ -18,10 +24,11 @@ public:
         return {};
     }
     bool synchronize() override {
-        ++synchronizations_;
+        journal_.add("synchronize ", name_);
         return true;
     }
     Subscription addObserver(std::string_view key, std::function<void(std::string_view)> handler) override {
+        journal_.add("observe ", name_, " ", key);
         return written_.connect([observed = std::string(key), handler = std::move(handler)](auto written) {
             if (written == observed) handler(written);
         });
@@ -34,19 +41,20 @@ public:
         std::exchange(waiting_, {}).emit();
     }
     PropertyList forOthers(std::string_view key) const { return forOthers_[key]; }
-    int synchronizations() const { return synchronizations_; }
 
 private:
+    Journal& journal_;
+    const char* name_;
     PropertyList values_ = PropertyList::Dictionary{};
     PropertyList forOthers_ = values_;
     bool isWritable_ = true;
     Signal<> waiting_;
     Signal<std::string_view> written_; // key
-    int synchronizations_ = 0;
 };
 
-SimulatedUserDefaults::SimulatedUserDefaults()
-    : standard_(domain(""), [this](std::string_view name) -> DefaultsDomain& { return domain(name); }) {}
+SimulatedUserDefaults::SimulatedUserDefaults(Journal& journal)
+    : journal_(journal)
+    , standard_(domain(""), [this](std::string_view name) -> DefaultsDomain& { return domain(name); }) {}
 
 SimulatedUserDefaults::~SimulatedUserDefaults() = default;
 
@@ -56,7 +64,7 @@ std::unique_ptr<UserDefaults> SimulatedUserDefaults::initWithSuiteName(std::stri
 
 void SimulatedUserDefaults::writeFromOutside(std::string_view suiteName, std::string_view key,
                                              PropertyList value) {
-    domain(suiteName).setObject(std::move(value), key);
+    domain(suiteName).write(std::move(value), key);
 }
 
 PropertyList SimulatedUserDefaults::readFromOutside(std::string_view suiteName, std::string_view key) {
@@ -67,14 +75,9 @@ void SimulatedUserDefaults::setWritable(std::string_view suiteName, bool isWrita
     domain(suiteName).setWritable(isWritable);
 }
 
-int SimulatedUserDefaults::synchronizations(std::string_view suiteName) const {
-    const auto known = domains_.find(suiteName);
-    return known == domains_.end() ? 0 : known->second->synchronizations();
-}
-
 SimulatedUserDefaults::Domain& SimulatedUserDefaults::domain(std::string_view name) {
     auto& known = domains_[std::string(name)];
-    if (!known) known = std::make_unique<Domain>();
+    if (!known) known = std::make_unique<Domain>(journal_, name.empty() ? "own" : "suite");
     return *known;
 }
 

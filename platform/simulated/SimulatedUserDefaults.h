@@ -4,13 +4,14 @@
 #include <string>
 
 #include "platform/DefaultsSearchList.h"
+#include "platform/simulated/Journal.h"
 
 namespace quorvane {
 
 /// Defaults that are remembered as long as the desktop they belong to.
 class SimulatedUserDefaults : public UserDefaultsStores {
 public:
-    SimulatedUserDefaults();
+    explicit SimulatedUserDefaults(Journal& journal);
     ~SimulatedUserDefaults() override;
 
     StandardUserDefaults& standardUserDefaults() override { return standard_; }
@@ -25,14 +26,12 @@ public:
     /// Until it is writable again, other programs do not read what this one writes.
     void setWritable(std::string_view suiteName, bool isWritable);
 
-    /// How often a suite (or the standard store, "") was synchronized.
-    int synchronizations(std::string_view suiteName) const;
-
 private:
     class Domain;
 
     Domain& domain(std::string_view name);
 
+    Journal& journal_;
     std::map<std::string, std::unique_ptr<Domain>, std::less<>> domains_; // the application's own one is ""
     DefaultsSearchList standard_;
 };

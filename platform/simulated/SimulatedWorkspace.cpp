@@ -1,6 +1,7 @@
 #include "platform/simulated/SimulatedWorkspace.h"
 
 #include <algorithm>
+#include <array>
 
 namespace quorvane {
 
@@ -15,6 +16,8 @@ SimulatedWorkspace::runningApplicationsWithBundleIdentifier(std::string_view bun
 
 Subscription SimulatedWorkspace::addObserver(WorkspaceNotification notification,
                                              std::function<void(const RunningApplication&)> handler) {
+    constexpr std::array names = {"activations", "unhides", "launches", "leaves"};
+    journal_.add("observe ", names.at(static_cast<std::size_t>(notification)));
     return posted_.connect([notification, handler = std::move(handler)](
                                WorkspaceNotification posted, const RunningApplication& application) {
         if (posted == notification) handler(application);
@@ -70,10 +73,8 @@ void SimulatedWorkspace::activate(const RunningApplication& application) {
 }
 
 void SimulatedWorkspace::unhide(std::string_view bundleIdentifier) {
-    for (const auto& application : runningApplicationsWithBundleIdentifier(bundleIdentifier)) {
-        frontmost_ = application;
+    for (const auto& application : runningApplicationsWithBundleIdentifier(bundleIdentifier))
         posted_.emit(WorkspaceNotification::didUnhideApplication, application);
-    }
 }
 
 } // namespace quorvane

@@ -10,12 +10,15 @@
 #include "platform/Screens.h"
 #include "platform/Signal.h"
 #include "platform/Workspace.h"
+#include "platform/simulated/Journal.h"
 
 namespace quorvane {
 
 /// Applications that launch, come to the front, hide and quit as they are told.
 class SimulatedWorkspace : public Workspace {
 public:
+    explicit SimulatedWorkspace(Journal& journal) : journal_(journal) {}
+
     std::vector<RunningApplication> runningApplications() const override { return running_; }
     std::vector<RunningApplication>
     runningApplicationsWithBundleIdentifier(std::string_view bundleIdentifier) const override;
@@ -33,12 +36,13 @@ public:
     void activate(const std::string& bundleIdentifier);
     void activate(const RunningApplication& application);
 
-    /// Tells that an application is shown again and in front, and nothing else.
+    /// Tells that an application is shown again. It need not come to the front with that.
     void unhide(std::string_view bundleIdentifier);
 
 private:
     void activateNext();
 
+    Journal& journal_;
     std::vector<RunningApplication> running_; // the one that was in front last comes last
     std::set<std::string, std::less<>> hidden_;
     std::optional<RunningApplication> frontmost_;
@@ -68,13 +72,20 @@ public:
 
 class SimulatedWindowList : public OnScreenWindowList {
 public:
-    std::vector<WindowDescription> windows() const override { return frontToBack; }
+    explicit SimulatedWindowList(Journal& journal) : journal_(journal) {}
+
+    std::vector<WindowDescription> windows() const override {
+        journal_.add("look");
+        return frontToBack;
+    }
     Subscription
     addLauncherObserver(std::function<void(const std::optional<OpenLauncher>&)> handler) override {
+        journal_.add("observe launchers");
         return launcherChanged_.connect(std::move(handler));
     }
 
     Subscription addFrontWindowObserver(std::function<void()> handler) override {
+        journal_.add("observe front window");
         return frontWindowMoved_.connect(std::move(handler));
     }
 
@@ -87,6 +98,7 @@ public:
     std::vector<WindowDescription> frontToBack;
 
 private:
+    Journal& journal_;
     Signal<const std::optional<OpenLauncher>&> launcherChanged_;
     Signal<> frontWindowMoved_;
 };

@@ -1,235 +1,172 @@
-#include <gmock/gmock.h>
+#include <functional>
 
-#include "settings/DefaultInput.h"
+#include <gtest/gtest.h>
+
 #include "support/ProgramTest.h"
 
 namespace quorvane {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
 using Dictionary = PropertyList::Dictionary;
 
-class Program : public ProgramTest {
-protected:
-    Program() {
-        for (const auto* id : {"us", "ru"}) {
-            desktop_.inputSources.enable({.id = id, .hasIconReference = true});
-            desktop_.inputSources.icons[id] = SimulatedImage::ofColor({32, 32}, 0, 0, 0);
-        }
-    }
+const std::string loginItem = "login item " + std::string(maker::loginItemIdentifier);
+const std::string setLoginItem = loginItem + " off; log Call LoginItemSetEnabled with [0] success";
+const std::string observers =
+    "observe own hiddenIconInStatusBar; observe own enableTipOfState; observe own autoInput; observe own "
+    "enableForceEnglishBrowserAddress; observe activations; observe unhides; observe leaves; observe "
+    "com.apple.Carbon.TISNotifySelectedKeyboardInputSourceChanged; observe AXWindowAdjusted";
+const std::string indicatorStyle =
+    "indicator style 0 clear; indicator behavior 1; indicator level 1000; indicator movable";
+const std::string statusItem =
+    "status item of length -1; load menuBarIcon; status item image 18; status item menu *Preferences…; "
+    "status "
+    "item menu *Quit Quorvane; status item highlights 1; status item says us; status item shown";
+
+const Story shellStories[] = {
+    {"start-up, with everything shown",
+     "own:hiddenIconInStatusBar= own:enableTipOfState=true own:shortcutOfInput=none | launch",
+     {"0 " + setLoginItem + "; observe own autoStartAtLogin; " + indicatorStyle +
+      "; icon 18x18; indicator at 1420,880; " + statusItem + "; " + observers + "; monitor 4100"}},
+    {"start-up, with nothing shown",
+     "| launch",
+     {"0 " + setLoginItem + "; observe own autoStartAtLogin; " + indicatorStyle +
+      "; icon hidden; box hidden; " + observers + "; monitor 4100"}},
+    {"the status item is made when it is first seen, and then only hidden",
+     "launch | own:hiddenIconInStatusBar=false own:hiddenIconInStatusBar=true "
+     "own:hiddenIconInStatusBar=false",
+     {"0 own hiddenIconInStatusBar = false; " + statusItem +
+      "; own hiddenIconInStatusBar = true; status item hidden; own hiddenIconInStatusBar = false; status "
+      "item "
+      "shown"}},
+    {"the login item follows each write of its setting",
+     "launch | own:autoStartAtLogin=true 1 own:autoStartAtLogin=true 1 own:autoStartAtLogin=",
+     {"0 own autoStartAtLogin = true; " + loginItem + " on; log Call LoginItemSetEnabled with [1] success",
+      "1 own autoStartAtLogin = true; " + loginItem + " on; log Call LoginItemSetEnabled with [1] success",
+      "2 own autoStartAtLogin = none; " + setLoginItem}},
+    {"the mirror copies each write of the own value",
+     "launch | own:autoInput=text 1 own:enableForceEnglishBrowserAddress=1 1 own:autoInput= 1 "
+     "own:enableForceEnglishBrowserAddress=",
+     {"0 own autoInput = 'text'; suite autoInput = 'text'; synchronize suite",
+      "1 own enableForceEnglishBrowserAddress = 1; suite enableForceEnglishBrowserAddress = true; "
+      "synchronize "
+      "suite",
+      "2 own autoInput = none; suite autoInput = none; synchronize suite",
+      "3 own enableForceEnglishBrowserAddress = none; suite enableForceEnglishBrowserAddress = false; "
+      "synchronize suite"}},
+    {"also once the shared suite is read through the standard defaults, and nothing that others write there",
+     "launch preferences 1 | own:autoInput=text own:autoInput= 1 "
+     "writes:enableForceEnglishBrowserAddress=true",
+     {"0 own autoInput = 'text'; suite autoInput = 'text'; synchronize suite; own autoInput = none; suite "
+      "autoInput = none; synchronize suite"}},
+    {"other settings are nobody's",
+     "launch | own:orderOfAppsRule=1 own:followWindow=true",
+     {"0 own orderOfAppsRule = 1; own followWindow = true"}},
+    {"the preferences open a moment after they were asked for, in front of all",
+     "launch preferences 1 | preferences 0.009 0.001 reopen 1",
+     {"0.01 preferences in; activate", "0.02 preferences in; activate"}},
 };
+INSTANTIATE_TEST_SUITE_P(Shell, Stories, testing::ValuesIn(shellStories));
 
-TEST_F(Program, OnlyOkOnTheReminderCounts) {
-    const std::pair<bool, bool> answers[] = {{true, true}, {true, false}, {false, true}, {false, false}};
-    for (const auto& [ok, ticked] : answers) {
-        SimulatedDesktop desktop;
-        desktop.alerts.answer = {alertFirstButtonReturn + (ok ? 0 : 1), ticked};
-        for (int launch = 0; launch < 2; ++launch)
-            AppDelegate(desktop.desktop).applicationDidFinishLaunching();
-        EXPECT_EQ(desktop.alerts.shown.size(), ok && ticked ? 1U : 2U);
-        EXPECT_EQ(desktop.defaults.synchronizations(""), ok && ticked ? 1 : 0);
-        EXPECT_THAT(desktop.processes.commands,
-                    testing::Each("open /System/Library/PreferencePanes/Accounts.prefPane"));
-        EXPECT_EQ(desktop.processes.commands.empty(), !ok);
-        const auto& alert = desktop.alerts.shown.front();
-        EXPECT_EQ(alert.messageText, "Warm Reminder");
-        EXPECT_THAT(alert.buttons, ElementsAre("OK", "Cancel"));
-        EXPECT_EQ(alert.suppressionButtonTitle, "Don't remind me next time");
-        EXPECT_THAT(alert.informativeText,
-                    testing::HasSubstr("\"System Preferences>Users and Groups>Login Items\""));
-    }
-}
-
-TEST_F(Program, TheStatusItemIsMadeWhenFirstSeenAndThenOnlyHidden) {
-    standard_.setBool(true, key::hiddenIconInStatusBar);
-    launch();
-    EXPECT_THAT(desktop_.statusBar.items, IsEmpty());
-    standard_.setBool(false, key::hiddenIconInStatusBar);
-    ASSERT_EQ(desktop_.statusBar.items.size(), 1U);
-    const auto item = desktop_.statusBar.items.front();
-    EXPECT_TRUE(item->isVisible);
-    EXPECT_TRUE(item->highlights);
-    EXPECT_EQ(item->image, desktop_.images.byName["menuBarIcon"]);
-    for (const bool isHidden : {true, false}) {
-        standard_.setBool(isHidden, key::hiddenIconInStatusBar);
-        EXPECT_EQ(item->isVisible, !isHidden);
-    }
-    EXPECT_EQ(desktop_.statusBar.items.size(), 1U);
-
-    ASSERT_EQ(item->menu.size(), 2U);
-    item->menu[1].action();
-    EXPECT_TRUE(desktop_.application.isTerminated);
-}
-
-TEST_F(Program, TheToolTipSaysProgramSourceAndWhy) {
-    desktop_.inputSources.names["ru"] = "Russian";
-    desktop_.applicationBundles.paths["org.kde.kate"] = "/Kate";
-    setRule("org.kde.kate", "ru");
-    setRule("com.apple.Spotlight", "us");
-    launch();
-    EXPECT_EQ(desktop_.statusBar.items.front()->toolTip, "us") << "nobody was in front yet";
+TEST_F(ProgramTest, OnlyOkOnTheReminderCounts) {
+    const std::string question =
+        "0 alert *Warm Reminder; *If you don't want Quorvane preference window to appear when the computer "
+        "is "
+        "turned on, please remove it from \"System Preferences>Users and Groups>Login Items\". This "
+        "operation "
+        "does not affect auto start at login.; button *OK; button *Cancel; box *Don't remind me next time";
+    const std::string opens = "; system open /System/Library/PreferencePanes/Accounts.prefPane";
     const struct {
-        const char* application;
-        const char* toolTip;
-    } cases[] = {{"org.kde.kate", "Kate: Russian (rule)"},
-                 {"other.app", "other.app: Russian"},
-                 {"com.apple.Spotlight", "com.apple.Spotlight: us (launcher's rule)"}};
-    for (const auto& expected : cases) {
-        desktop_.workspace.activate(expected.application);
-        desktop_.runLoop.advance(1);
-        EXPECT_EQ(desktop_.statusBar.items.front()->toolTip, expected.toolTip);
-    }
-    setDefaultInput(standard_, "us");
-    desktop_.workspace.activate("other.app");
-    EXPECT_EQ(desktop_.statusBar.items.front()->toolTip, "other.app: us (default source)");
-}
-
-TEST_F(Program, TheIndicatorStandsAtTheMainScreensCornerWhenItIsWanted) {
-    auto& interface = desktop_.interfaceFiles;
-    const struct {
-        bool enabled;
-        std::optional<Screen> screen;
-        Point origin;
+        AlertAnswer answer;
+        std::string follows;
     } cases[] = {
-        {true, Screen{1, {1440, 100, 1920, 1080}, 24}, {3340, 1160}},
-        {true, std::nullopt, {-20, -20}},
-        {false, Screen{1, {0, 0, 1440, 900}, 24}, {7, 7}},
+        {{alertFirstButtonReturn, true},
+         question + "; own NotNeedRemindForAutoStartAtLogin = true; synchronize own" + opens},
+        {{alertFirstButtonReturn, false}, question + opens},
+        {{alertFirstButtonReturn + 1, true}, question},
+        {{alertFirstButtonReturn + 1, false}, question},
     };
-    for (const auto& expected : cases) {
-        standard_.setBool(expected.enabled, key::enableTipOfState);
-        desktop_.screens.main = expected.screen;
-        interface.inputIconWindow.origin = {7, 7};
-        launch();
-        EXPECT_EQ(interface.inputIconWindow.origin, expected.origin);
-        EXPECT_EQ(interface.iconView.isHidden, !expected.enabled);
-        EXPECT_EQ(interface.iconBox.isHidden, !expected.enabled);
-        EXPECT_THAT(interface.inputIconWindow.orders, IsEmpty());
+    for (const auto& [answer, follows] : cases) {
+        standard_.removeObjectForKey(key::notNeedRemindForAutoStartAtLogin);
+        desktop_.alerts.answer = answer;
         program_.reset();
+        const auto lines = play("| launch");
+        EXPECT_EQ(lines.front().substr(0, lines.front().find("; " + loginItem)), follows);
     }
-    EXPECT_EQ(interface.inputIconWindow.style, (WindowStyle{0, false, true, 1, 1000, true}));
 }
 
-TEST_F(Program, TheIndicatorFollowsItsSettingAndOnceTheLastOfABurstOfInputSources) {
-    launch();
-    auto& view = desktop_.interfaceFiles.iconView;
-    EXPECT_TRUE(view.isHidden);
-    standard_.setBool(true, key::enableTipOfState);
-    EXPECT_FALSE(view.isHidden);
-    const auto refreshesWithin = [&](double seconds) {
-        view.image = nullptr;
-        desktop_.runLoop.advance(seconds);
-        return view.image != nullptr;
-    };
-    desktop_.inputSources.selectFromOutside("ru");
-    EXPECT_FALSE(refreshesWithin(0.1));
-    desktop_.inputSources.selectFromOutside("us");
-    EXPECT_FALSE(refreshesWithin(0.15));
-    EXPECT_TRUE(refreshesWithin(0.05));
-    desktop_.distributedNotifications.postFromOutside({"something else", {}});
-    EXPECT_FALSE(refreshesWithin(10));
-    desktop_.inputSources.selectFromOutside("ru");
-    EXPECT_TRUE(refreshesWithin(10));
+TEST_F(ProgramTest, TheMenuOpensThePreferencesAndQuits) {
+    play("own:hiddenIconInStatusBar= launch preferences 1 |");
+    for (const auto& item : desktop_.statusBar.menu)
+        item.action();
+    EXPECT_EQ(play("| 1"), Lines{"0.01 preferences in; activate"});
 }
 
-TEST_F(Program, SettingsTheCompanionNeedsAreMirroredWhenTheyChange) {
-    const PropertyList rules = Dictionary{{"an.app", Dictionary{{"id", "ru"}}}};
-    standard_.setObject(rules, key::autoInput);
-    launch();
-    const auto shared = openSharedDefaults(desktop_.defaults);
-    EXPECT_TRUE(shared->objectForKey(key::autoInput).isNothing()) << "not at start-up";
-    standard_.setObject(rules, key::autoInput);
-    standard_.setObject(1, key::enableForceEnglishBrowserAddress);
-    EXPECT_EQ(shared->objectForKey(key::autoInput), rules);
-    EXPECT_EQ(shared->objectForKey(key::enableForceEnglishBrowserAddress), PropertyList(true));
-    standard_.removeObjectForKey(key::autoInput);
-    EXPECT_TRUE(shared->objectForKey(key::autoInput).isNothing());
-    EXPECT_EQ(desktop_.defaults.synchronizations(maker::sharedSuiteName), 3);
-}
-
-TEST_F(Program, TheMirrorCopiesTheOwnDomainOnlyAlsoOnceTheSharedSuiteIsReadThroughTheStandardDefaults) {
-    launch();
-    standard_.addSuiteNamed(maker::sharedSuiteName); // as the preferences do when they open
-    const auto shared = openSharedDefaults(desktop_.defaults);
-    standard_.setObject(Dictionary{{"an.app", Dictionary{{"id", "ru"}}}}, key::autoInput);
-    standard_.removeObjectForKey(key::autoInput);
-    EXPECT_TRUE(shared->objectForKey(key::autoInput).isNothing());
-    standard_.setBool(true, key::enableForceEnglishBrowserAddress);
-    standard_.removeObjectForKey(key::enableForceEnglishBrowserAddress);
-    EXPECT_EQ(shared->objectForKey(key::enableForceEnglishBrowserAddress), PropertyList(false));
-    desktop_.defaults.writeFromOutside(maker::sharedSuiteName, key::enableForceEnglishBrowserAddress, true);
-    EXPECT_EQ(shared->objectForKey(key::enableForceEnglishBrowserAddress), PropertyList(true))
-        << "another program's write is its own";
-    EXPECT_EQ(desktop_.defaults.synchronizations(maker::sharedSuiteName), 4);
-}
-
-TEST_F(Program, AnUnhideSwitchesTheInputSource) {
-    launch();
-    setRule("other.app", "ru");
-    desktop_.workspace.launch("other.app");
-    desktop_.workspace.unhide("other.app");
-    desktop_.runLoop.advance(0.3);
-    EXPECT_EQ(desktop_.inputSources.currentID(), "ru");
-}
-
-TEST_F(Program, TheLoginItemIsSetAtLaunchAndAtEachWriteOfTheSetting) {
-    launch();
-    standard_.setBool(true, key::autoStartAtLogin);
+TEST_F(ProgramTest, ARefusedLoginItemIsOnlyLogged) {
     desktop_.loginItems.refuses = true;
-    standard_.setBool(true, key::autoStartAtLogin);
-    standard_.setBool(false, key::autoStartAtLogin);
-    const std::string item(maker::loginItemIdentifier);
-    EXPECT_THAT(desktop_.loginItems.calls, ElementsAre(std::pair(item, false), std::pair(item, true),
-                                                       std::pair(item, true), std::pair(item, false)));
-    EXPECT_THAT(desktop_.log.lines, ElementsAre("Call LoginItemSetEnabled with [0] success",
-                                                "Call LoginItemSetEnabled with [1] success",
-                                                "Call LoginItemSetEnabled with [1] failed",
-                                                "Call LoginItemSetEnabled with [0] failed"));
-    EXPECT_TRUE(standard_.objectForKey(key::autoStartAtLogin) == PropertyList(false)) << "left as it is";
-
     LaunchAtLoginController controller(desktop_.loginItems, standard_, desktop_.log);
-    controller.initWithIdentifier("first").initWithIdentifier("second").setLaunchAtLogin(true);
-    EXPECT_EQ(desktop_.loginItems.calls.back(), std::pair(std::string("first"), true));
+    desktop_.journal.take();
+    controller.initWithIdentifier("").initWithIdentifier("second").setLaunchAtLogin(true);
+    EXPECT_EQ(desktop_.journal.take(),
+              Lines{"0 login item  off; log Call LoginItemSetEnabled with [0] failed; observe own "
+                    "autoStartAtLogin; login item  on; log Call LoginItemSetEnabled with [1] failed"})
+        << "the first identifier counts, even an empty one";
 }
 
-TEST_F(Program, ThePreferencesOpenAMomentAfterTheyWereAskedFor) {
-    launch();
-    EXPECT_TRUE(program_->applicationShouldHandleReopen(false));
-    EXPECT_THAT(desktop_.interfaceFiles.loadedPreferences, IsEmpty());
-    desktop_.runLoop.advance(0.01);
-    program_->openPreferences();
-    desktop_.runLoop.advance(0.01);
-    ASSERT_EQ(desktop_.interfaceFiles.loadedPreferences.size(), 1U) << "one for the life of the process";
-    EXPECT_THAT(desktop_.interfaceFiles.loadedPreferences.front()->window.orders,
-                ElementsAre("front", "front"));
-    EXPECT_EQ(desktop_.application.activations, 2);
+TEST_F(ProgramTest, TheToolTipSaysProgramSourceAndWhy) {
+    standard_.setBool(false, key::hiddenIconInStatusBar);
+    desktop_.inputSources.names["ru"] = "Russian";
+    desktop_.applicationBundles.paths["ru.app"] = "/Kate";
+    play("ignore:look launch |");
+    const std::pair<std::string, Lines> cases[] = {
+        {"ru.app 1",
+         {"0.2 status item says Kate: us", "0.3 " + switchTo("ru"),
+          "0.5 status item says Kate: Russian (*rule)"}},
+        {"other.app 1", {"0 status item says other.app: Russian"}},
+        {"front:com.apple.Spotlight 1",
+         {"0 " + switchLauncherTo("de", "ru", 2) +
+              "; status item says com.apple.Spotlight: de (*launcher's rule)",
+          "0.2 status item says com.apple.Spotlight: de (*launcher's rule)"}},
+        {"own:defaultInput=de other.app 1",
+         {"0 own defaultInput = 'de'; status item says other.app: de (*default source)"}},
+    };
+    for (const auto& [story, lines] : cases)
+        EXPECT_EQ(play("| " + story), lines);
 }
 
-TEST_F(Program, ClosingThePreferencesRelaunchesOnlyWhileTheStatusItemIsHidden) {
-    using Commands = std::vector<std::string>;
+TEST_F(ProgramTest, ClosingThePreferencesRelaunchesOnlyWhileTheStatusItemIsHidden) {
+    const std::string stops =
+        "set up off; preferences level 0; preferences behavior 0; set up '*Start Setup'; post "
+        "StopSetUpSwitchInputByLocation";
+    const std::string relaunches = "launch /usr/bin/open -n /Applications/Quorvane.app; exit 0";
     const struct {
+        const char* what;
         bool hidden;
-        const char* title;
-        Commands commands;
-    } cases[] = {{true, "Quorvane", {"/usr/bin/open -n /Applications/Quorvane.app"}},
-                 {false, "Quorvane", {}},
-                 {true, "Einstellungen", {}}};
-    for (const auto& expected : cases) {
-        SimulatedDesktop desktop;
-        desktop.interfaceFiles.preferencesTitle = expected.title;
-        desktop.defaults.standardUserDefaults().setBool(true, key::notNeedRemindForAutoStartAtLogin);
-        AppDelegate program(desktop.desktop);
-        program.applicationDidFinishLaunching();
-        desktop.defaults.standardUserDefaults().setBool(expected.hidden, key::hiddenIconInStatusBar);
-        program.openPreferences();
-        desktop.runLoop.advance(0.01);
-        desktop.interfaceFiles.loadedPreferences.front()->window.close();
-        EXPECT_EQ(desktop.processes.commands, expected.commands);
-        EXPECT_EQ(desktop.processes.exitStatuses, std::vector<int>(expected.commands.size(), 0));
+        const char *title, *localizedTitle;
+        bool exits;
+        Lines follows;
+    } cases[] = {
+        {"hidden", true, "Quorvane", "Quorvane", true, {"0 " + stops + "; " + relaunches}},
+        {"shown", false, "Quorvane", "Quorvane", false, {"0 " + stops}},
+        {"translated", true, "Einstellungen", "Einstellungen", false, {"0 " + stops}},
+        {"another window", true, "Other", "Quorvane", false, {}},
+    };
+    for (const auto& [what, hidden, title, localizedTitle, exits, follows] : cases) {
+        desktop_.interfaceFiles.preferencesTitle = title;
+        desktop_.application.name = localizedTitle;
+        standard_.setBool(hidden, key::hiddenIconInStatusBar);
+        play("launch preferences 1 |");
+        bool hasExited = false;
+        try {
+            desktop_.interfaceFiles.loadedPreferences.back()->window.close();
+        } catch (const SimulatedExit&) {
+            hasExited = true;
+        }
+        EXPECT_EQ(hasExited, exits) << what;
+        EXPECT_EQ(desktop_.journal.take(), follows) << what;
     }
 }
 
-TEST_F(Program, TheDelegateIsReachableAsLongAsItLives) {
+TEST_F(ProgramTest, TheDelegateIsReachableAsLongAsItLives) {
     EXPECT_EQ(AppDelegate::appDelegate(), nullptr);
     launch();
     EXPECT_EQ(AppDelegate::appDelegate(), &*program_);

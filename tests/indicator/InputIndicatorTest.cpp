@@ -48,94 +48,72 @@ TEST(IndicatorOrigin, IsInTheWindowsTopRightCorner) {
             << expected.what;
 }
 
-class FollowingIndicator : public ProgramTest {
-protected:
-    FollowingIndicator() {
-        standard_.setBool(true, key::enableTipOfState);
-        standard_.setBool(true, key::followWindow);
-        desktop_.windowList.frontToBack = {window};
-        launch();
-    }
-
-    void releaseMouse() { desktop_.globalEvents.send({.type = EventType::leftMouseUp}); }
-    void report(PropertyList userInfo) {
-        desktop_.distributedNotifications.postFromOutside({"AXWindowAdjusted", std::move(userInfo)});
-        desktop_.runLoop.settle();
-    }
-
-    static constexpr Point initial{1420, 880}, atWindow{1078, 828}, nowhere{-22, 878};
-    const WindowDescription window{"an.app", "Title", {100, 50, 1000, 600}, 0, true};
-};
-
-TEST_F(FollowingIndicator, PassesOverWindowsThatNobodyWorksIn) {
+TEST_F(ProgramTest, TheIndicatorPassesOverWindowsThatNobodyWorksIn) {
     const auto sized = [](double width, double height) { return Rect{400, 50, width, height}; };
     const Rect large = sized(900, 600);
+    constexpr const char *passedOver = "0 look; indicator at 1078,828",
+                         *atLarge = "0 look; indicator at 1278,828",
+                         *atSmall = "0 look; indicator at 528,828";
     // clang-format off
     const struct {
         const char* what;
         WindowDescription inFront;
-        bool isPassedOver;
+        const char* follows;
     } cases[] = {
-        {"small", {"an.app", "Title", sized(150, 150), 0, true}, true},
-        {"200 is small", {"an.app", "Title", sized(200, 200), 0, true}, true},
-        {"one long side", {"an.app", "Title", sized(150, 200.5), 0, true}, false},
-        {"without a title", {"an.app", "", large, 0, true}, true},
-        {"title withheld", {"an.app", std::nullopt, large, 0, true}, false},
-        {"floating", {"an.app", "Title", large, 3, true}, true},
-        {"minimised", {"an.app", "Title", large, 0, false}, true},
-        {"another's", {"other", "Title", large, 0, true}, true},
-        {"nobody's", {std::nullopt, "Title", large, 0, true}, true},
+        {"small", {"front.app", "Title", sized(150, 150), 0, true}, passedOver},
+        {"200 is small", {"front.app", "Title", sized(200, 200), 0, true}, passedOver},
+        {"high", {"front.app", "Title", sized(150, 200.5), 0, true}, atSmall},
+        {"wide", {"front.app", "Title", sized(900, 100), 0, true}, atLarge},
+        {"without a title", {"front.app", "", large, 0, true}, passedOver},
+        {"title withheld", {"front.app", std::nullopt, large, 0, true}, atLarge},
+        {"floating", {"front.app", "Title", large, 3, true}, passedOver},
+        {"minimised", {"front.app", "Title", large, 0, false}, passedOver},
+        {"another's", {"other", "Title", large, 0, true}, passedOver},
+        {"nobody's", {std::nullopt, "Title", large, 0, true}, passedOver},
     };
     // clang-format on
-    desktop_.workspace.activate("an.app");
-    for (const auto& expected : cases) {
-        desktop_.windowList.frontToBack = {expected.inFront, window};
-        releaseMouse();
-        EXPECT_EQ(indicatorOrigin() == atWindow, expected.isPassedOver) << expected.what;
+    play("launch own:enableTipOfState=true own:followWindow=true front.app |");
+    auto& windows = desktop_.windowList.frontToBack;
+    const auto behind = windows.front();
+    for (const auto& [what, inFront, follows] : cases) {
+        windows = {inFront, behind};
+        EXPECT_EQ(play("| mouse"), Lines{follows}) << what;
     }
-    desktop_.windowList.frontToBack.clear();
-    releaseMouse();
-    EXPECT_EQ(indicatorOrigin(), nowhere);
+    windows.clear();
+    EXPECT_EQ(play("| mouse"), Lines{"0 look; indicator at -22,878"});
 }
 
-TEST_F(FollowingIndicator, LooksAtEachActivationAndReleaseOfTheMouse) {
-    EXPECT_EQ(indicatorOrigin(), initial);
-    desktop_.workspace.activate("an.app");
-    EXPECT_EQ(indicatorOrigin(), atWindow);
-    desktop_.windowList.frontToBack.front().bounds.x -= 50;
-    desktop_.workspace.activate("an.app"); // the same one: no decision, but a look
-    EXPECT_EQ(indicatorOrigin(), (Point{1028, 828}));
-    desktop_.windowList.frontToBack.front().bounds.x += 50;
-    releaseMouse();
-    EXPECT_EQ(indicatorOrigin(), atWindow);
-    desktop_.workspace.activate(RunningApplication{.localizedName = "an.app"});
-    EXPECT_EQ(indicatorOrigin(), nowhere) << "an application without an identifier has no name";
-}
+const std::string following = "own:enableTipOfState=true own:followWindow=true launch ";
+const std::string looks = "look; indicator at 1078,828";
 
-TEST_F(FollowingIndicator, TakesReportsAndNothingElseWhileTheCompanionRuns) {
-    launchCompanion();
-    desktop_.workspace.activate("an.app");
-    releaseMouse();
-    EXPECT_EQ(indicatorOrigin(), initial);
-    report(Dictionary{{"X", 100}, {"Y", 50.0}, {"Width", "1000"}});
-    EXPECT_EQ(indicatorOrigin(), atWindow);
-    report({});
-    EXPECT_EQ(indicatorOrigin(), nowhere);
-    desktop_.workspace.quit(maker::companionBundleIdentifier);
-    report(boundsDictionary(window.bounds));
-    EXPECT_EQ(indicatorOrigin(), atWindow);
-}
-
-TEST_F(FollowingIndicator, StaysWhereItIsUnlessItIsShownAndFollows) {
-    for (const auto setting : {key::enableTipOfState, key::followWindow}) {
-        standard_.setBool(false, setting);
-        desktop_.workspace.activate("an.app");
-        releaseMouse();
-        report(boundsDictionary(window.bounds));
-        EXPECT_EQ(indicatorOrigin(), initial) << setting;
-        standard_.setBool(true, setting);
-    }
-}
+const Story indicatorStories[] = {
+    {"at each activation, also of the same application, and each release of the mouse",
+     following + "| front.app 1 front.app 1 mouse 1 unhides:front.app",
+     {"0 " + looks, "1 " + looks, "2 " + looks, "3 " + looks}},
+    {"one without an identifier has no name", following + "| nameless", {"0 look; indicator at -22,878"}},
+    {"while the companion runs, where that says",
+     following + "companion | front.app 1 mouse 1 reports:AXWindowAdjusted 1",
+     {"2 indicator at 578,828"}},
+    {"which may quit", following + "companion companion-quits | front.app 1", {"0 " + looks}},
+    {"nowhere while it is not shown",
+     following + "own:enableTipOfState=false | front.app mouse reports:AXWindowAdjusted 1",
+     {}},
+    {"nowhere while it does not follow",
+     following + "own:followWindow=false | front.app mouse reports:AXWindowAdjusted 1",
+     {}},
+    {"other messages are none of its", following + "| reports:another 1", {}},
+    {"once after a burst of new sources",
+     "own:enableTipOfState=true launch | =ru 0.1 =us 0.19 1 =de 0.1 reports:another 1",
+     {"0.3 icon 18x18", "1.49 box hidden; no icon"}},
+    {"a coloured icon stands alone, in its own size",
+     "own:enableTipOfState=true launch | =ru 0.1 0.1",
+     {"0.2 box hidden; icon 2x1"}},
+    {"at once when it is switched on or off",
+     "launch | own:enableTipOfState=true 1 own:enableTipOfState=false =ru 1",
+     {"0 own enableTipOfState = true; icon shown; box shown; icon 18x18",
+      "1 own enableTipOfState = false; icon hidden; box hidden"}},
+};
+INSTANTIATE_TEST_SUITE_P(Indicator, Stories, testing::ValuesIn(indicatorStories));
 
 } // namespace
 } // namespace quorvane

@@ -3,7 +3,6 @@
 #include <fstream>
 #include <iterator>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/linux/defaults/PropertyListBytes.h"
@@ -28,6 +27,8 @@ TEST(BundleFiles, SayWhatTheSystemHasToKnow) {
         {"Info.plist", "CFBundlePackageType", "APPL"},
         {"Info.plist", "CFBundleIconFile", "Quorvane"},
         {"Info.plist", "CFBundleDevelopmentRegion", "en"},
+        {"Info.plist", "CFBundleLocalizations",
+         PropertyList::Array{"en", "de", "es", "fr", "ja", "ko", "ru", "zh-Hans", "zh-Hant"}},
         {"Info.plist", "CFBundleShortVersionString", QUORVANE_VERSION},
         {"Info.plist", "CFBundleVersion", QUORVANE_VERSION},
         {"Info.plist", "LSMinimumSystemVersion", "11.0"},
@@ -48,14 +49,6 @@ TEST(BundleFiles, SayWhatTheSystemHasToKnow) {
     };
     for (const auto& [file, key, value] : wanted)
         EXPECT_EQ(entriesOf(file)[key], value) << file << ": " << key;
-}
-
-TEST(BundleFiles, NameEveryLanguageThatHasTexts) {
-    const auto entries = entriesOf("Info.plist");
-    const auto* languages = entries["CFBundleLocalizations"].array();
-    ASSERT_TRUE(languages);
-    EXPECT_THAT(*languages,
-                testing::ElementsAre("en", "de", "es", "fr", "ja", "ko", "ru", "zh-Hans", "zh-Hant"));
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 #include "platform/macos/recorder/KeyNames.h"
-#include "macos/standins/FreshSystem.h"
+#include "macos/standins/StandIns.h"
 #include "platform/GlobalEventMonitor.h"
 
 namespace quorvane {

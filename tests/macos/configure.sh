@@ -28,3 +28,7 @@ for part in Quorvane.app/Contents/MacOS/Quorvane QuorvaneProHelper.app/Contents/
   grep -qF "$part" "$scratch/plan" || { echo "not planned: $part"; exit 1; }
 done
 grep -q -- '-arch arm64 -arch x86_64' "$scratch/build/build.ninja" || { echo "not for both processors"; exit 1; }
+if grep -q macos/declarations "$scratch/build/build.ninja"; then
+  echo "the declarations stand in the way of the SDK"
+  exit 1
+fi

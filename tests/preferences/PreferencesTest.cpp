@@ -1,34 +1,29 @@
-#include <gmock/gmock.h>
+#include <functional>
+
+#include <gtest/gtest.h>
 
 #include "preferences/RuleTableRows.h"
 #include "settings/AppRule.h"
-#include "settings/DefaultInput.h"
-#include "settings/LocationRule.h"
 #include "support/ProgramTest.h"
 
 namespace quorvane {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
 using Dictionary = PropertyList::Dictionary;
 using Array = PropertyList::Array;
 
-constexpr const char* ru = "Russian";
-constexpr const char* us = "U.S.";
+constexpr const char *ru = "Russian", *us = "U.S.", *german = "German";
+const std::string companionSheet =
+    "sheet *\nThis function requires Tandrel support, please go to the official website to download. And "
+    "Tandrel will make the input method switching faster and more stable.; button *Download; button *Cancel";
 
-/// The preferences window, open, for the sources us, ru and de (which has no icon), and the applications a,
-/// b and c.
+/// The preferences window, open, for the applications a, b and c.
 class Preferences : public ProgramTest {
 protected:
     Preferences() {
-        for (const auto* id : {"us", "ru", "de"})
-            desktop_.inputSources.enable({.id = id, .hasIconReference = true});
-        desktop_.inputSources.names = {{"us", us}, {"ru", ru}, {"de", "German"}};
-        desktop_.inputSources.icons = {
-            {"us", SimulatedImage::ofColor({32, 32}, 0, 0, 0)},
-            {"de",
-             std::make_shared<SimulatedImage>(Size{2, 1}, PropertyList::Data{255, 0, 9, 0, 0, 255, 99, 0})}};
+        openSharedDefaults(desktop_.defaults)
+            ->removeObjectForKey(key::autoInput); // or they would be read here
+        desktop_.inputSources.names = {{"us", us}, {"ru", ru}, {"de", german}};
         for (const auto* id : {"a", "b", "c"}) {
             desktop_.workspace.launch(id);
             desktop_.applicationBundles.paths[id] = std::string("/apps/") + id;
@@ -38,9 +33,7 @@ protected:
     }
 
     void open() {
-        launch();
-        program_->openPreferences();
-        desktop_.runLoop.advance(0.01);
+        play("launch preferences 1 |");
         window_ = desktop_.interfaceFiles.loadedPreferences.back();
     }
     PreferencesActions& actions() { return *window_->actions; }
@@ -55,7 +48,7 @@ protected:
     }
 
     /// As a user does it: the menu opens, and an item is chosen.
-    void choose(const PopUpButtonPart& menu, const char* title) {
+    static void choose(const PopUpButtonPart& menu, const char* title) {
         menu.willPopUp(menu.tag);
         menu.action(title);
     }
@@ -64,197 +57,335 @@ protected:
         std::vector<std::string> names;
         for (int row = 0; row < actions().numberOfRowsInTableView(window_->applications); ++row)
             names.push_back(cell<TextFieldPart>(window_->applications, "Application Name", row).stringValue);
-        for (auto& name : names)
-            name = name.substr(std::min(name.size(), std::string("Name of ").size()));
         return names;
     }
-    AppRule rule(const char* id) {
-        return AppRule::ofApplication(standard_.objectForKey(key::autoInput), id);
+
+    struct Step {
+        const char* what;
+        std::function<void()> happens;
+        Lines follows;
+    };
+    void expectSteps(const std::vector<Step>& steps) {
+        for (const auto& [what, happens, follows] : steps) {
+            desktop_.journal.take();
+            happens();
+            EXPECT_EQ(desktop_.journal.take(), follows) << what;
+        }
     }
 
     SimulatedPreferences* window_ = nullptr;
 };
 
+TEST_F(Preferences, AreMadeInTheirOrder) {
+    play("own:hiddenIconInStatusBar=false own:defaultInput=ru launch |");
+    const std::string built =
+        "0.01 load preferences; observe AddLocationInfoByTandrel; observe suite autoStartAtLogin; observe "
+        "suite enableTipOfState; observe suite hiddenIconInStatusBar; observe own SwitchTimes; observe suite "
+        "SwitchTimes; switch times '*Switch Times: 0'; preferences movable; remove application disabled; "
+        "remove "
+        "location disabled; version '*Pro Version: 1.2'; set up '*Start Setup'; list all; default input "
+        "['-', "
+        "'U.S.', 'Russian', 'German']; default input 'Russian'; applications take dragged rows; observe "
+        "launches; preferences in; activate; tab 0; Rules shaded; Preference clear; Learn clear; Contact us "
+        "clear; Free apps clear";
+    EXPECT_EQ(play("| preferences 1 preferences 1"), (Lines{built, "1.01 preferences in; activate"}));
+    EXPECT_EQ(play("| writes:SwitchTimes=7 1 writes:SwitchTimes=many"),
+              (Lines{"0 switch times '*Switch Times: 7'", "1 switch times '*Switch Times: many'"}));
+}
+
+TEST_F(Preferences, TabsShadeTheirHeaders) {
+    open();
+    expectSteps({
+        {"",
+         [&] { actions().Preference(); },
+         {"0 tab 1; Preference shaded; Rules clear; Learn clear; Contact us clear; Free apps clear"}},
+        {"",
+         [&] { actions().Learn(); },
+         {"0 tab 2; Learn shaded; Rules clear; Preference clear; Contact us clear; Free apps clear"}},
+        {"",
+         [&] { actions().FreeApps(); },
+         {"0 tab 3; Free apps shaded; Rules clear; Preference clear; Learn clear; Contact us clear"}},
+        {"",
+         [&] { actions().Contactus(); },
+         {"0 tab 4; Contact us shaded; Rules clear; Preference clear; Learn clear; Free apps clear"}},
+        {"",
+         [&] { actions().Rules(); },
+         {"0 tab 0; Rules shaded; Preference clear; Learn clear; Contact us clear; Free apps clear"}},
+    });
+}
+
+TEST_F(Preferences, EachLinkOpensItsPage) {
+    open();
+    const std::string site(maker::website), secure = "0 open https://" + site;
+    const std::string review = "0 open macappstore://" + std::string(maker::storeReview);
+    desktop_.clock.now = 1635853234;
+    const std::pair<const char*, Lines> links[] = {
+        {"QQExchangeGroup", {secure + "/qq-group?statId=53"}},
+        {"technicalSupport", {secure + "/support"}},
+        {"feedbackOfSwitchLocation", {secure + "/support"}},
+        {"moreFreeApps", {}},
+        {"instructionsForChangedInputByLocation", {secure + "/switch-by-location"}},
+        {"gotoQuorvane", {review + std::string(maker::storeIdentifier)}},
+        {"gotoQuorvanePro", {review + std::string(maker::storeIdentifierOfPro)}},
+        {"TeachingVideo", {secure + "/video"}},
+        {"FAQDocument", {secure + "/faq"}},
+        {"gotoOfficialWebsite", {"0 open http://" + site + "/"}},
+        {"privacyPolicy", {secure + "/privacy"}},
+        {"termsOfUse", {secure + "/terms"}},
+        {"none of them", {}},
+    };
+    for (const auto& [action, follows] : links)
+        expectSteps({{action, [&] { actions().openLink(action); }, follows}});
+    desktop_.clock.now += 0.5;
+    desktop_.desktop.facts.reviewPageOfPro = "https://review/pro";
+    expectSteps(
+        {{"later", [&] { actions().openLink("moreFreeApps"); }, {secure + "/"}},
+         {"without a store", [&] { actions().openLink("gotoQuorvanePro"); }, {"0 open https://review/pro"}}});
+}
+
 TEST_F(Preferences, TheRowsAreRulesAndRunningApplicationsInTheUsersOrder) {
     desktop_.workspace.launch("agent", ActivationPolicy::accessory);
-    desktop_.workspace.launch("com.runningwithcrayons.Alfred-5", ActivationPolicy::accessory);
+    desktop_.workspace.launch(alfredIdentifier, ActivationPolicy::accessory);
     desktop_.workspace.launch(RunningApplication{.localizedName = "nameless"});
     desktop_.applicationBundles.paths["ruled"] = "/apps/ruled";
-    setRuleInput(standard_, "ruled", "ru");
-    setRuleInput(standard_, "not.installed", "ru");
-    setRuleInput(standard_, "c", "ru");
+    for (const auto* id : {"ruled", "not.installed", "c"})
+        setRuleInput(standard_, id, "ru");
     standard_.setObject(Array{"b", "c", "ruled", 7}, key::notDisplayAppName);
     const auto found = [&] {
         return buildArrOfApps(standard_, desktop_.workspace, desktop_.applicationBundles, {});
     };
-    EXPECT_THAT(found(), ElementsAre("c", "ruled", "a", "com.runningwithcrayons.Alfred-5"));
+    EXPECT_EQ(found(), (Lines{"c", "ruled", "a", alfredIdentifier}));
     standard_.setObject(Array{"a", "gone", "ruled"}, key::orderOfAppsRule);
-    EXPECT_THAT(found(), ElementsAre("a", "ruled", "c", "com.runningwithcrayons.Alfred-5"));
+    EXPECT_EQ(found(), (Lines{"a", "ruled", "c", alfredIdentifier}));
 }
 
 TEST_F(Preferences, ARowIsDroppedWhereTheSystemDropsIt) {
-    const std::vector<std::string> order{"0", "1", "2", "3", "4"};
-    EXPECT_THAT(reordered(order, 0, 3), ElementsAre("1", "2", "3", "0", "4")) << "one below the gap";
-    EXPECT_THAT(reordered(order, 0, 5), ElementsAre("1", "2", "3", "4", "0"));
-    EXPECT_THAT(reordered(order, 3, 1), ElementsAre("0", "3", "1", "2", "4"));
+    const Lines order{"0", "1", "2", "3", "4"};
+    EXPECT_EQ(reordered(order, 0, 3), (Lines{"1", "2", "3", "0", "4"})) << "one below the gap";
+    EXPECT_EQ(reordered(order, 0, 5), (Lines{"1", "2", "3", "4", "0"}));
+    EXPECT_EQ(reordered(order, 3, 1), (Lines{"0", "3", "1", "2", "4"}));
     for (const auto& [dragged, target] : {std::pair{-1, 2}, {5, 2}, {1, -1}, {1, 6}})
         EXPECT_EQ(reordered(order, dragged, target), order);
 
     open();
-    EXPECT_TRUE(window_->applications.takesDraggedRows);
-    window_->applications.selected = 1;
-    EXPECT_TRUE(actions().acceptDrop(window_->applications, &window_->locations, 0, 3));
-    EXPECT_TRUE(standard_.objectForKey(key::orderOfAppsRule).isNothing());
-    EXPECT_TRUE(actions().acceptDrop(window_->applications, &window_->applications, 0, 3));
-    EXPECT_THAT(rows(), ElementsAre("b", "c", "a"));
-    EXPECT_EQ(standard_.objectForKey(key::orderOfAppsRule), (Array{"b", "c", "a"}));
-    EXPECT_EQ(window_->applications.selected, noRow);
+    const auto drop = [&](const TableView& table, const TableView* source) {
+        return [&, source] { EXPECT_TRUE(actions().acceptDrop(table, source, 0, 3)); };
+    };
+    auto &applications = window_->applications, &locations = window_->locations;
+    expectSteps(
+        {{"from elsewhere", drop(applications, &locations), {}},
+         {"to elsewhere", drop(locations, &locations), {}},
+         {"from another program", drop(applications, nullptr), {}},
+         {"in the table",
+          drop(applications, &applications),
+          {"0 own orderOfAppsRule = ['b', 'c', 'a']; synchronize own; applications reload; applications "
+           "deselect"}}});
+    EXPECT_EQ(rows(), (Lines{"Name of b", "Name of c", "Name of a"}));
 }
 
 TEST_F(Preferences, ARowsMenuShowsAndSetsItsSource) {
     setRuleInput(standard_, "b", "ru");
     setRuleInput(standard_, "c", "gone");
+    desktop_.inputSources.enable({.id = "second"});
+    desktop_.inputSources.names["second"] = ru; // the first of a name counts
     open();
-    EXPECT_THAT(popUp(1).itemTitles, ElementsAre("-", us, ru, "German"));
-    EXPECT_EQ(rows(), (std::vector<std::string>{"b", "c", "a"}));
-    const char* const withoutDefault[] = {ru, "-", "-"};
-    const char* const withDefault[] = {ru, us, us};
-    for (int row = 0; row < 3; ++row)
-        EXPECT_EQ(popUp(row).title, withoutDefault[row]);
-    choose(popUp(2), ru);
-    EXPECT_EQ(rule("a").id(), "ru");
-    choose(popUp(0), "-");
-    EXPECT_EQ(rule("b").id(), std::nullopt);
-    EXPECT_TRUE(standard_.objectForKey(key::autoInput)["b"].dictionary()) << "an empty rule stays";
-
-    window_->defaultInput.selected = 1;
-    actions().defaultInputChanged();
-    EXPECT_EQ(standard_.stringForKey(key::defaultInput), "us");
-    EXPECT_THAT(popUp(1).itemTitles, ElementsAre(us, ru, "German")) << "\"-\" is the default's now";
-    EXPECT_EQ(popUp(1).title, withDefault[1]);
-    EXPECT_EQ(popUp(2).title, ru);
-    popUp(1).willPopUp(1);
-    popUp(2).action("German"); // the row is that of the menu that opened last
-    EXPECT_EQ(rule("c").id(), "de");
+    EXPECT_EQ(rows(), (Lines{"Name of b", "Name of c", "Name of a"}));
+    const auto titles = [&] { return Lines{popUp(0).title, popUp(1).title, popUp(2).title}; };
+    EXPECT_EQ(popUp(1).itemTitles, (Lines{"-", us, ru, german, ru}));
+    EXPECT_EQ(titles(), (Lines{ru, "-", "-"}));
+    const std::string rules = "0 own autoInput = {", mirrored = "; suite autoInput = {",
+                      done = "; synchronize suite; synchronize own";
+    const auto writes = [&](const std::string& all) { return rules + all + mirrored + all + done; };
+    expectSteps({
+        {"a source",
+         [&] { choose(popUp(2), ru); },
+         {writes("a: {id: 'ru'}, b: {id: 'ru'}, c: {id: 'gone'}}") + "; applications reload"}},
+        {"none", [&] { choose(popUp(0), "-"); }, {writes("a: {id: 'ru'}, b: {}, c: {id: 'gone'}}")}},
+        {"no source", [&] { choose(popUp(0), "gone"); }, {"0 applications reload"}},
+        {"the default one",
+         [&] {
+             window_->defaultInput.selected = 1;
+             actions().defaultInputChanged();
+         },
+         {"0 own defaultInput = 'us'; applications reload"}},
+        {"the row is that of the menu that opened last",
+         [&] {
+             popUp(1).willPopUp(1);
+             popUp(2).action(german);
+         },
+         {writes("a: {id: 'ru'}, b: {}, c: {id: 'de'}}") + "; applications reload"}},
+    });
+    EXPECT_EQ(popUp(1).itemTitles, (Lines{us, ru, german, ru})) << "\"-\" is the default's now";
+    EXPECT_EQ(titles(), (Lines{us, german, ru}));
     window_->defaultInput.selected = 0;
-    actions().defaultInputChanged();
-    EXPECT_TRUE(standard_.objectForKey(key::defaultInput).isNothing());
+    expectSteps({{"no default",
+                  [&] { actions().defaultInputChanged(); },
+                  {"0 own defaultInput = none; applications reload"}}});
 }
 
 TEST_F(Preferences, EnglishSymbolsNeedTheCompanion) {
     open();
     const auto box = [&] { return cell<CheckBoxPart>(window_->applications, "Force English Symbols", 0); };
-    for (const bool downloads : {false, true}) {
-        desktop_.alerts.answer.response = alertFirstButtonReturn + (downloads ? 0 : 1);
-        box().action(0, stateOn);
-        EXPECT_EQ(box().state, stateOff);
-        EXPECT_EQ(desktop_.links.opened.size(), downloads ? 1U : 0U);
-    }
-    EXPECT_THAT(desktop_.alerts.shown.back().messageText,
-                testing::StartsWith("\nThis function requires Tandrel"));
-    launchCompanion();
-    box().action(0, stateOn);
+    const auto click = [&](int state) { return [&, state] { box().action(0, state); }; };
+    const auto written = [](const std::string& rule) {
+        return Lines{"0 own autoInput = " + rule + "; suite autoInput = " + rule +
+                     "; synchronize suite; synchronize own"};
+    };
+    expectSteps({
+        {"without", click(stateOn), {"0 " + companionSheet}},
+        {"Cancel", [&] { desktop_.alerts.answerSheet(alertFirstButtonReturn + 1); }, {}},
+        {"Download",
+         [&] { desktop_.alerts.answerSheet(alertFirstButtonReturn); },
+         {"0 open " + std::string(maker::companionDownloadPage)}},
+    });
+    EXPECT_EQ(box().state, stateOff);
+    happen("companion");
+    expectSteps({{"on", click(stateOn), written("{a: {Force English Symbols: 1}}")}});
     EXPECT_EQ(box().state, stateOn);
-    EXPECT_TRUE(rule("a").forceEnglishSymbols());
+    expectSteps({{"off", click(stateOff), written("{a: {Force English Symbols: 0}}")}});
+    const auto symbol = written("{a: {English Symbol: '1', Force English Symbols: 0}}").front();
+    expectSteps(
+        {{"", [&] { actions().onEnglishSymbolChanged(0, stateOn); }, {symbol + "; applications reload"}}});
 }
 
 TEST_F(Preferences, ApplicationsAreAddedRemovedAndNoticed) {
+    setRuleInput(standard_, "b", "ru");
     open();
-    auto& remove = window_->removeApplication;
-    EXPECT_FALSE(remove.isEnabled);
-    window_->applications.selected = 1;
-    actions().mouseDownByApplication();
-    EXPECT_TRUE(remove.isEnabled);
-    actions().RemoveApplication();
-    EXPECT_THAT(rows(), ElementsAre("a", "c"));
-    EXPECT_EQ(window_->applications.selected, 1) << "the row that took its place";
-    actions().RemoveApplication();
-    EXPECT_FALSE(remove.isEnabled);
-    window_->applications.selected = noRow;
-    actions().RemoveApplication();
-    desktop_.workspace.launch("b"); // removed: not shown again because it runs
-    desktop_.workspace.launch("late", ActivationPolicy::accessory);
-    desktop_.workspace.launch(RunningApplication{.localizedName = "nameless"});
-    EXPECT_THAT(rows(), ElementsAre("a", "")) << "one that is not installed has no name";
-    for (const std::optional<std::string> chosen : {"b", "a", "b"}) {
-        actions().AddApplication();
-        desktop_.openPanel.choose(chosen);
-    }
-    actions().AddApplication();
-    desktop_.openPanel.choose(std::nullopt);
-    EXPECT_THAT(rows(), ElementsAre("a", "", "b"));
-    EXPECT_EQ(standard_.objectForKey(key::notDisplayAppName), (Array{"c"}));
+    auto& selected = window_->applications.selected;
+    const auto remove = [&] { actions().RemoveApplication(); };
+    const auto launches = [&](const char* id) {
+        return [&, id] { desktop_.workspace.launch(id, ActivationPolicy::accessory); };
+    };
+    const auto choose = [&](std::optional<std::string> id) {
+        return [&, id] { desktop_.openPanel.choose(id); };
+    };
+    const std::string hidden = "own notDisplayAppName = ";
+    const std::string noRules =
+        "0 own autoInput = {}; suite autoInput = {}; synchronize suite; synchronize own; ";
+    expectSteps({
+        {"nothing selected", remove, {}},
+        {"a click",
+         [&] {
+             selected = 0;
+             actions().mouseDownByApplication();
+         },
+         {"0 remove application enabled"}},
+        {"the first, which is b",
+         remove,
+         {noRules + hidden + "['b']; synchronize own; applications reload; applications select 0"}},
+        {"the last",
+         [&] {
+             selected = 1;
+             remove();
+         },
+         {noRules + hidden +
+          "['b', 'c']; synchronize own; applications reload; remove application disabled"}},
+        {"it was removed", launches("b"), {}},
+        {"a background one", launches("late"), {"0 applications reload"}},
+        {"it is there", launches("late"), {}},
+        {"nameless", [&] { desktop_.workspace.launch(RunningApplication{.localizedName = "nameless"}); }, {}},
+        {"the button",
+         [&] {
+             selected = noRow;
+             actions().AddApplication();
+         },
+         {"0 activate; open panel; remove application disabled"}},
+        {"no application", choose(std::nullopt), {}},
+        {"a removed one", choose("b"), {"0 " + hidden + "['c']; synchronize own; applications reload"}},
+        {"one that is there", choose("a"), {}},
+    });
+    EXPECT_EQ(rows(), (Lines{"Name of a", "", "Name of b"})) << "one that is not installed has no name";
 }
 
 TEST_F(Preferences, LocationsAreShownEditedAndRemovedAsTheyStand) {
-    const auto shared = openSharedDefaults(desktop_.defaults);
-    const auto report = [&](const char* name) {
-        auto records = shared->objectForKey(key::arrOfLocationInfo);
-        auto array = records.array() ? *records.array() : Array{};
-        array.push_back(Dictionary{{"BundleIdentifier", "a"}, {"Name", name}, {"Theirs", 7}});
-        desktop_.defaults.writeFromOutside(maker::sharedSuiteName, key::arrOfLocationInfo, array);
-        desktop_.distributedNotifications.postFromOutside({"AddLocationInfoByTandrel", {}});
-        desktop_.runLoop.settle();
+    const auto report = [&](const Array& records) {
+        desktop_.defaults.writeFromOutside(maker::sharedSuiteName, key::arrOfLocationInfo, records);
+        happen("reports:AddLocationInfoByTandrel");
     };
+    const Dictionary first{{"BundleIdentifier", "a"}, {"Name", "First"}, {"Theirs", 7}},
+        second{{"BundleIdentifier", "gone"}, {"InputID", "gone"}};
     open();
     EXPECT_EQ(actions().numberOfRowsInTableView(window_->locations), 0);
-    report("First");
-    report("Second");
-    EXPECT_EQ(window_->locations.reloads, 2);
+    expectSteps(
+        {{"told",
+          [&] {
+              report({first, second});
+          },
+          {}},
+         {"at the next turn of the run loop", [&] { desktop_.runLoop.settle(); }, {"0 locations reload"}}});
     EXPECT_EQ(actions().numberOfRowsInTableView(window_->locations), 2);
-    const auto menu = [&] { return cell<PopUpButtonPart>(window_->locations, "Select Input", 1); };
-    EXPECT_EQ(menu().title, "-");
-    choose(menu(), ru);
-    choose(menu(), "-");
-    EXPECT_EQ(menu().title, ru) << "\"-\" clears nothing";
-    auto name = cell<TextFieldPart>(window_->locations, "Location Name", 1);
+    const auto menu = [&](int row) { return cell<PopUpButtonPart>(window_->locations, "Select Input", row); };
+    EXPECT_EQ(menu(0).itemTitles, (Lines{"-", us, ru, german}));
+    EXPECT_EQ(menu(1).title, "-") << "it is not there any more";
+    EXPECT_NE(cell<ImageViewPart>(window_->locations, "Icon", 0).image, nullptr);
+    EXPECT_EQ(cell<ImageViewPart>(window_->locations, "Icon", 1).image, nullptr);
+    auto name = cell<TextFieldPart>(window_->locations, "Location Name", 0);
+    EXPECT_EQ(name.stringValue, "First");
     EXPECT_TRUE(name.isEditable);
-    EXPECT_TRUE(actions().textShouldEndEditing(name, ""));
-    name.identifier = "another's";
-    EXPECT_TRUE(actions().textShouldEndEditing(name, "not stored"));
-    EXPECT_EQ(shared->objectForKey(key::arrOfLocationInfo).array()->at(1),
-              (Dictionary{{"BundleIdentifier", "a"}, {"Name", ""}, {"Theirs", 7}, {"InputID", "ru"}}));
 
-    actions().RemoveLocation();
-    window_->locations.selected = 0;
-    actions().mouseDownByLocation();
-    actions().RemoveLocation();
-    EXPECT_TRUE(window_->removeLocation.isEnabled);
-    EXPECT_EQ(window_->locations.selected, 0);
-    actions().RemoveLocation();
-    EXPECT_FALSE(window_->removeLocation.isEnabled);
-    EXPECT_EQ(shared->objectForKey(key::arrOfLocationInfo), Array{});
+    const std::string second_ = "{BundleIdentifier: 'gone', InputID: 'gone'}]";
+    const std::string writes = "0 suite arrOfLocationInfo = ", done = "; synchronize suite; locations reload";
+    const auto rename = [&](const char* text) {
+        return [&, text] { EXPECT_TRUE(actions().textShouldEndEditing(name, text)); };
+    };
+    auto& selected = window_->locations.selected;
+    expectSteps({
+        {"a source",
+         [&] {
+             ProgramTest::Lines();
+             choose(menu(0), ru);
+         },
+         {writes + "[{BundleIdentifier: 'a', InputID: 'ru', Name: 'First', Theirs: 7}, " + second_ + done}},
+        {"\"-\" clears nothing", [&] { choose(menu(0), "-"); }, {"0 locations reload"}},
+        {"renamed",
+         rename(""),
+         {writes + "[{BundleIdentifier: 'a', InputID: 'ru', Name: '', Theirs: 7}, " + second_ + done}},
+        {"another control",
+         [&] {
+             name.identifier = "another's";
+             rename("x")();
+         },
+         {}},
+        {"nothing selected", [&] { actions().RemoveLocation(); }, {}},
+        {"a click",
+         [&] {
+             selected = 0;
+             actions().mouseDownByLocation();
+         },
+         {"0 remove location enabled"}},
+        {"the first",
+         [&] { actions().RemoveLocation(); },
+         {writes + "[" + second_ + done + "; locations select 0"}},
+        {"the last",
+         [&] { actions().RemoveLocation(); },
+         {writes + "[]" + done + "; remove location disabled"}},
+        {"a click on nothing",
+         [&] {
+             selected = noRow;
+             actions().mouseDownByLocation();
+         },
+         {"0 remove location disabled"}},
+    });
 }
 
-TEST_F(Preferences, ASetupIsStartedStoppedAndEndsWithTheWindow) {
+TEST_F(Preferences, ASetupIsStartedAndStopped) {
     open();
-    auto& button = window_->setUp;
     const auto press = [&](int state) {
-        button.now = state;
-        actions().startOrStopSetUpButtonClick();
+        return [&, state] {
+            window_->setUp.now = state;
+            actions().startOrStopSetUpButtonClick();
+        };
     };
-    const auto posted = [&] {
-        std::vector<std::string> names;
-        for (const auto& notification : desktop_.distributedNotifications.posted())
-            names.push_back(notification.name);
-        return names;
-    };
-    press(stateOn);
-    EXPECT_EQ(button.now, stateOff) << "without the companion";
-    EXPECT_EQ(desktop_.alerts.shown.size(), 1U);
-    window_->window.close();
-    EXPECT_THAT(posted(), ElementsAre("StopSetUpSwitchInputByLocation"));
-    launchCompanion();
-    press(stateOn);
-    EXPECT_EQ(button.title, "Stop Setup");
-    EXPECT_EQ(window_->window.style.level, 1);
-    EXPECT_EQ(window_->window.style.collectionBehavior, 1U);
-    press(stateOff);
-    EXPECT_EQ(button.title, "Start Setup");
-    EXPECT_EQ(window_->window.style.level, 0);
-    EXPECT_THAT(posted(), ElementsAre("StopSetUpSwitchInputByLocation", "StartSetUpSwitchInputByLocation",
-                                      "StopSetUpSwitchInputByLocation"));
-    EXPECT_EQ(desktop_.alerts.shown.size(), 1U);
+    expectSteps({{"without the companion", press(stateOn), {"0 set up off; " + companionSheet}}});
+    happen("companion");
+    expectSteps({{"on",
+                  press(stateOn),
+                  {"0 preferences level 1; preferences behavior 1; set up '*Stop Setup'; post "
+                   "StartSetUpSwitchInputByLocation"}},
+                 {"off",
+                  press(stateOff),
+                  {"0 preferences level 0; preferences behavior 0; set up '*Start Setup'; post "
+                   "StopSetUpSwitchInputByLocation"}}});
 }
 
 TEST_F(Preferences, AShortcutTakesEffectWhenItIsRecordedAndWhenItIsCleared) {
@@ -268,70 +399,56 @@ TEST_F(Preferences, AShortcutTakesEffectWhenItIsRecordedAndWhenItIsCleared) {
         return cell<ShortcutRecorderPart>(window_->shortcuts, "ShortCut", row);
     };
     EXPECT_EQ(recorder(1).objectValue, record(1, control));
+    EXPECT_EQ(recorder(1).allowedModifierFlags, 0x1E0000U);
+    EXPECT_TRUE(recorder(1).allowsEmptyModifierFlags);
     EXPECT_TRUE(recorder(0).objectValue.isNothing());
     EXPECT_FALSE(recorder(0).hasEntry);
     EXPECT_TRUE(recorder(2).objectValue.isNothing()) << "a hot key, but not shown";
     EXPECT_TRUE(recorder(2).hasEntry) << "or nobody could take it away";
-    recorder(1).didEndRecording(1, record(f5, 0));
+    const auto ends = [&](int row, PropertyList value) {
+        return [&, row, value] { recorder(0).didEndRecording(row, value); };
+    };
+    const std::string stored = "own shortcutOfInput = {de: {keyCode: 2, modifierFlags: 0}";
+    const std::string done = "}; synchronize own; shortcuts reload",
+                      shownF5 = "{keyCode: 96, modifierFlags: 0}";
+    expectSteps({
+        {"anew",
+         ends(1, record(f5, 0)),
+         {"0 unregister 1 0x40000; register 96 0x0; " + stored + ", ru: " + shownF5 + done}},
+        {"stored, though it is taken",
+         ends(0, record(f5, 0)),
+         {"0 register 96 0x0, refused; " + stored + ", ru: " + shownF5 + ", us: " + shownF5 + done}},
+    });
     EXPECT_EQ(recorder(1).objectValue, record(f5, 0));
-    EXPECT_FALSE(desktop_.hotKeys.press({1, control}));
-    EXPECT_TRUE(desktop_.hotKeys.press({f5, 0}));
-    EXPECT_EQ(desktop_.inputSources.currentID(), "ru");
-    recorder(0).didEndRecording(0, record(f5, 0));
-    EXPECT_EQ(recorder(0).objectValue, record(f5, 0)) << "stored, though it is taken";
     EXPECT_TRUE(recorder(0).isRefused);
     EXPECT_FALSE(recorder(1).isRefused);
-    recorder(1).didEndRecording(1, record(f5, 0));
-    EXPECT_TRUE(recorder(0).isRefused) << "the other row keeps what it has";
-    recorder(1).didEndRecording(1, {});
-    EXPECT_FALSE(recorder(0).isRefused);
-    EXPECT_TRUE(desktop_.hotKeys.press({f5, 0})) << "moved from one source to another";
-    EXPECT_EQ(desktop_.inputSources.currentID(), "us");
-    const int reloads = window_->shortcuts.reloads;
+    expectSteps({
+        {"the window's hot keys select, too",
+         [&] {
+             desktop_.hotKeys.press({f5, 0});
+         },
+         {"0 suite SwitchTimes = 1; switch times '*Switch Times: 1'; keep us; list ru; select ru; window in; "
+          "window out"}},
+        {"cleared, it moves to the other row",
+         ends(1, {}),
+         {"0 unregister 96 0x0; register 96 0x0; " + stored + ", us: " + shownF5 + done}},
+        {"cleared again", ends(1, {}), {"0 " + stored + ", us: " + shownF5 + done}},
+        {"no row", ends(7, record(7, 0)), {}},
+    });
+    const auto icon = [&](int row) { return cell<ImageViewPart>(window_->shortcuts, "Icon", row); };
+    EXPECT_EQ(icon(0).image->size(), (Size{18, 18}));
+    EXPECT_TRUE(icon(0).isTemplate);
+    EXPECT_FALSE(icon(1).isTemplate);
+    EXPECT_EQ(icon(2).image, nullptr) << "no third icon was loaded";
+    EXPECT_EQ(cell<TextFieldPart>(window_->shortcuts, "Input", 2).stringValue, german);
     desktop_.hotKeys.takeFromOutside({7, 0});
     recorder(1).didEndRecording(1, record(7, 0));
-    desktop_.hotKeys.giveBackFromOutside({7, 0});
-    EXPECT_EQ(window_->shortcuts.reloads, reloads + 2) << "the mark goes";
-    recorder(1).didEndRecording(1, {});
-    EXPECT_EQ(standard_.objectForKey(key::shortcutOfInput),
-              (Dictionary{{"us", record(f5, 0)}, {"de", record(2, 0)}}));
-
-    const auto icon = [&](int row) { return cell<ImageViewPart>(window_->shortcuts, "Icon", row); };
-    EXPECT_TRUE(icon(0).isTemplate);
-    EXPECT_FALSE(icon(1).isTemplate) << "by its place: the third source's";
-    EXPECT_EQ(icon(2).image, nullptr);
-    EXPECT_EQ(cell<TextFieldPart>(window_->shortcuts, "Input", 2).stringValue, "German");
-}
-
-TEST_F(Preferences, TabsLabelsAndLinks) {
-    standard_.setObject("ru", key::defaultInput);
-    open();
-    EXPECT_EQ(window_->defaultInput.title(), ru);
-    EXPECT_EQ(window_->version.stringValue, "Pro Version: 1.2");
-    EXPECT_EQ(window_->switchTimes.stringValue, "Switch Times: 0");
-    desktop_.defaults.writeFromOutside(maker::sharedSuiteName, key::switchTimes, 7);
-    desktop_.runLoop.settle();
-    EXPECT_EQ(window_->switchTimes.stringValue, "Switch Times: 7");
-    EXPECT_EQ(window_->tabView.selected, 0);
-    EXPECT_TRUE(window_->rules.isShaded);
-    actions().Contactus();
-    EXPECT_EQ(window_->tabView.selected, 4);
-    EXPECT_TRUE(window_->contactUs.isShaded);
-    EXPECT_FALSE(window_->rules.isShaded);
-
-    desktop_.clock.now = 1635853234;
-    for (const auto* link : {"moreFreeApps", "none of them", "gotoOfficialWebsite"})
-        actions().openLink(link);
-    EXPECT_THAT(desktop_.links.opened, ElementsAre(testing::StartsWith("http://")));
-    desktop_.clock.now += 0.5;
-    actions().openLink("moreFreeApps");
-    EXPECT_EQ(desktop_.links.opened.size(), 2U);
-
-    actions().openLink("gotoQuorvane");
-    EXPECT_THAT(desktop_.links.opened.back(), testing::StartsWith("macappstore://"));
-    desktop_.desktop.facts.reviewPageOfPro = "https://review/pro";
-    actions().openLink("gotoQuorvanePro");
-    EXPECT_EQ(desktop_.links.opened.back(), "https://review/pro") << "of a desktop without a store";
+    expectSteps({{"the mark goes",
+                  [&] {
+                      desktop_.hotKeys.giveBackFromOutside({7, 0});
+                  },
+                  {"0 unregister 2 0x0; register 2 0x0; register 7 0x0; unregister 96 0x0; register 96 0x0; "
+                   "shortcuts reload"}}});
 }
 
 TEST_F(Preferences, RowsAndTablesThatAreNoneAreEmpty) {
@@ -339,35 +456,32 @@ TEST_F(Preferences, RowsAndTablesThatAreNoneAreEmpty) {
     for (const auto* table : {&window_->applications, &window_->locations, &window_->shortcuts}) {
         for (const auto* column : {"Icon", "Select Input", "ShortCut", "Input", "unknown"}) {
             for (const int row : {-1, 99})
-                EXPECT_THAT(actions().viewForTableColumn(*table, column, row).parts, IsEmpty());
+                EXPECT_TRUE(actions().viewForTableColumn(*table, column, row).parts.empty());
         }
         EXPECT_EQ(actions().heightOfRow(*table, 0), 25);
     }
-    const SimulatedTableView other;
+    SimulatedTableView other(desktop_.journal, "other");
     EXPECT_EQ(actions().numberOfRowsInTableView(other), 0);
-    EXPECT_THAT(actions().viewForTableColumn(other, "Icon", 0).parts, IsEmpty());
-    PopUpButtonPart menu = popUp(0);
-    choose({.tag = 99, .action = menu.action, .willPopUp = menu.willPopUp}, ru);
-    EXPECT_TRUE(standard_.objectForKey(key::autoInput).isNothing());
+    EXPECT_TRUE(actions().viewForTableColumn(other, "Icon", 0).parts.empty());
+    const auto menu = popUp(0);
+    expectSteps({{"no row",
+                  [&] { choose({.tag = 99, .action = menu.action, .willPopUp = menu.willPopUp}, ru); },
+                  {}}});
 }
 
 TEST_F(Preferences, ShowTheInputSourcesOfTheirOpeningWhereTheseComeAndGo) {
-    for (const bool comeAndGo : {true, false}) {
+    const std::string shown =
+        "0.01 list all; default input ['-', 'U.S.', 'Russian', 'German', 'pinyin']; "
+        "applications reload; locations reload; shortcuts reload; preferences in; activate";
+    for (const bool comeAndGo : {false, true}) {
         desktop_.desktop.facts.inputSourcesComeAndGo = comeAndGo;
-        setDefaultInput(standard_, "ru");
-        program_.reset();
+        desktop_.inputSources.disable("pinyin");
+        standard_.setBool(false, key::hiddenIconInStatusBar);
         open();
-        const auto before = popUp(0).itemTitles;
-        const auto defaultsBefore = window_->defaultInput.items.size();
-        const std::size_t come = comeAndGo ? 1 : 0;
-        desktop_.inputSources.enable({.id = comeAndGo ? "pinyin" : "hangul"});
-        EXPECT_EQ(popUp(0).itemTitles, before) << "while it is open";
+        EXPECT_EQ(play("| another:pinyin preferences 1"), Lines{"0.01 preferences in; activate"})
+            << "it was open";
         window_->window.close();
-        program_->openPreferences();
-        desktop_.runLoop.advance(0.01);
-        EXPECT_EQ(popUp(0).itemTitles.size(), before.size() + come);
-        EXPECT_EQ(window_->defaultInput.items.size(), defaultsBefore + come);
-        EXPECT_EQ(window_->defaultInput.title(), ru);
+        EXPECT_EQ(play("| preferences 1"), Lines{comeAndGo ? shown : "0.01 preferences in; activate"});
     }
 }
 

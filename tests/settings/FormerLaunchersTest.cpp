@@ -1,5 +1,6 @@
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
+#include "settings/FormerLaunchers.h"
 #include "support/ProgramTest.h"
 
 namespace quorvane {
@@ -8,50 +9,48 @@ namespace {
 using Array = PropertyList::Array;
 using Dictionary = PropertyList::Dictionary;
 
-class FormerLaunchersTest : public ProgramTest {
-protected:
-    FormerLaunchersTest() {
-        auto& facts = desktop_.desktop.facts.launchers;
-        facts.identifiers = {"rofi", "dmenu"};
-        facts.formerPrefix = "old.";
-    }
-    std::unique_ptr<UserDefaults> shared_ = openSharedDefaults(desktop_.defaults);
-};
-
-TEST_F(FormerLaunchersTest, RulesAndPlacesAreTakenOverInBothStores) {
+TEST_F(ProgramTest, RulesAndPlacesOfFormerLaunchersAreTakenOver) {
+    const LauncherFacts launchers{
+        .areTold = true, .identifiers = {"rofi", "dmenu"}, .identifierPrefixes = {}, .formerPrefix = "old."};
     const Dictionary ru{{"id", "ru"}}, de{{"id", "de"}, {"English Symbol", "1"}}, us{{"id", "us"}};
     const struct {
         const char* what;
         std::string_view key;
-        PropertyList before, after;
+        PropertyList before;
+        const char* after; ///< Empty: nothing is written.
     } cases[] = {
         {"a rule", key::autoInput, Dictionary{{"old.rofi", ru}, {"app", us}},
-         Dictionary{{"rofi", ru}, {"app", us}}},
+         "{app: {id: 'us'}, rofi: {id: 'ru'}}"},
         {"a newer rule counts", key::autoInput, Dictionary{{"old.rofi", de}, {"rofi", ru}},
-         Dictionary{{"rofi", Dictionary{{"id", "ru"}, {"English Symbol", "1"}}}}},
+         "{rofi: {English Symbol: '1', id: 'ru'}}"},
         {"of no launcher here", key::autoInput, Dictionary{{"old.else", ru}, {"old.", ru}, {"old.rofi2", 3}},
-         Dictionary{{"old.else", ru}, {"old.", ru}, {"old.rofi2", 3}}},
-        {"no rules", key::autoInput, 7, 7},
+         ""},
+        {"nothing to take over", key::autoInput, Dictionary{{"rofi", ru}}, ""},
+        {"no rules", key::autoInput, 7, ""},
         {"the order", key::orderOfAppsRule, Array{"app", "old.dmenu", 5, "old.rofi", "rofi"},
-         Array{"app", "dmenu", 5, "rofi"}},
-        {"removed rows", key::notDisplayAppName, Array{"old.rofi"}, Array{"rofi"}},
-        {"no order", key::orderOfAppsRule, "old.rofi", "old.rofi"},
+         "['app', 'dmenu', 5, 'rofi']"},
+        {"removed rows", key::notDisplayAppName, Array{"old.rofi"}, "['rofi']"},
+        {"no order", key::orderOfAppsRule, "old.rofi", ""},
     };
-    for (const auto& each : cases) {
-        // Also when an earlier start was ended between one store and the other.
-        for (UserDefaults* store : {static_cast<UserDefaults*>(&standard_), shared_.get()}) {
-            store->setObject(each.before, each.key);
-            launch();
-            EXPECT_EQ(store->objectForKey(each.key), each.after) << each.what;
-        }
+    for (const auto& [what, key, before, after] : cases) {
+        standard_.setObject(before, key);
+        desktop_.journal.take();
+        takeOverFormerLaunchers(standard_, launchers);
+        const auto writes = "0 own " + std::string(key) + " = " + after + "; synchronize own";
+        EXPECT_EQ(desktop_.journal.take(), *after ? Lines{writes} : Lines{}) << what;
+        standard_.removeObjectForKey(key);
     }
 }
 
-TEST_F(FormerLaunchersTest, NothingIsWrittenWhereThereIsNothingToTakeOver) {
-    standard_.setObject(Dictionary{{"rofi", Dictionary{{"id", "ru"}}}}, key::autoInput);
-    const auto subscription = standard_.addObserver(key::autoInput, [](auto) { ADD_FAILURE(); });
+TEST_F(ProgramTest, BothStoresAreLookedThroughAtTheStart) {
+    auto& facts = desktop_.desktop.facts.launchers;
+    facts.identifiers = {"rofi"};
+    facts.formerPrefix = "old.";
+    setRule("old.rofi", "ru");
+    standard_.setObject(Dictionary{{"old.rofi", Dictionary{{"id", "de"}}}}, key::autoInput);
     launch();
-    EXPECT_TRUE(shared_->objectForKey(key::autoInput).isNothing());
+    EXPECT_EQ(textOf(standard_.objectForKey(key::autoInput)), "{rofi: {id: 'de'}}");
+    EXPECT_EQ(textOf(shared(key::autoInput)["rofi"]), "{id: 'ru'}");
 }
 
 } // namespace

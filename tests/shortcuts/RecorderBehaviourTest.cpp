@@ -16,11 +16,11 @@ using Modifiers = RecorderBehaviour::Modifiers;
 using Role = RecorderBehaviour::Role;
 using State = RecorderBehaviour::State;
 
-constexpr auto shift = ModifierFlag::shift, command = ModifierFlag::command;
+constexpr auto shift = ModifierFlag::shift, commandFlag = ModifierFlag::command;
 constexpr Key a{10, 0}, k{11, 40}, f5{12, 96}, unknown{13, std::nullopt}, escape{14, 53, Role::leaves},
     space{15, 49, Role::begins}, remove{16, 51, Role::clears}, tab{17, 48, Role::movesOn};
 constexpr Modifiers bare, capsLock{ModifierFlag::capsLock}, withShift{shift},
-    withCommand{command | ModifierFlag::leftCommand}, altGr{0, true}, altGrAndCommand{command, true};
+    withCommand{commandFlag | ModifierFlag::leftCommand}, altGr{0, true}, altGrAndCommand{commandFlag, true};
 
 PropertyList recordOf(const Key& key, std::uint64_t flags = 0) {
     return InputShortcut{*key.keyCode, static_cast<std::int64_t>(flags)}.record();
@@ -73,7 +73,7 @@ TEST_F(RecorderBehaviourTest, WhatEachKeyDoes) {
         {"a letter", a, bare, {true, releasing, recorded(a)}, {false, atRest, nothing}},
         {"a function key", f5, bare, {true, releasing, recorded(f5)}, {false, atRest, nothing}},
         {"a lock", k, capsLock, {true, releasing, recorded(k)}, {false, atRest, nothing}},
-        {"Command", k, withCommand, {true, releasing, recorded(k, command)}, {false, atRest, nothing}},
+        {"Command", k, withCommand, {true, releasing, recorded(k, commandFlag)}, {false, atRest, nothing}},
         {"Delete", remove, bare, {true, releasing, cleared}, {true, atRest, cleared}},
         {"Escape", escape, bare, {true, releasing, nothing}, {false, atRest, nothing}},
         {"Space", space, bare, {true, releasing, nothing}, {true, recording, nothing}},
@@ -82,7 +82,7 @@ TEST_F(RecorderBehaviourTest, WhatEachKeyDoes) {
         {"Command Escape",
          escape,
          withCommand,
-         {true, releasing, recorded(escape, command)},
+         {true, releasing, recorded(escape, commandFlag)},
          {false, atRest, {}}},
         {"Shift Space", space, withShift, {true, releasing, recorded(space, shift)}, {false, atRest, {}}},
         {"Shift Tab", tab, withShift, {true, releasing, recorded(tab, shift)}, {false, atRest, {}}},

@@ -1,5 +1,3 @@
-#include <sstream>
-
 #include <gtest/gtest.h>
 
 #include "support/ProgramTest.h"
@@ -7,112 +5,71 @@
 namespace quorvane {
 namespace {
 
-constexpr Rect launcherBounds{300, 200, 700, 80};
-
-/// A user in front of a large window on a desktop that tells of launchers and takes an input source at once.
-class LauncherNewsTest : public ProgramTest {
+/// A desktop that tells of launchers, and where an input source is taken at once.
+class ToldLaunchers : public ProgramTest, public testing::WithParamInterface<Story> {
 protected:
-    LauncherNewsTest() {
+    ToldLaunchers() {
         auto& facts = desktop_.desktop.facts;
-        facts.switchDelay = 0;
-        facts.screenChangeDelay = 0;
+        facts.switchDelay = facts.screenChangeDelay = 0;
         facts.launchers = {
             .areTold = true, .identifiers = {"rofi", "dmenu"}, .identifierPrefixes = {}, .formerPrefix = {}};
-        for (const auto* id : {"us", "ru", "de", "fr"})
-            desktop_.inputSources.enable({.id = id});
-        standard_.setObject("fr", key::defaultInput);
-        for (const auto& [application, source] :
-             {std::pair{"front.app", "us"}, {"other.app", "de"}, {"rofi", "ru"}, {"dmenu", "de"}})
-            setRule(application, source);
-        desktop_.windowList.frontToBack = {{"front.app", "Title", {100, 50, 1000, 600}, 0, true}};
-        launch();
-        desktop_.workspace.activate("front.app");
-    }
-
-    /// Lets a story happen, word by word, and returns the words with the sources that were selected
-    /// meanwhile.
-    std::string play(const std::string& story) {
-        std::istringstream words(story);
-        std::string told;
-        for (std::string word; words >> word;) {
-            const auto before = selections().size();
-            happen(word);
-            for (auto i = before; i < selections().size(); ++i)
-                told.append(told.empty() ? "" : " ").append(word).append(":").append(selections()[i]);
-        }
-        return told;
-    }
-
-    void happen(const std::string& word) {
-        if (word == "rofi" || word == "dmenu") {
-            desktop_.windowList.tellLauncher(OpenLauncher{word, launcherBounds});
-        } else if (word == "closes") {
-            desktop_.windowList.tellLauncher(std::nullopt);
-        } else if (word == "restart") {
-            launch();
-        } else if (word == "hotkey") {
-            program_->changeInputTo("fr");
-        } else {
-            ProgramTest::happen(word);
-        }
+        setRule("rofi", "ru");
+        setRule("dmenu", "de");
+        standard_.setObject(
+            PropertyList::Dictionary{
+                {"ru", PropertyList::Dictionary{{"keyCode", 1}, {"modifierFlags", 0x100000}}}},
+            key::shortcutOfInput);
     }
 };
 
-struct Told {
-    const char* what;
-    const char* story;
-    const char* selections;
+TEST_P(ToldLaunchers, Follow) {
+    const std::string before = "launch own:defaultInput=us first.app | ";
+    const bool hasPast = GetParam().happens.find('|') != std::string::npos;
+    EXPECT_EQ(play((hasPast ? "" : before) + GetParam().happens), GetParam().follows) << GetParam().what;
+}
+
+const std::string toRofi = switchLauncherTo("ru"), back = switchTo("us", "ru", 2);
+
+const Story told[] = {
+    {"opened and closed", "told:rofi 1 told-none 1", {"0 " + toRofi, "1 " + back}},
+    {"by a double press, with the key held on",
+     "0x100108 0x100 0.1 0x100108 told:rofi 0.3 0x100 0.3 told-none 1",
+     {"0.1 " + toRofi, "0.7 " + back}},
+    {"what the user selects in the launcher stays, whatever is told of its window",
+     "told:rofi =de 0.3 0x100 0x40101 told:rofi told-none",
+     {"0 " + toRofi, "0.3 " + switchTo("us", "de", 2)}},
+    {"another one takes its place",
+     "told:rofi told:dmenu told-none",
+     {"0 " + toRofi + "; " + switchLauncherTo("de", "ru", 2) + "; " + switchTo("us", "de", 3)}},
+    {"an activation ends it, and what is selected after that stays",
+     "told:rofi de.app =us told-none 1",
+     {"0 " + toRofi + "; " + switchTo("de", "ru", 2)}},
+    {"the same one again after an activation",
+     "told:rofi de.app told:rofi",
+     {"0 " + toRofi + "; " + switchTo("de", "ru", 2) + "; " + switchLauncherTo("ru", "de", 3)}},
+    {"closed, and closed again",
+     "told-none told:rofi told-none =de told-none",
+     {"0 " + toRofi + "; " + back}},
+    {"before any activation",
+     "ru.app =us launch | told:rofi =us told-none",
+     {"0 " + toRofi + "; " + switchTo("ru", "us", 2)}},
+    {"a hot key does nothing in a launcher",
+     "told:rofi =us press:1 told-none press:1",
+     {"0 " + toRofi + "; " + switchTo("ru", "us", 2)}},
+    {"the companion switches",
+     "companion told:rofi =ru told-none",
+     {"0 suite AskTandrelSwitchInput = 'ru'; post AskTandrelSwitchInput; suite AskTandrelSwitchInput = 'us'; "
+      "post AskTandrelSwitchInput"}},
+    {"the indicator goes there and back at once, and the mouse is watched only while it follows",
+     "launch front.app | own:followWindow=true own:enableTipOfState=true mouse told:rofi mouse told-none "
+     "window-moves:50 companion window-moves:50 own:followWindow=false mouse",
+     {"0 own followWindow = true; own enableTipOfState = true; icon shown; box shown; icon 18x18; monitor 4; "
+      "observe front window; look; indicator at 1078,828; " +
+      toRofi +
+      "; indicator at 978,678; look; indicator at 1078,828; look; indicator at 1128,828; own followWindow = "
+      "false; end monitor 4"}},
 };
-
-std::ostream& operator<<(std::ostream& stream, const Told& told) {
-    return stream << told.what;
-}
-
-class Stories : public LauncherNewsTest, public testing::WithParamInterface<Told> {};
-
-TEST_P(Stories, SelectTheLaunchersSourceAndTheOneBefore) {
-    EXPECT_EQ(play(std::string(GetParam().story) + " 1"), GetParam().selections) << GetParam().what;
-    EXPECT_EQ(desktop_.runLoop.pendingCount(), 0U) << GetParam().what;
-    EXPECT_FALSE(desktop_.globalEvents.isWatching(EventType::flagsChanged));
-}
-
-const Told stories[] = {
-    {"opened and closed", "rofi 1 closes 1", "rofi:ru closes:us"},
-    {"by a double press, with the key held on", "0x100108 0x100 0.1 0x100108 rofi 0.3 0x100 0.3 closes 0.3",
-     "rofi:ru closes:us"},
-    {"what the user selects in the launcher stays", "0x40101 rofi =de 0.3 0x100 0x40101 0.3 0x100 closes",
-     "rofi:ru closes:us"},
-    {"another one takes its place", "rofi dmenu closes", "rofi:ru dmenu:de closes:us"},
-    {"an activation ends it", "rofi other.app closes 1", "rofi:ru other.app:de"},
-    {"and what is selected after that stays", "rofi other.app =us closes 1", "rofi:ru other.app:de"},
-    {"closed, and closed again", "closes rofi closes =fr closes", "rofi:ru closes:us"},
-    {"before any activation", "restart rofi closes", "rofi:ru closes:us"},
-    {"a hot key does nothing in a launcher", "rofi hotkey closes hotkey", "rofi:ru closes:us hotkey:fr"},
-    {"the companion switches", "companion rofi closes", ""},
-};
-INSTANTIATE_TEST_SUITE_P(Launchers, Stories, testing::ValuesIn(stories));
-
-TEST_F(LauncherNewsTest, TheIndicatorGoesThereAndBackAtOnceAndWatchesTheMouseOnlyWhileItFollows) {
-    const auto isWatching = [&] { return desktop_.globalEvents.isWatching(EventType::leftMouseUp); };
-    constexpr Point atWindow{1078, 828}, atLauncher{978, 678};
-    standard_.setBool(true, key::followWindow);
-    EXPECT_FALSE(isWatching());
-    standard_.setBool(true, key::enableTipOfState);
-    EXPECT_TRUE(isWatching());
-    desktop_.globalEvents.send({.type = EventType::leftMouseUp});
-    EXPECT_EQ(indicatorOrigin(), atWindow);
-    happen("rofi");
-    EXPECT_EQ(indicatorOrigin(), atLauncher);
-    desktop_.globalEvents.send({.type = EventType::leftMouseUp});
-    EXPECT_EQ(indicatorOrigin(), atLauncher);
-    happen("closes");
-    EXPECT_EQ(indicatorOrigin(), atWindow);
-    desktop_.windowList.frontToBack.front().bounds.x += 50;
-    desktop_.windowList.tellFrontWindowMoved();
-    EXPECT_EQ(indicatorOrigin(), (Point{1128, 828}));
-    standard_.setBool(false, key::followWindow);
-    EXPECT_FALSE(isWatching());
-}
+INSTANTIATE_TEST_SUITE_P(Launchers, ToldLaunchers, testing::ValuesIn(told));
 
 } // namespace
 } // namespace quorvane

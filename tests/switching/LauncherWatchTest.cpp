@@ -1,150 +1,90 @@
-#include <map>
-#include <sstream>
-
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "support/ProgramTest.h"
 
 namespace quorvane {
 namespace {
 
-using Selections = std::vector<std::string>;
+// Command is 0x100108, control 0x40101, nothing held 0x100. us is the source of everything without a rule.
+const std::string before = "ignore:look launch own:defaultInput=us first.app 1 | ";
+const std::string beforeWithAlfred = "ignore:look launch own:defaultInput=us alfred-runs first.app 1 | ";
 
-constexpr auto alfredId = "com.runningwithcrayons.Alfred-5";
+const std::string toDe = switchLauncherTo("de"), toRu = switchLauncherTo("ru");
+const std::string backFromDe = switchTo("us", "de", 2), backFromRu = switchTo("us", "ru", 2);
 
-/// A user with the rules us for everything, de for Spotlight and ru for Alfred, in front of a large window.
-class LauncherWatchTest : public ProgramTest {
-protected:
-    LauncherWatchTest() {
-        for (const auto* id : {"us", "ru", "de"})
-            desktop_.inputSources.enable({.id = id});
-        standard_.setObject("us", key::defaultInput);
-        setRule("com.apple.Spotlight", "de");
-        setRule(alfredId, "ru");
-        desktop_.windowList.frontToBack = {window_};
-        launch();
-        desktop_.workspace.activate("front.app");
-        desktop_.runLoop.advance(1);
-    }
-
-    /// Lets a story happen, word by word.
-    void play(const std::string& story) {
-        std::istringstream words(story);
-        for (std::string word; words >> word;) {
-            if (const auto* window = windowNamed(word)) {
-                desktop_.windowList.frontToBack = {*window, window_};
-            } else if (word == "closes") {
-                desktop_.windowList.frontToBack = {window_};
-            } else if (word == "running") {
-                desktop_.workspace.launch(alfredId, ActivationPolicy::accessory);
-            } else {
-                happen(word);
-            }
-        }
-    }
-
-private:
-    static const WindowDescription* windowNamed(const std::string& name) {
-        static const std::map<std::string, WindowDescription> windows = {
-            {"spotlight", {"Spotlight", "", {400, 200, 600, 60}, 23, true}},
-            {"聚焦", {"聚焦", std::nullopt, {400, 200, 101, 60}, 0, true}},
-            {"narrow-spotlight", {"Spotlight", "", {400, 200, 100.9, 60}, 23, true}},
-            {"hidden-spotlight", {"Spotlight", "", {400, 200, 600, 60}, 23, false}},
-            {"alfred", {"Alfred 5", "", {300, 300, 700, 80}, 27, true}},
-            {"alfred-on-25", {"Alfred 5", "", {300, 300, 700, 80}, 25, true}},
-        };
-        const auto found = windows.find(name);
-        return found == windows.end() ? nullptr : &found->second;
-    }
-
-    const WindowDescription window_{"front.app", "Title", {100, 50, 1000, 600}, 0, true};
-};
-
-// Command is 0x100108, control 0x40101, nothing held 0x100. The last two columns: what has been selected half
-// a second later, and how many timers are armed then.
-struct Episode {
-    const char* what;
-    const char* story;
-    Selections selections;
-    std::size_t armedTimers = 0;
-};
-
-std::ostream& operator<<(std::ostream& stream, const Episode& episode) {
-    return stream << episode.what;
-}
-
-class Episodes : public LauncherWatchTest, public testing::WithParamInterface<Episode> {};
-
-TEST_P(Episodes, SelectTheLaunchersSourceAndTheOneBefore) {
-    play(GetParam().story);
-    desktop_.runLoop.advance(0.5);
-    EXPECT_EQ(selections(), GetParam().selections) << GetParam().what;
-    EXPECT_EQ(desktop_.runLoop.pendingCount(), GetParam().armedTimers) << GetParam().what;
-}
-
-const Episode episodes[] = {
-    {"a modifier and no launcher", "running 0x100108 0.5 0x100", {}},
-    {"opened while the key is held", "0x100108 spotlight 0.1 0x100", {"de"}, 1},
-    {"and closed", "0x100108 spotlight 0.1 0x100 1.0 closes", {"de", "us"}},
-    {"opened just after the release", "0x100108 0.05 0x100 spotlight", {"de"}},
-    {"opened too late", "0x100108 0x100 0.11 spotlight", {}},
-    {"closed, but no modifier moved since", "0x100108 0.05 0x100 spotlight 1.0 closes", {"de"}},
-    {"by its Chinese name", "聚焦 0x100108 0.1", {"de"}},
-    {"only its item in the menu bar", "narrow-spotlight 0x100108 0.3 0x100", {}},
-    {"there, but not on the screen", "hidden-spotlight 0x100108 0.3 0x100", {}},
-    {"Alfred", "running 0x100108 alfred 0.1 0x100 1.0 closes", {"ru", "us"}},
-    {"Alfred's window on another layer", "running alfred-on-25 0x100108 0.3 0x100", {}},
-    {"a window like Alfred's, but Alfred does not run", "alfred 0x100108 0.3 0x100", {}},
-    {"Caps Lock is on at the release", "0x110108 0x10100", {}},
-    {"Caps Lock goes on at the release", "0x40101 0.5 0x10100", {}},
-    {"the function key's flag remains", "0x100108 0x800100", {}, 1},
-    {"without the bit of a real keyboard, nothing held is a press", "0x0", {}, 1},
-    {"double press", "running 0x100108 0x100 0.25 alfred 0x100108 0x100 closes", {"ru", "us"}},
-    {"double press, too slow", "running 0x100108 0x100 0.26 alfred 0x100108 0x100 closes", {}},
-    {"two different keys", "running 0x100108 0x100 0.2 alfred 0x40101 0x100 closes", {}},
-    {"double press without Alfred", "0x100108 0x100 0.2 alfred 0x100108 0x100", {}},
-    {"an activation ends it", "0x100108 spotlight 0.1 0x100 other.app 0.3 closes", {"de", "us"}},
+const Story episodes[] = {
+    {"a modifier and no launcher", beforeWithAlfred + "0x100108 0.5 0x100 1", {}},
+    {"opened while the key is held", before + "0x100108 spotlight 0.15 0x100 1", {"0.1 " + toDe}},
+    {"and closed: seen at the next fifth of a second, counted from the key",
+     before + "0x100108 spotlight 0.1 0x100 1 closes 1",
+     {"0.1 " + toDe, "1.4 " + backFromDe}},
+    {"opened just after the release", before + "0x100108 0.05 0x100 spotlight 1", {"0.1 " + toDe}},
+    {"opened too late", before + "0x100108 0x100 0.11 spotlight 1", {}},
+    {"closed, but no modifier moved since",
+     before + "0x100108 0.05 0x100 spotlight 1 closes 1",
+     {"0.1 " + toDe}},
+    {"by its Chinese name", before + "聚焦 0x100108 0.1", {"0.1 " + toDe}},
+    {"only its item in the menu bar", before + "narrow-spotlight 0x100108 0.3 0x100 1", {}},
+    {"there, but not on the screen", before + "hidden-spotlight 0x100108 0.3 0x100 1", {}},
+    {"Alfred",
+     beforeWithAlfred + "0x100108 alfred 0.1 0x100 1 closes 1",
+     {"0.1 " + toRu, "1.4 " + backFromRu}},
+    {"Alfred's window on another layer", beforeWithAlfred + "alfred-on-25 0x100108 0.3 0x100 1", {}},
+    {"there, but not on the screen", beforeWithAlfred + "hidden-alfred 0x100108 0.3 0x100 1", {}},
+    {"somebody else's window", beforeWithAlfred + "no-alfred 0x100108 0.3 0x100 1", {}},
+    {"a window like Alfred's, but Alfred does not run", before + "alfred 0x100108 0.3 0x100 1", {}},
+    {"Caps Lock is on at the release", before + "0x110108 0x10100 0.11 spotlight 1", {}},
+    {"the function key's flag remains", before + "0x100108 0x800100 0.3 spotlight 1", {"0.4 " + toDe}},
+    {"and with Caps Lock", before + "0x100108 0x810100 0.3 spotlight 1", {"0.4 " + toDe}},
+    {"these begin nothing", before + "0x800100 0x810100 0x10100 spotlight 1", {}},
+    {"without the bit of a real keyboard, nothing held is a press",
+     before + "0x0 spotlight 1",
+     {"0.1 " + toDe}},
+    {"double press: after a wait for the window, which is looked for at once",
+     beforeWithAlfred + "0x100108 0x100 0.25 alfred 0x100108 1 closes 1",
+     {"0.25 sleep 0.05", "0.3 " + toRu, "1.6 " + switchTo("us", "ru", 2)}},
+    {"double press, too slow", beforeWithAlfred + "0x100108 0x100 0.26 alfred 0x100108 0x100 0.09", {}},
+    {"two different keys", beforeWithAlfred + "0x100108 0x100 0.2 alfred 0x40101 0x100 0.09", {}},
+    {"double press without Alfred", before + "0x100108 0x100 0.2 alfred 0x100108 0x100 1", {}},
+    {"double press while it is open",
+     beforeWithAlfred + "0x100108 alfred 0.1 =us 0x100108 0.1",
+     {"0.1 " + toRu + "; sleep 0.05"}},
+    {"an activation ends it",
+     before + "0x100108 spotlight 0.1 0x100 ru.app closes 1",
+     {"0.1 " + toDe, "0.2 " + switchTo("ru", "de", 2)}},
+    {"but the window is waited for all the same, and its end decided once more",
+     before + "0x100108 spotlight 0.1 0x100 ru.app 0.5 =us closes 1",
+     {"0.1 " + toDe, "0.2 " + switchTo("ru", "de", 2), "0.8 " + switchTo("ru", "us", 3)}},
     {"and the next press begins another",
-     "0x100108 spotlight 0.1 other.app 0.3 0x100108",
-     {"de", "us", "de"}},
+     before + "0x100108 spotlight 0.1 ru.app 0.3 0x100108 0.15",
+     {"0.1 " + toDe, "0.2 " + switchTo("ru", "de", 2), "0.5 " + switchLauncherTo("de", "ru", 3)}},
     {"what the user selects in the launcher stays",
-     "running 0x100108 alfred 0.1 =us 0x40101 0.3 0x100",
-     {"ru"},
-     1},
-    {"the companion switches", "companion 0x100108 spotlight 0.1 0x100 closes", {}},
+     beforeWithAlfred + "0x100108 alfred 0.1 =us 0x40101 0.3 0x100 1",
+     {"0.1 " + toRu}},
+    {"the companion switches",
+     "ignore:look launch own:defaultInput=us companion first.app 1 | "
+     "0x100108 spotlight 0.1 =de 0x100 closes 1",
+     {"0.1 suite AskTandrelSwitchInput = 'de'; post AskTandrelSwitchInput",
+      "0.3 suite AskTandrelSwitchInput = 'us'; post AskTandrelSwitchInput"}},
+    {"whoever is in front counts when nobody was activated",
+     "ignore:look ru.app =us 1 alfred-runs launch | "
+     "0x100108 0x100 alfred 0x100108 1 closes =us 1",
+     {"0 sleep 0.05", "0.05 " + toRu, "1.35 " + switchTo("ru", "us", 2)}},
+    {"windows are looked for each tenth of a second while a key is held, then each fifth",
+     "launch first.app 1 | "
+     "0x100108 0.25 spotlight 0.1 0x100 0.41 closes 0.3",
+     {"0.1 look", "0.2 look", "0.3 look; " + toDe, "0.55 look", "0.75 look", "0.95 look"}},
+    {"both launchers' while Alfred runs, until shortly after the release",
+     "alfred-runs launch first.app 1 | "
+     "0x100108 0.15 0x100 1",
+     {"0.1 look; look", "0.2 look; look"}},
+    {"the indicator goes to the launcher a moment later, once, and back when it closes",
+     "launch own:enableTipOfState=true own:followWindow=true front.app 1 | 0x100108 spotlight 0.1 "
+     "0.15 mouse 0x100 closes 0.3",
+     {"0.1 look; " + toDe, "0.2 indicator at 978,678", "0.3 box hidden; no icon",
+      "0.45 look; look; indicator at 1078,828"}},
 };
-INSTANTIATE_TEST_SUITE_P(Launchers, Episodes, testing::ValuesIn(episodes));
-
-TEST_F(LauncherWatchTest, AnEpisodeThatAnActivationEndedIsDecidedOnceMoreWhenTheWindowHasGone) {
-    play("0x100108 spotlight 0.1 0x100 other.app 0.5");
-    desktop_.inputSources.selectFromOutside("ru");
-    play("1.0");
-    EXPECT_EQ(selections(), (Selections{"de", "us"}));
-    play("closes 0.5");
-    EXPECT_EQ(selections(), (Selections{"de", "us", "us"}));
-}
-
-TEST_F(LauncherWatchTest, TheApplicationInFrontCountsWhenNoneWasEverActivated) {
-    setRule("front.app", "ru");
-    setRule(alfredId, "de");
-    launch();
-    play("running 0x100108 0x100 alfred 0x100108 0x100 closes 1.0");
-    EXPECT_EQ(selections(), (Selections{"de", "ru"}));
-}
-
-TEST_F(LauncherWatchTest, TheIndicatorGoesToTheLauncherAndBack) {
-    standard_.setBool(true, key::enableTipOfState);
-    standard_.setBool(true, key::followWindow);
-    constexpr Point atWindow{1078, 828}, atSpotlight{978, 678};
-    play("front.app 0x100108 spotlight 0.1");
-    EXPECT_EQ(indicatorOrigin(), atWindow) << "it waits a tenth of a second";
-    play("0.1");
-    EXPECT_EQ(indicatorOrigin(), atSpotlight);
-    desktop_.globalEvents.send({.type = EventType::leftMouseUp});
-    EXPECT_EQ(indicatorOrigin(), atSpotlight);
-    play("0x100 closes 0.2");
-    EXPECT_EQ(indicatorOrigin(), atWindow);
-}
+INSTANTIATE_TEST_SUITE_P(Launchers, Stories, testing::ValuesIn(episodes));
 
 } // namespace
 } // namespace quorvane

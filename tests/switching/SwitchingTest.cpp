@@ -1,14 +1,11 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "support/ProgramTest.h"
-#include "switching/InputDecision.h"
+#include "switching/WantedInput.h"
 
 namespace quorvane {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
 using Dictionary = PropertyList::Dictionary;
 
 PropertyList rule(const char* id) {
@@ -48,100 +45,60 @@ TEST(WantedInputSource, IsThatOfTheRuleElseTheDefaultOne) {
     }
 }
 
-class Switching : public ProgramTest {
-protected:
-    Switching() {
-        for (const auto* id : {"us", "ru", "de"})
-            desktop_.inputSources.enable({.id = id});
-        setRule("ru.app", "ru");
-        setRule("de.app", "de");
-        launch();
-    }
+const std::string toRu = switchTo("ru"), askForRu = "suite AskTandrelSwitchInput = 'ru'";
 
-    /// Past the wait that the first activation always makes.
-    void settleOnScreen() {
-        desktop_.workspace.activate("first.app");
-        desktop_.runLoop.advance(1);
-    }
+const Story activations[] = {
+    {"its rule, after a tenth of a second", "ru.app 1", {"0.1 " + toRu}},
+    {"the default source", "launch first.app 1 own:defaultInput=de | other.app 1", {"0.1 " + switchTo("de")}},
+    {"nothing says which", "other.app 1", {}},
+    {"it is current already", "=ru ru.app 1", {}},
+    {"the first one after the start", "launch | ru.app 1", {"0.3 " + toRu}},
+    {"on another screen", "screen:2 ru.app 1", {"0.3 " + toRu}},
+    {"and back on the first",
+     "launch first.app 1 screen:2 de.app 1 screen:1 | ru.app 1",
+     {"0.3 " + switchTo("ru", "de", 2)}},
+    {"without a screen", "no-screen ru.app 1", {"0.3 " + toRu}},
+    {"the wait is for whoever is in front then",
+     "screen:2 ru.app 0.19 de.app 1",
+     {"0.29 " + switchTo("de"), "0.3 " + switchTo("de", "de", 2)}},
+    {"two in quick succession", "ru.app 0.05 de.app 1", {"0.1 " + toRu, "0.15 " + switchTo("de", "ru", 2)}},
+    {"the same one again", "launch first.app ru.app 1 =us | ru.app unhides:ru.app 1", {}},
+    {"the same one after another",
+     "launch first.app ru.app 1 other.app =us | ru.app 1",
+     {"0.1 " + switchTo("ru", "us", 2)}},
+    {"one that is shown again", "launch first.app runs:ru.app 1 | unhides:ru.app 1", {"0.1 " + toRu}},
+    {"the same one after nobody",
+     "launch ru.app 1 =us quits:ru.app | ru.app 1",
+     {"0.1 " + switchTo("ru", "us", 2)}},
+    {"without an identifier, each time",
+     "launch first.app 1 own:defaultInput=de | nameless 1 =us nameless 1",
+     {"0.1 " + switchTo("de"), "1.1 " + switchTo("de", "us", 2)}},
+    {"its source is not there",
+     "launch own:defaultInput=gone 1 | other.app 1",
+     {"0.3 suite SwitchTimes = 1; keep us; list gone; window in; window out"}},
+    {"two sources of one id", "another:ru ru.app 1", {"0.1 " + toRu}},
+    {"the companion is asked at once",
+     "companion ru.app 1",
+     {"0 " + askForRu + "; post AskTandrelSwitchInput"}},
+    {"but not for what is current", "companion =ru ru.app 1", {}},
+    {"and after the wait for the screen",
+     "companion screen:2 ru.app 1",
+     {"0.2 " + askForRu + "; post AskTandrelSwitchInput"}},
+    {"it has quit", "companion companion-quits ru.app 1", {"0.1 " + toRu}},
+    {"it is asked once it can read what for",
+     "companion writable:false de.app 0.5 ru.app 0.5 writable:true",
+     {"0 suite AskTandrelSwitchInput = 'de'", "0.5 " + askForRu, "1 post AskTandrelSwitchInput"}},
+    {"unless nobody wants that any more",
+     "companion writable:false ru.app first.app writable:true 1",
+     {"0 " + askForRu}},
 };
 
-TEST_F(Switching, AnApplicationIsSwitchedATenthOfASecondAfterItCameToTheFront) {
-    settleOnScreen();
-    desktop_.workspace.activate("ru.app");
-    desktop_.runLoop.advance(0.099);
-    EXPECT_THAT(selections(), IsEmpty());
-    desktop_.runLoop.advance(0.001);
-    EXPECT_THAT(selections(), ElementsAre("ru"));
-    EXPECT_THAT(desktop_.interfaceFiles.window.orders, ElementsAre("front", "out"));
-    EXPECT_EQ(openSharedDefaults(desktop_.defaults)->integerForKey(key::switchTimes), 1);
-}
+INSTANTIATE_TEST_SUITE_P(Activations, Stories, testing::ValuesIn(activations));
 
-TEST_F(Switching, OnAnotherScreenTheDecisionWaitsForTheLastApplication) {
-    settleOnScreen();
-    desktop_.screens.main->number = 2;
-    desktop_.workspace.activate("ru.app");
-    desktop_.runLoop.advance(0.19);
-    desktop_.workspace.activate("de.app"); // same screen: decided at once, and again when the wait is over
-    desktop_.runLoop.advance(0.01);
-    EXPECT_THAT(selections(), IsEmpty());
-    desktop_.runLoop.advance(1);
-    EXPECT_THAT(selections(), ElementsAre("de", "de"));
-}
-
-TEST_F(Switching, TheSameApplicationIsDecidedOnceUntilNobodyIsInFront) {
-    settleOnScreen();
-    desktop_.workspace.activate("ru.app");
-    desktop_.runLoop.advance(1);
-    desktop_.inputSources.selectFromOutside("us"); // the user's own choice
-    desktop_.workspace.activate("ru.app");
-    desktop_.runLoop.advance(1);
-    EXPECT_EQ(desktop_.inputSources.currentID(), "us");
-    desktop_.workspace.quit("first.app");
-    desktop_.workspace.quit("ru.app");
-    desktop_.workspace.activate("ru.app");
-    desktop_.runLoop.advance(1);
-    EXPECT_EQ(desktop_.inputSources.currentID(), "ru");
-}
-
-TEST_F(Switching, AnApplicationWithoutIdentifierIsDecidedEachTime) {
-    settleOnScreen();
-    desktop_.defaults.standardUserDefaults().setObject("de", key::defaultInput);
-    for (int time = 0; time < 2; ++time) {
-        desktop_.workspace.activate(RunningApplication{.localizedName = "nameless"});
-        desktop_.runLoop.advance(1);
-        desktop_.inputSources.selectFromOutside("us");
-    }
-    EXPECT_THAT(selections(), ElementsAre("de", "de"));
-}
-
-TEST_F(Switching, NothingHappensWithoutATargetOrWhenItIsCurrent) {
-    settleOnScreen();
-    desktop_.workspace.activate("unknown.app");
-    desktop_.inputSources.selectFromOutside("ru");
-    desktop_.workspace.activate("ru.app");
-    desktop_.runLoop.advance(1);
-    EXPECT_THAT(selections(), IsEmpty());
-    EXPECT_EQ(openSharedDefaults(desktop_.defaults)->integerForKey(key::switchTimes), 0);
-}
-
-TEST_F(Switching, ADesktopWithoutWaitsIsSwitchedBeforeAnythingElseHappens) {
+TEST_F(ProgramTest, ADesktopWithoutWaitsIsSwitchedBeforeAnythingElseHappens) {
     desktop_.desktop.facts.switchDelay = desktop_.desktop.facts.screenChangeDelay = 0;
-    launch();
-    desktop_.workspace.activate("ru.app");
-    EXPECT_THAT(selections(), ElementsAre("ru"));
-    desktop_.screens.main->number = 2;
-    desktop_.workspace.activate("de.app");
-    EXPECT_THAT(selections(), ElementsAre("ru", "de"));
-    EXPECT_EQ(desktop_.runLoop.pendingCount(), 2U) << "only the two change notifications are on their way";
-}
-
-TEST_F(Switching, ARefusedSelectionIsNotTriedAgain) {
-    settleOnScreen();
-    desktop_.inputSources.refusesSelections = true;
-    desktop_.workspace.activate("ru.app");
-    desktop_.runLoop.advance(10);
-    EXPECT_THAT(selections(), ElementsAre("ru"));
-    EXPECT_EQ(desktop_.inputSources.currentID(), "us");
+    EXPECT_EQ(play("launch | ru.app"), Lines{"0 " + toRu});
+    EXPECT_EQ(play("| screen:2 de.app 1"), Lines{"0 " + switchTo("de", "ru", 2)});
 }
 
 } // namespace

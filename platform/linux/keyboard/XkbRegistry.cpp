@@ -21,7 +21,7 @@ std::string translated(const char* description) {
     return dgettext(translations, description);
 }
 
-struct ContextDeleter {
+struct RegistryDeleter {
     void operator()(rxkb_context* context) const { rxkb_context_unref(context); }
 };
 
@@ -29,7 +29,7 @@ struct ContextDeleter {
 
 std::map<std::string, XkbLayoutNames> namesOfLayouts(const std::vector<XkbLayout>& layouts) {
     std::map<std::string, XkbLayoutNames> names;
-    const std::unique_ptr<rxkb_context, ContextDeleter> context(
+    const std::unique_ptr<rxkb_context, RegistryDeleter> context(
         rxkb_context_new(RXKB_CONTEXT_LOAD_EXOTIC_RULES));
     if (!context || !rxkb_context_parse(context.get(), "evdev")) return names;
     for (auto* entry = rxkb_layout_first(context.get()); entry; entry = rxkb_layout_next(entry)) {

@@ -7,8 +7,8 @@
 namespace quorvane {
 namespace {
 
-constexpr int sideMargin = 20; // as in the rest of the window
-constexpr int margin = 6;
+constexpr int stripSideMargin = 20; // as in the rest of the window
+constexpr int stripMargin = 6;
 constexpr QColor ground(255, 190, 60, 70); // of a warning, in light colours and in dark ones
 
 } // namespace
@@ -18,7 +18,7 @@ NoticeStrip::NoticeStrip(QWidget* parent) : QFrame(parent), icon_(new QLabel(thi
     text_->setWordWrap(true);
     text_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(sideMargin, margin, sideMargin, margin);
+    row->setContentsMargins(stripSideMargin, stripMargin, stripSideMargin, stripMargin);
     row->addWidget(icon_, 0, Qt::AlignTop);
     row->addWidget(text_, 1);
     setAutoFillBackground(true);

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QStackedWidget>
@@ -32,6 +36,21 @@ public:
 
 private:
     QAbstractButton& button_;
+};
+
+class QtCheckBox : public CheckBox {
+public:
+    explicit QtCheckBox(QCheckBox& checkBox) : checkBox_(checkBox) {}
+
+    void setState(int state) override { checkBox_.setChecked(state == stateOn); }
+    void whenClicked(std::function<void(int state)> handler) override {
+        // Only what the user does is "clicked".
+        QObject::connect(&checkBox_, &QCheckBox::clicked, &checkBox_,
+                         [handler = std::move(handler)](bool isOn) { handler(isOn ? stateOn : stateOff); });
+    }
+
+private:
+    QCheckBox& checkBox_;
 };
 
 class QtPopUpButton : public PopUpButton {

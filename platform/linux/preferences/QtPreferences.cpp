@@ -1,11 +1,8 @@
 #include "platform/linux/preferences/QtPreferences.h"
 
-#include <list>
-
 #include <QScrollArea>
 
 #include "platform/linux/WaylandSession.h"
-#include "platform/linux/preferences/CheckBoxBinding.h"
 #include "platform/linux/preferences/QtOutlets.h"
 #include "platform/linux/preferences/QtPreferencesWindow.h"
 #include "platform/linux/preferences/QtTableView.h"
@@ -35,7 +32,6 @@ void makePagesScroll(QStackedWidget& pages) {
 struct QtPreferences::Widgets {
     explicit Widgets(const Neighbours& neighbours);
 
-    void bindCheckBoxes(StandardUserDefaults& standard);
     void showNotices(Notices& notices);
 
     ShortcutKeyboard keyboard;
@@ -45,8 +41,9 @@ struct QtPreferences::Widgets {
     QtLabel version, switchTimes;
     QtButton removeByApplication, removeByLocation, setUp;
     QtPopUpButton defaultInput;
+    QtCheckBox autoStartAtLogin, enableTipOfState, followWindow, hiddenIconInStatusBar,
+        enableForceEnglishBrowserAddress;
     QtTableView applications, locations, shortcuts;
-    std::list<CheckBoxBinding> bindings;
     Subscription noticeChanges;
 };
 
@@ -65,21 +62,18 @@ QtPreferences::Widgets::Widgets(const Neighbours& neighbours)
     , removeByLocation(*form.removeByLocationButton)
     , setUp(*form.StartOrStopSetUpButton)
     , defaultInput(*form.buttonOfDefaultInpust)
+    , autoStartAtLogin(*form.autoStartAtLogin)
+    , enableTipOfState(*form.enableTipOfState)
+    , followWindow(*form.followWindow)
+    , hiddenIconInStatusBar(*form.hiddenIconInStatusBar)
+    , enableForceEnglishBrowserAddress(*form.enableForceEnglishBrowserAddress)
     , applications(*form.autoInputByApplicationTableView)
     , locations(*form.autoInputByLocationTableView)
     , shortcuts(*form.shortcutTableView) {
     form.shortcutTableView->setKeyboard(keyboard);
-    bindCheckBoxes(neighbours.standard);
     showNotices(neighbours.notices);
     makePagesScroll(*form.tabView);
     window.dressUp();
-}
-
-void QtPreferences::Widgets::bindCheckBoxes(StandardUserDefaults& standard) {
-    for (auto* checkBox : window.findChildren<QCheckBox*>()) {
-        const auto key = checkBox->property("defaultsKey").toString().toStdString();
-        if (!key.empty()) bindings.emplace_back(*checkBox, standard, key);
-    }
 }
 
 void QtPreferences::Widgets::showNotices(Notices& notices) {
@@ -111,7 +105,12 @@ PreferencesOutlets QtPreferences::outlets() {
             .autoInputByApplicationTableView = widgets_->applications,
             .autoInputByLocationTableView = widgets_->locations,
             .shortcutTableView = widgets_->shortcuts,
-            .buttonOfDefaultInpust = widgets_->defaultInput};
+            .buttonOfDefaultInpust = widgets_->defaultInput,
+            .options = {.autoStartAtLogin = &widgets_->autoStartAtLogin,
+                        .enableTipOfState = &widgets_->enableTipOfState,
+                        .followWindow = &widgets_->followWindow,
+                        .hiddenIconInStatusBar = &widgets_->hiddenIconInStatusBar,
+                        .enableForceEnglishBrowserAddress = &widgets_->enableForceEnglishBrowserAddress}};
 }
 
 void QtPreferences::connect(PreferencesActions& actions) {

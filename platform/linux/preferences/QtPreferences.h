@@ -4,7 +4,6 @@
 
 #include "platform/NotificationCenter.h"
 #include "platform/PreferencesInterface.h"
-#include "platform/UserDefaults.h"
 #include "platform/linux/preferences/Notices.h"
 #include "platform/linux/x11/XConnection.h"
 
@@ -17,7 +16,6 @@ public:
     struct Neighbours {
         XConnection& x;
         NotificationCenter& notifications;
-        StandardUserDefaults& standard;
         Notices& notices;
     };
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int iconSide = 24;
 constexpr int smallestWidth = 76;
-constexpr int sideMargin = 10;
+constexpr int titleSideMargin = 10;
 constexpr int topMargin = 6;
 constexpr int gap = 3; // between picture and name
 constexpr int cornerRadius = 6;
@@ -30,7 +30,7 @@ TabHeaderButton::TabHeaderButton(QWidget* parent) : QAbstractButton(parent) {
 
 QSize TabHeaderButton::sizeHint() const {
     const int textWidth = fontMetrics().horizontalAdvance(text());
-    return {std::max(smallestWidth, textWidth + 2 * sideMargin),
+    return {std::max(smallestWidth, textWidth + 2 * titleSideMargin),
             topMargin + iconSide + gap + fontMetrics().height() + topMargin};
 }
 

@@ -17,8 +17,8 @@ namespace quorvane {
 namespace {
 
 // All in points.
-constexpr int iconSize = 18;
-constexpr int margin = 1;
+constexpr int letteredIconSize = 18;
+constexpr int letterMargin = 1;
 constexpr int fontSize = 11;      // of letters side by side
 constexpr int fontSizeOfOne = 15; // of a single sign, which may have more strokes than three letters
 
@@ -110,8 +110,8 @@ QImage imageOfLetters(const QString& text, double pixelsPerPoint) {
     const auto pixels = [pixelsPerPoint](int points) {
         return std::max(1, static_cast<int>(std::lround(points * pixelsPerPoint)));
     };
-    const auto side = pixels(iconSize);
-    const auto room = side - 2 * pixels(margin);
+    const auto side = pixels(letteredIconSize);
+    const auto room = side - 2 * pixels(letterMargin);
 
     auto size = pixels(letters.count == 1 ? fontSizeOfOne : fontSize);
     auto drawn = draw(letters.text, size);

@@ -15,7 +15,7 @@
 namespace quorvane {
 namespace {
 
-constexpr int iconSize = 48;
+constexpr int alertIconSize = 48;
 
 // The message stands out, and the text below it is wide enough to be read at a glance.
 constexpr const char* lookOfTexts = "QLabel#qt_msgbox_label { font-weight: bold; }"
@@ -29,7 +29,7 @@ public:
         setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                        Qt::WindowCloseButtonHint);
         setWindowTitle(QApplication::applicationName());
-        setIconPixmap(QApplication::windowIcon().pixmap(iconSize));
+        setIconPixmap(QApplication::windowIcon().pixmap(alertIconSize));
         setText(QString::fromStdString(alert.messageText));
         setStyleSheet(QString::fromLatin1(lookOfTexts));
         setInformativeText(QString::fromStdString(alert.informativeText));

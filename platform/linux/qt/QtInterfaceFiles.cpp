@@ -3,12 +3,11 @@
 #include "platform/linux/qt/QtIndicatorWindow.h"
 
 namespace quorvane {
-namespace {
 
 /// The window that is ordered in and out so that a selection reaches the front program. A layout of the X
 /// server reaches every program at once, and a real window would take the focus for a moment: so there is
 /// none.
-class NoWindow : public Window {
+class QtInterfaceFiles::NoWindow : public Window {
 public:
     std::string title() const override { return {}; }
     void setStyle(const WindowStyle& /*style*/) override {}
@@ -20,8 +19,6 @@ public:
     void orderOut() override {}
 };
 
-} // namespace
-
 struct QtInterfaceFiles::Windows {
     Windows(XConnection& x, const X11Screens& screens) : inputIconWindow(x, screens) {}
 
@@ -30,8 +27,8 @@ struct QtInterfaceFiles::Windows {
 };
 
 QtInterfaceFiles::QtInterfaceFiles(XConnection& x, const X11Screens& screens,
-                                   NotificationCenter& notifications, StandardUserDefaults& standard)
-    : neighbours_{x, notifications, standard, notices_}
+                                   NotificationCenter& notifications)
+    : neighbours_{x, notifications, notices_}
     , windows_(std::make_unique<Windows>(x, screens)) {}
 
 QtInterfaceFiles::~QtInterfaceFiles() = default;

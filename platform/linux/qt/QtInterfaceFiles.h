@@ -13,8 +13,7 @@ namespace quorvane {
 class QtInterfaceFiles : public InterfaceFiles {
 public:
     /// Everything given must outlive this object and the windows it makes.
-    QtInterfaceFiles(XConnection& x, const X11Screens& screens, NotificationCenter& notifications,
-                     StandardUserDefaults& standard);
+    QtInterfaceFiles(XConnection& x, const X11Screens& screens, NotificationCenter& notifications);
     ~QtInterfaceFiles() override;
 
     MainInterface mainInterface() override;
@@ -27,6 +26,7 @@ public:
     void raiseIndicator();
 
 private:
+    class NoWindow;
     struct Windows;
     Notices notices_;
     QtPreferences::Neighbours neighbours_;

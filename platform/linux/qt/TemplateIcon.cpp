@@ -9,8 +9,8 @@ namespace quorvane {
 namespace {
 
 constexpr int tileSize = 64; // pixels: whoever shows the icon scales it
-constexpr int margin = 5;
-constexpr double cornerRadius = 13;
+constexpr int glyphMargin = 5;
+constexpr double tileRadius = 13;
 
 QImage inWhite(QImage shape) {
     shape = shape.convertToFormat(QImage::Format_ARGB32_Premultiplied);
@@ -32,8 +32,9 @@ QIcon iconOfTemplate(const ImageRef& shape) {
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(52, 58, 70));
-    painter.drawRoundedRect(tile.rect(), cornerRadius, cornerRadius);
-    painter.drawImage(tile.rect().marginsRemoved({margin, margin, margin, margin}), inWhite(glyph));
+    painter.drawRoundedRect(tile.rect(), tileRadius, tileRadius);
+    painter.drawImage(tile.rect().marginsRemoved({glyphMargin, glyphMargin, glyphMargin, glyphMargin}),
+                      inWhite(glyph));
     painter.end();
     return QIcon(QPixmap::fromImage(tile));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <utility>
 
 #include "platform/Alerts.h"
 #import "platform/macos/AppKit.h"

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "platform/GlobalEventMonitor.h"
 
 namespace quorvane {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "platform/Image.h"
 #import "platform/macos/AppKit.h"
 

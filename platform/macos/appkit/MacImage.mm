@@ -1,5 +1,7 @@
 #import "platform/macos/appkit/MacImage.h"
 
+#include <memory>
+
 #include "platform/macos/CFRef.h"
 
 namespace quorvane {

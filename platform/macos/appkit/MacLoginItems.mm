@@ -7,14 +7,10 @@ namespace {
 
 API_AVAILABLE(macos(13.0))
 bool setServiceEnabled(SMAppService* service, bool enabled) {
-    const auto status = service.status;
-    const bool isOff = status == SMAppServiceStatusNotRegistered || status == SMAppServiceStatusNotFound;
-    // The helper of a service that is registered again would be started at once.
-    if (enabled ? status == SMAppServiceStatusEnabled : isOff) return true;
     NSError* error = nil;
     const bool succeeded =
         enabled ? [service registerAndReturnError:&error] : [service unregisterAndReturnError:&error];
-    // It may have become what was asked for in the meantime.
+    // It may be what is asked for already.
     return succeeded || error.code == (enabled ? kSMErrorAlreadyRegistered : kSMErrorJobNotFound);
 }
 

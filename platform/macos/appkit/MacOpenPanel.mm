@@ -20,14 +20,13 @@ std::optional<std::string> bundleIdentifierAt(NSURL* chosen) {
 
 void MacOpenPanel::beginChoosingApplication(Completion completion) {
     choosing_->completion = std::move(completion);
-    [NSApplication.sharedApplication activateIgnoringOtherApps:YES];
     if (choosing_->panel) {
         [choosing_->panel makeKeyAndOrderFront:nil];
         return;
     }
     NSOpenPanel* panel = [NSOpenPanel openPanel];
     panel.canCreateDirectories = NO;
-    panel.canChooseDirectories = NO;
+    panel.canChooseDirectories = YES;
     panel.canChooseFiles = YES; // To the panel, an application is a file.
     panel.allowsMultipleSelection = NO;
     panel.directoryURL = [NSURL fileURLWithPath:@"/Applications"];

@@ -1,5 +1,7 @@
 #include "platform/macos/appkit/MacScreens.h"
 
+#include <cstdint>
+
 #import "platform/macos/foundation/PropertyListBridge.h"
 
 namespace quorvane {

@@ -1,6 +1,8 @@
 #pragma once
 
-#include <string>
+#include <functional>
+#include <optional>
+#include <string_view>
 #include <vector>
 
 #include "platform/Signal.h"
@@ -26,15 +28,13 @@ public:
                              std::function<void(const RunningApplication&)> handler) override;
 
 private:
-    void observe(NSNotificationName name, void (MacWorkspace::*received)(const RunningApplication&));
-    void activated(const RunningApplication& application);
-    void unhidden(const RunningApplication& application);
-    void launched(const RunningApplication& application);
+    using Told = Signal<const RunningApplication&>;
 
-    Signal<const RunningApplication&> activated_;
-    Signal<const RunningApplication&> unhidden_;
-    Signal<const RunningApplication&> launched_;
-    int shownAgain_ = 0; ///< The process that was shown again while another one was in front; 0: none.
+    void observe(NSNotificationName name, Told MacWorkspace::*told);
+
+    Told activated_;
+    Told unhidden_;
+    Told launched_;
     std::vector<id> observers_;
 };
 

@@ -1,5 +1,6 @@
 #import "platform/macos/appkit/MacWorkspace.h"
 
+#include <string>
 #include <utility>
 
 #include "platform/macos/foundation/CallProgram.h"
@@ -19,7 +20,8 @@ ActivationPolicy policyOf(NSApplicationActivationPolicy policy) {
     }
 }
 
-RunningApplication describe(NSRunningApplication* application) {
+/// Of nil, all that can be said is that it has no bundle identifier.
+RunningApplication describe(NSRunningApplication* _Nullable application) {
     NSString* bundleIdentifier = application.bundleIdentifier;
     return {.bundleIdentifier =
                 bundleIdentifier ? std::optional(fromNSString(bundleIdentifier)) : std::nullopt,
@@ -40,9 +42,9 @@ std::vector<RunningApplication> describeAll(NSArray<NSRunningApplication*>* appl
 } // namespace
 
 MacWorkspace::MacWorkspace() {
-    observe(NSWorkspaceDidActivateApplicationNotification, &MacWorkspace::activated);
-    observe(NSWorkspaceDidUnhideApplicationNotification, &MacWorkspace::unhidden);
-    observe(NSWorkspaceDidLaunchApplicationNotification, &MacWorkspace::launched);
+    observe(NSWorkspaceDidActivateApplicationNotification, &MacWorkspace::activated_);
+    observe(NSWorkspaceDidUnhideApplicationNotification, &MacWorkspace::unhidden_);
+    observe(NSWorkspaceDidLaunchApplicationNotification, &MacWorkspace::launched_);
 }
 
 MacWorkspace::~MacWorkspace() {
@@ -81,8 +83,7 @@ Subscription MacWorkspace::addObserver(WorkspaceNotification notification,
     return {};
 }
 
-void MacWorkspace::observe(NSNotificationName name,
-                           void (MacWorkspace::*received)(const RunningApplication&)) {
+void MacWorkspace::observe(NSNotificationName name, Told MacWorkspace::*told) {
     // Without a queue, the block is called on the main thread, which posts.
     observers_.push_back([NSWorkspace.sharedWorkspace.notificationCenter
         addObserverForName:name
@@ -90,30 +91,9 @@ void MacWorkspace::observe(NSNotificationName name,
                      queue:nil
                 usingBlock:^(NSNotification* notification) {
                   id application = notification.userInfo[NSWorkspaceApplicationKey];
-                  if (![application isKindOfClass:[NSRunningApplication class]]) return;
-                  callProgram([&] { (this->*received)(describe(application)); });
+                  const bool isOne = [application isKindOfClass:[NSRunningApplication class]];
+                  callProgram([&] { (this->*told).emit(describe(isOne ? application : nil)); });
                 }]);
-}
-
-void MacWorkspace::activated(const RunningApplication& application) {
-    const int shownAgain = std::exchange(shownAgain_, 0);
-    activated_.emit(application);
-    if (shownAgain != 0 && shownAgain == application.processIdentifier) unhidden_.emit(application);
-}
-
-// The application in front is the one the user types in: for any other one nothing is posted until it comes
-// to the front, because the program would select the input source of an application that is not being typed
-// in.
-void MacWorkspace::unhidden(const RunningApplication& application) {
-    const auto front = frontmostApplication();
-    if (front && front->processIdentifier == application.processIdentifier)
-        unhidden_.emit(application);
-    else
-        shownAgain_ = application.processIdentifier;
-}
-
-void MacWorkspace::launched(const RunningApplication& application) {
-    launched_.emit(application);
 }
 
 } // namespace quorvane

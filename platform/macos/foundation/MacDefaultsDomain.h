@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -38,8 +39,8 @@ private:
     void systemSays(NSString* key);         // on any thread
     void changedByOthers(const std::string& key, PropertyList value);
 
-    NSUserDefaults* defaults_;
-    NSString* ownDomain_; // nil for a suite
+    NSUserDefaults* defaults_; // nil for a suite that cannot be opened
+    NSString* ownDomain_;      // nil for a suite
     QuorvaneDefaultsObserver* observer_;
     std::map<std::string, PropertyList, std::less<>> told_; // the observed keys, as they were when last told
     Signal<std::string_view> changed_;                      // key

@@ -35,12 +35,15 @@
 namespace quorvane {
 
 MacDefaultsDomain::MacDefaultsDomain(std::string_view name, Kind kind) {
-    if (kind == Kind::applicationsOwn)
-        ownDomain_ = toNSString(name);
-    else
-        defaults_ = [[NSUserDefaults alloc] initWithSuiteName:toNSString(name)];
-    // The system refuses to open some domains as suites, the application's own one among them.
-    if (!defaults_) defaults_ = NSUserDefaults.standardUserDefaults;
+    NSString* named = toNSString(name);
+    if (kind == Kind::applicationsOwn) {
+        ownDomain_ = named;
+        defaults_ = NSUserDefaults.standardUserDefaults;
+    } else {
+        // The system refuses to open some domains as suites. Such a one is empty and keeps nothing.
+        defaults_ = [[NSUserDefaults alloc] initWithSuiteName:named];
+        if (!defaults_) NSLog(@"The suite %@ cannot be opened: nothing is read or stored in it", named);
+    }
     observer_ = [[QuorvaneDefaultsObserver alloc] initWithHandler:[this](NSString* key) { systemSays(key); }];
 }
 
@@ -60,7 +63,7 @@ void MacDefaultsDomain::setObject(PropertyList value, std::string_view key) {
     NSString* name = toNSString(key);
     id object = toNSObject(value);
     // What cannot be stored is left alone: nil would remove the key.
-    if (!name || (!object && !value.isNothing())) return;
+    if (!defaults_ || !name || (!object && !value.isNothing())) return;
     isWriting_ = true;
     [defaults_ setObject:object forKey:name];
     isWriting_ = false;

@@ -13,11 +13,11 @@
 namespace quorvane {
 
 /// The system's distributed notifications, delivered on the main thread also while another application is
-/// active.
+/// active. What was written to the user's defaults before needs no synchronizing: every write goes to the
+/// system's own service when it is made, and that is whom other programs ask.
 class MacDistributedNotifications : public DistributedNotificationCenter {
 public:
-    /// `beforePost` makes what was written to the user's defaults visible to others.
-    explicit MacDistributedNotifications(std::function<void()> beforePost);
+    MacDistributedNotifications();
     MacDistributedNotifications(const MacDistributedNotifications&) = delete;
     MacDistributedNotifications& operator=(const MacDistributedNotifications&) = delete;
     ~MacDistributedNotifications() override;
@@ -29,7 +29,6 @@ public:
 private:
     void received(NSNotification* notification);
 
-    std::function<void()> beforePost_;
     std::map<std::string, Signal<const DistributedNotification&>, std::less<>> observed_; // by name
     QuorvaneNotificationReceiver* receiver_;
 };

@@ -1,5 +1,7 @@
 #import "platform/macos/foundation/MacDistributedNotifications.h"
 
+#include <utility>
+
 #include "platform/macos/foundation/CallProgram.h"
 #import "platform/macos/foundation/PropertyListBridge.h"
 
@@ -27,9 +29,8 @@
 
 namespace quorvane {
 
-MacDistributedNotifications::MacDistributedNotifications(std::function<void()> beforePost)
-    : beforePost_(std::move(beforePost))
-    , receiver_([[QuorvaneNotificationReceiver alloc]
+MacDistributedNotifications::MacDistributedNotifications()
+    : receiver_([[QuorvaneNotificationReceiver alloc]
           initWithHandler:[this](NSNotification* notification) { received(notification); }]) {}
 
 MacDistributedNotifications::~MacDistributedNotifications() {
@@ -57,7 +58,6 @@ MacDistributedNotifications::addObserver(std::string_view name,
 void MacDistributedNotifications::post(const DistributedNotification& notification) {
     NSString* name = toNSString(notification.name);
     if (!name) return;
-    beforePost_();
     NSDictionary* userInfo = notification.userInfo.dictionary() ? toNSObject(notification.userInfo) : nil;
     [NSDistributedNotificationCenter.defaultCenter
         postNotificationName:name

@@ -1,7 +1,9 @@
 #import "platform/macos/foundation/MacRunLoop.h"
 
 #include <chrono>
+#include <cstdint>
 #include <thread>
+#include <utility>
 
 #include "platform/macos/foundation/CallProgram.h"
 

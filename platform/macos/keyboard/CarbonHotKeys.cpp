@@ -1,6 +1,7 @@
 #include "platform/macos/keyboard/CarbonHotKeys.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 #include "platform/GlobalEventMonitor.h"

@@ -1,8 +1,14 @@
 #pragma once
 
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "platform/Widgets.h"
 #import "platform/macos/AppKit.h"
 #import "platform/macos/foundation/PropertyListBridge.h"
+#import "platform/macos/tables/CellTarget.h"
 
 namespace quorvane {
 
@@ -34,6 +40,26 @@ public:
 
 private:
     NSButton* button_;
+};
+
+class MacCheckBox : public CheckBox {
+public:
+    explicit MacCheckBox(NSButton* checkBox) : checkBox_(checkBox) {}
+    MacCheckBox(const MacCheckBox&) = delete;
+    MacCheckBox& operator=(const MacCheckBox&) = delete;
+    ~MacCheckBox() override { checkBox_.target = nil; } // AppKit may keep it for a while yet.
+
+    void setState(int state) override { checkBox_.state = state; }
+    void whenClicked(std::function<void(int state)> handler) override {
+        checkBox_.target = targetOf(checkBox_, [handler = std::move(handler)](id sender) {
+            NSButton* clicked = sender;
+            handler(static_cast<int>(clicked.state));
+        });
+        checkBox_.action = @selector(receive:);
+    }
+
+private:
+    NSButton* checkBox_;
 };
 
 class MacPopUpButton : public PopUpButton {

@@ -4,7 +4,6 @@
 
 #include "platform/NotificationCenter.h"
 #include "platform/PreferencesInterface.h"
-#include "platform/UserDefaults.h"
 #import "platform/macos/AppKit.h"
 #include "platform/macos/keyboard/CarbonHotKeys.h"
 
@@ -16,7 +15,6 @@ public:
     /// What the window needs of the desktop; all of it must outlive the window.
     struct Neighbours {
         NotificationCenter& notifications;
-        StandardUserDefaults& standard;
         CarbonHotKeys& hotKeys; ///< They rest while a shortcut is recorded.
     };
 

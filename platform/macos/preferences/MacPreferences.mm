@@ -1,9 +1,6 @@
 #import "platform/macos/preferences/MacPreferences.h"
 
-#include <list>
-
 #import "platform/macos/preferences/AppPrefsWindowController.h"
-#import "platform/macos/preferences/CheckBoxBinding.h"
 #import "platform/macos/preferences/MacOutlets.h"
 #import "platform/macos/preferences/PreferencesContents.h"
 #import "platform/macos/preferences/PreferencesTables.h"
@@ -23,8 +20,9 @@ struct MacPreferences::Widgets {
     MacLabel version, switchTimes;
     MacButton removeApplication, removeLocation, setUp;
     MacPopUpButton defaultInput;
+    MacCheckBox autoStartAtLogin, enableTipOfState, followWindow, hiddenIconInStatusBar,
+        enableForceEnglishBrowserAddress;
     PreferencesTables tables;
-    std::list<CheckBoxBinding> bindings;
 };
 
 MacPreferences::Widgets::Widgets(const Neighbours& neighbours)
@@ -38,13 +36,16 @@ MacPreferences::Widgets::Widgets(const Neighbours& neighbours)
     , removeLocation(contents.rules.removeLocation)
     , setUp(contents.rules.setUp)
     , defaultInput(contents.rules.defaultInput)
+    , autoStartAtLogin(contents.preference.autoStartAtLogin)
+    , enableTipOfState(contents.preference.enableTipOfState)
+    , followWindow(contents.preference.followWindow)
+    , hiddenIconInStatusBar(contents.preference.hiddenIconInStatusBar)
+    , enableForceEnglishBrowserAddress(contents.preference.enableForceEnglishBrowserAddress)
     , tables({.applications = contents.rules.applications,
               .locations = contents.rules.locations,
               .noLocations = contents.rules.noLocations,
               .shortcuts = contents.preference.shortcuts},
              [&hotKeys = neighbours.hotKeys] { return hotKeys.suspend(); }) {
-    for (const auto& [button, key] : contents.preference.checkBoxes)
-        bindings.emplace_back(button, neighbours.standard, key);
     controller.shouldCascadeWindows = NO;
     controller.tables = &tables;
     fillPreferencesWindow(window.native(), contents.view);
@@ -80,7 +81,12 @@ PreferencesOutlets MacPreferences::outlets() {
             .autoInputByApplicationTableView = widgets_->tables.applications,
             .autoInputByLocationTableView = widgets_->tables.locations,
             .shortcutTableView = widgets_->tables.shortcuts,
-            .buttonOfDefaultInpust = widgets_->defaultInput};
+            .buttonOfDefaultInpust = widgets_->defaultInput,
+            .options = {.autoStartAtLogin = &widgets_->autoStartAtLogin,
+                        .enableTipOfState = &widgets_->enableTipOfState,
+                        .followWindow = &widgets_->followWindow,
+                        .hiddenIconInStatusBar = &widgets_->hiddenIconInStatusBar,
+                        .enableForceEnglishBrowserAddress = &widgets_->enableForceEnglishBrowserAddress}};
 }
 
 void MacPreferences::connect(PreferencesActions& actions) {

@@ -1,21 +1,17 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #import "platform/macos/AppKit.h"
 
 namespace quorvane {
 
 /// The tab of the general settings and the shortcuts.
 struct PreferenceTab {
-    struct CheckBox {
-        NSButton* button;
-        std::string defaultsKey; ///< The setting it is to be bound to.
-    };
-
     NSView* view;
-    std::vector<CheckBox> checkBoxes;
+    NSButton* autoStartAtLogin;
+    NSButton* enableTipOfState;
+    NSButton* followWindow;
+    NSButton* hiddenIconInStatusBar;
+    NSButton* enableForceEnglishBrowserAddress;
     NSTableView* shortcuts;
 };
 

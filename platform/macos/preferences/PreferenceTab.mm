@@ -9,26 +9,14 @@ namespace {
 
 constexpr CGFloat iconWidth = 44;
 constexpr CGFloat nameWidth = 160;
-constexpr CGFloat recorderWidth = 200;
+constexpr CGFloat recorderWidth = 164;
 constexpr CGFloat betweenGroups = 16;
 
-PreferenceTab::CheckBox makeCheckBox(NSString* title, NSString* toolTip, const char* defaultsKey) {
+NSButton* makeCheckBox(NSString* title, NSString* toolTip = nil) {
     NSButton* button = [NSButton checkboxWithTitle:title target:nil action:nil];
     button.translatesAutoresizingMaskIntoConstraints = NO;
     button.toolTip = toolTip;
-    return {button, defaultsKey};
-}
-
-std::vector<PreferenceTab::CheckBox> makeCheckBoxes() {
-    return {makeCheckBox(localized(@"Start at login"), nil, "autoStartAtLogin"),
-            makeCheckBox(localized(@"Show the current input source in a floating indicator"), nil,
-                         "enableTipOfState"),
-            makeCheckBox(localized(@"Let the indicator follow the front window"), nil, "followWindow"),
-            makeCheckBox(localized(@"Hide the icon in the status bar"),
-                         localized(@"To see this window again, launch Quorvane once more."),
-                         "hiddenIconInStatusBar"),
-            makeCheckBox(localized(@"Force English in the address fields of browsers"),
-                         localized(@"Works while Tandrel is running."), "enableForceEnglishBrowserAddress")};
+    return button;
 }
 
 NSTableView* makeShortcutsTable() {
@@ -40,12 +28,25 @@ NSTableView* makeShortcutsTable() {
 } // namespace
 
 PreferenceTab makePreferenceTab() {
-    PreferenceTab tab{.view = nil, .checkBoxes = makeCheckBoxes(), .shortcuts = makeShortcutsTable()};
-    NSStackView* column =
-        makeColumn(@[ makeGroupTitle(localized(@"General")) ], 8, NSEdgeInsetsMake(16, 20, 8, 20));
-    for (const auto& checkBox : tab.checkBoxes)
-        [column addArrangedSubview:checkBox.button];
-    [column setCustomSpacing:betweenGroups afterView:tab.checkBoxes.back().button];
+    PreferenceTab tab{.view = nil,
+                      .autoStartAtLogin = makeCheckBox(localized(@"Start at login")),
+                      .enableTipOfState =
+                          makeCheckBox(localized(@"Show the current input source in a floating indicator")),
+                      .followWindow = makeCheckBox(localized(@"Let the indicator follow the front window")),
+                      .hiddenIconInStatusBar =
+                          makeCheckBox(localized(@"Hide the icon in the status bar"),
+                                       localized(@"To see this window again, launch Quorvane once more.")),
+                      .enableForceEnglishBrowserAddress =
+                          makeCheckBox(localized(@"Force English in the address fields of browsers"),
+                                       localized(@"Works while Tandrel is running.")),
+                      .shortcuts = makeShortcutsTable()};
+    NSStackView* column = makeColumn(
+        @[
+            makeGroupTitle(localized(@"General")), tab.autoStartAtLogin, tab.enableTipOfState,
+            tab.followWindow, tab.hiddenIconInStatusBar, tab.enableForceEnglishBrowserAddress
+        ],
+        8, NSEdgeInsetsMake(16, 20, 8, 20));
+    [column setCustomSpacing:betweenGroups afterView:tab.enableForceEnglishBrowserAddress];
     [column addArrangedSubview:makeGroupTitle(localized(@"Shortcuts"))];
     NSView* shortcuts = makeScrollView(tab.shortcuts, 120);
     [column addArrangedSubview:shortcuts];

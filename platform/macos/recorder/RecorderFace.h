@@ -11,6 +11,10 @@ public:
     /// The cross is put into the view, and sends it the action.
     RecorderFace(NSView* _Nonnull view, SEL _Nonnull clear);
 
+    /// Where it is in a view: at the top of it. A recorder is higher than its cell and reaches out of it
+    /// below.
+    static NSRect placeIn(NSRect bounds);
+
     /// Whether the text is another one now.
     bool show(const RecorderBehaviour& recorder, bool isRefused);
 
@@ -23,7 +27,7 @@ public:
     NSString* _Nonnull text() const { return text_; }
 
 private:
-    NSRect placeOfText(NSRect bounds) const;
+    NSRect placeOfText(NSRect face) const;
     NSDictionary<NSAttributedStringKey, id>* _Nonnull attributes() const;
 
     NSButton* _Nonnull clearButton_;

@@ -15,6 +15,7 @@ using Display = RecorderBehaviour::Display;
 constexpr CGFloat fontSize = 12;
 constexpr CGFloat padding = 6;
 constexpr CGFloat clearSide = 16;
+constexpr CGFloat faceHeight = 21; // half a point around the box behind it
 
 NSButton* makeClearButton(id target, SEL action) {
     NSButton* button = [[NSButton alloc] initWithFrame:NSZeroRect];
@@ -73,27 +74,33 @@ bool RecorderFace::show(const RecorderBehaviour& recorder, bool isRefused) {
     return ![text_ isEqualToString:before];
 }
 
+NSRect RecorderFace::placeIn(NSRect bounds) {
+    const CGFloat height = std::min(faceHeight, bounds.size.height);
+    return NSMakeRect(0, bounds.size.height - height, bounds.size.width, height);
+}
+
 void RecorderFace::layOut(NSView* view) {
-    const NSRect bounds = view.bounds;
-    clearButton_.frame = NSMakeRect(bounds.size.width - padding / 2 - clearSide,
-                                    (bounds.size.height - clearSide) / 2, clearSide, clearSide);
-    const bool fits = [text_ sizeWithAttributes:attributes()].width <= placeOfText(bounds).size.width;
+    const NSRect place = placeIn(view.bounds);
+    clearButton_.frame =
+        NSMakeRect(place.size.width - padding / 2 - clearSide,
+                   place.origin.y + (place.size.height - clearSide) / 2, clearSide, clearSide);
+    const bool fits = [text_ sizeWithAttributes:attributes()].width <= placeOfText(place).size.width;
     // The system reads it out as the help of the view, too.
     view.toolTip = isMarked_ ? textOfRefusal() : fits ? nil : text_;
 }
 
 void RecorderFace::draw(NSRect bounds) const {
-    const NSRect place = placeOfText(bounds);
+    const NSRect place = placeOfText(placeIn(bounds));
     const CGFloat height = [text_ sizeWithAttributes:attributes()].height;
-    const CGFloat bottom = std::floor((place.size.height - height) / 2);
+    const CGFloat bottom = place.origin.y + std::floor((place.size.height - height) / 2);
     [text_ drawInRect:NSMakeRect(place.origin.x, bottom, place.size.width, height)
         withAttributes:attributes()];
 }
 
 /// In the middle, and as far from either end as the cross.
-NSRect RecorderFace::placeOfText(NSRect bounds) const {
+NSRect RecorderFace::placeOfText(NSRect face) const {
     const CGFloat side = clearButton_.hidden ? padding : padding + clearSide;
-    return NSMakeRect(side, 0, std::max(bounds.size.width - 2 * side, 0.0), bounds.size.height);
+    return NSMakeRect(side, face.origin.y, std::max(face.size.width - 2 * side, 0.0), face.size.height);
 }
 
 /// Colours that change with the appearance: they are looked up when something is drawn.

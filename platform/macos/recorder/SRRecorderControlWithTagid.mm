@@ -1,6 +1,7 @@
 #import "platform/macos/recorder/SRRecorderControlWithTagid.h"
 
 #include <memory>
+#include <utility>
 
 #include "platform/macos/foundation/CallProgram.h"
 #import "platform/macos/foundation/PropertyListBridge.h"
@@ -201,7 +202,7 @@ void tellDelegate(SRRecorderControlWithTagid* recorder) {
 }
 
 - (NSRect)focusRingMaskBounds {
-    return NSInsetRect(self.bounds, 0, 1);
+    return NSInsetRect(quorvane::RecorderFace::placeIn(self.bounds), 0, 0.5);
 }
 
 - (void)drawFocusRingMask {

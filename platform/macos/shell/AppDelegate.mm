@@ -23,7 +23,6 @@ public:
     void openPreferences() {
         if (isLaunched_) program_.openPreferences();
     }
-    void flushPendingWrites() { desktop_.flushPendingWrites(); }
 
 private:
     MacDesktop desktop_;
@@ -57,10 +56,8 @@ private:
     return YES;
 }
 
+/// Nothing is left to be done: what was written, the system has.
 - (void)applicationWillTerminate:(NSNotification*)notification {
-    quorvane::callProgram([&] {
-        if (self->_program) self->_program->flushPendingWrites();
-    });
 }
 
 - (BOOL)applicationSupportsSecureRestorableState:(NSApplication*)app {

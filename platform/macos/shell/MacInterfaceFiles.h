@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "platform/InterfaceFiles.h"
 #include "platform/macos/preferences/MacPreferences.h"
 #include "platform/macos/shell/MacIndicatorWindow.h"

@@ -1,5 +1,7 @@
 #import "platform/macos/shell/MacKeyWindow.h"
 
+#include <cstdint>
+
 /// A panel without a border, which otherwise would not become the key window.
 @interface QuorvaneKeyPanel : NSPanel
 @end

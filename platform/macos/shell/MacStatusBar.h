@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "platform/StatusBar.h"
 
 namespace quorvane {

@@ -1,5 +1,6 @@
 #import "platform/macos/shell/MacStatusBar.h"
 
+#include <functional>
 #include <utility>
 
 #include "platform/macos/foundation/CallProgram.h"

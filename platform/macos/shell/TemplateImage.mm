@@ -1,6 +1,7 @@
 #import "platform/macos/shell/TemplateImage.h"
 
 #include <array>
+#include <cstdint>
 
 #include "platform/macos/CFRef.h"
 #import "platform/macos/appkit/MacImage.h"

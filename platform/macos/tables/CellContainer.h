@@ -1,11 +1,14 @@
 #pragma once
 
-#include "platform/CellView.h"
+#include "platform/Geometry.h"
 #import "platform/macos/AppKit.h"
 
-/// A cell of a table, whose parts stand where they belong however wide the column becomes.
-@interface QuorvaneCellContainer : NSTableCellView
+namespace quorvane {
 
-/// From back to front. A later change of the part does not count.
-- (void)addPart:(const quorvane::CellPart&)part asView:(nonnull NSView*)view;
-@end
+NSRect rectOf(const Rect& frame);
+
+/// The view of a cell, in which its parts are put where their frames say. Without a frame it is an image view
+/// that has no image. The table gives it the size of the column: what of a part is outside is not seen.
+NSView* _Nonnull makeContainer(const Rect& frame);
+
+} // namespace quorvane

@@ -1,37 +1,39 @@
 #import "platform/macos/tables/CellContainer.h"
 
-#include <utility>
-#include <vector>
+/// Shows the row's selection in its parts, as `NSTableCellView` does.
+@interface QuorvaneImageContainer : NSImageView
+- (void)setBackgroundStyle:(NSBackgroundStyle)backgroundStyle;
+@end
 
-#include "platform/macos/tables/CellLayout.h"
+@implementation QuorvaneImageContainer
 
-namespace {
-
-using PlacedPart = std::pair<quorvane::CellPart, NSView*>;
-
-void place(const PlacedPart& part, NSSize cell) {
-    const auto frame = quorvane::placeIn({cell.width, cell.height}, part.first);
-    part.second.frame = NSMakeRect(frame.x, frame.y, frame.width, frame.height);
-}
-
-} // namespace
-
-@implementation QuorvaneCellContainer {
-    std::vector<PlacedPart> _parts;
-}
-
-- (void)addPart:(const quorvane::CellPart&)part asView:(NSView*)view {
-    // The parts' places follow from the container's size alone.
-    view.autoresizingMask = NSViewNotSizable;
-    _parts.emplace_back(part, view);
-    place(_parts.back(), self.frame.size);
-    [self addSubview:view];
-}
-
-- (void)setFrameSize:(NSSize)newSize {
-    [super setFrameSize:newSize];
-    for (const auto& part : _parts)
-        place(part, newSize);
+- (void)setBackgroundStyle:(NSBackgroundStyle)backgroundStyle {
+    for (NSView* part in self.subviews) {
+        if ([part isKindOfClass:[NSControl class]])
+            static_cast<NSControl*>(part).cell.backgroundStyle = backgroundStyle;
+    }
 }
 
 @end
+
+namespace quorvane {
+
+NSRect rectOf(const Rect& frame) {
+    return NSMakeRect(frame.x, frame.y, frame.width, frame.height);
+}
+
+NSView* makeContainer(const Rect& frame) {
+    NSView* container = nil;
+    if (frame == Rect()) {
+        container = [[QuorvaneImageContainer alloc] initWithFrame:NSZeroRect];
+        container.accessibilityElement = NO; // It has no image, its parts are what there is.
+    } else {
+        container = [[NSTableCellView alloc] initWithFrame:rectOf(frame)];
+    }
+    // A text that is wider than its column would be seen, in newer systems, in the next one.
+    container.wantsLayer = YES;
+    container.layer.masksToBounds = YES;
+    return container;
+}
+
+} // namespace quorvane

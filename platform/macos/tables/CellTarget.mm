@@ -1,5 +1,7 @@
 #import "platform/macos/tables/CellTarget.h"
 
+#include <utility>
+
 #include "platform/macos/foundation/CallProgram.h"
 
 @implementation QuorvaneCellTarget {

@@ -53,7 +53,6 @@ NSView* makeView(const TextFieldPart& part, const CellSurroundings& surroundings
     if (!part.isEditable) return field;
     field.identifier = toNSString(part.identifier);
     field.delegate = surroundings.controller;
-    field.cell.representedObject = field.stringValue; // What it is before it is edited.
     name(field, surroundings);
     observe(field, NSControlTextDidEndEditingNotification, field, [reload = surroundings.reload](id) {
         if (const auto table = reload.lock()) table->editingEnded();

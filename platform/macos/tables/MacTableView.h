@@ -32,29 +32,25 @@ public:
 
     // What the table's delegate and data source is asked. Before `connect`, the table is empty.
     NSInteger numberOfRows() const;
-    NSView* viewForTableColumn(NSTableColumn* column, NSInteger row); ///< Nil for no column.
+    NSView* viewForTableColumn(NSTableColumn* column, NSInteger row); ///< Nil where there is nothing.
     CGFloat heightOfRow(NSInteger row) const;                         ///< Never 0.
     BOOL writeRows(NSIndexSet* rows, NSPasteboard* pasteboard, id owner);
     NSDragOperation validateDrop(NSTableViewDropOperation operation) const;
     BOOL acceptDrop(id<NSDraggingInfo> info, NSInteger row);
 
-    /// `control:textShouldEndEditing:` of the table's controller.
+    /// `control:textShouldEndEditing:` of the table's controller. The text is that of the row in which its
+    /// editing began, whatever is there by now.
     BOOL textShouldEndEditing(NSControl* control, NSText* fieldEditor);
-
-    /// The cell's parts as one view, to be shown in that column.
-    NSView* viewFor(const CellView& cell, NSTableColumn* column);
 
 private:
     void reloadNow();
-    bool isBeingEdited();
-    CellView cellAt(NSTableColumn* column, NSInteger row);
+    NSView* viewFor(const CellView& cell, NSTableColumn* column);
 
     NSTableView* table_;
     HotKeySuspender suspendHotKeys_;
     PreferencesActions* actions_ = nullptr;
     __weak id<NSTableViewDelegate, NSTextFieldDelegate> controller_;
     bool isReorderable_ = false;
-    bool isEndingEditing_ = false;
     std::shared_ptr<DeferredReload> reload_; ///< Widgets may outlive the table.
 };
 

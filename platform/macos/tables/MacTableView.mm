@@ -1,13 +1,15 @@
 #import "platform/macos/tables/MacTableView.h"
 
 #include <algorithm>
+#include <functional>
+#include <utility>
+#include <variant>
 
 #include "platform/macos/foundation/CallProgram.h"
 #import "platform/macos/foundation/PropertyListBridge.h"
 #import "platform/macos/tables/CellContainer.h"
 #import "platform/macos/tables/CellViews.h"
 #import "platform/macos/tables/DraggedRow.h"
-#import "platform/macos/tables/EditedText.h"
 #import "platform/macos/tables/TableFocus.h"
 
 namespace quorvane {
@@ -21,6 +23,16 @@ void callLater(std::function<void()> call) {
                                     }];
 }
 
+/// Whether one of the table's texts has the keyboard: by way of the window's editor, which works for it.
+bool isBeingEdited(NSTableView* table) {
+    NSResponder* responder = table.window.firstResponder;
+    if (![responder isKindOfClass:[NSText class]]) return false;
+    auto* editor = static_cast<NSText*>(responder);
+    const id edited = editor.fieldEditor ? editor.delegate : nil;
+    if (![edited isKindOfClass:[NSView class]]) return false;
+    return [static_cast<NSView*>(edited) isDescendantOf:table];
+}
+
 } // namespace
 
 MacTableView::MacTableView(NSTableView* table, HotKeySuspender suspendHotKeys)
@@ -28,7 +40,7 @@ MacTableView::MacTableView(NSTableView* table, HotKeySuspender suspendHotKeys)
     , suspendHotKeys_(std::move(suspendHotKeys))
     , reload_(std::make_shared<DeferredReload>(
           DeferredReload::Table{.reload = [this] { reloadNow(); },
-                                .isBeingEdited = [this] { return isBeingEdited(); },
+                                .isBeingEdited = [table] { return isBeingEdited(table); },
                                 .callLater = callLater})) {}
 
 void MacTableView::connect(PreferencesActions& actions,
@@ -52,25 +64,6 @@ void MacTableView::reloadNow() {
         [table_ selectRowIndexes:[NSIndexSet indexSetWithIndex:static_cast<NSUInteger>(selected)]
             byExtendingSelection:NO];
     focus.restore();
-}
-
-/// Whether the editing of a text can go on. It cannot when its row has become another one: what is typed
-/// would be stored there.
-bool MacTableView::isBeingEdited() {
-    NSTextField* field = editedField(table_);
-    if (!field) return false;
-    const auto column = [table_ columnForView:field];
-    const bool exists = actions_ && column >= 0 && column < table_.numberOfColumns;
-    if (isEndingEditing_ ||
-        (exists && isStillIn(field, cellAt(table_.tableColumns[static_cast<NSUInteger>(column)], field.tag))))
-        return true;
-    [field abortEditing];
-    [table_.window makeFirstResponder:table_];
-    return false;
-}
-
-CellView MacTableView::cellAt(NSTableColumn* column, NSInteger row) {
-    return actions_->viewForTableColumn(*this, fromNSString(column.identifier), static_cast<int>(row));
 }
 
 int MacTableView::selectedRow() const {
@@ -102,7 +95,9 @@ NSInteger MacTableView::numberOfRows() const {
 
 NSView* MacTableView::viewForTableColumn(NSTableColumn* column, NSInteger row) {
     if (!actions_ || !column) return nil;
-    return viewFor(cellAt(column, row), column);
+    const auto cell =
+        actions_->viewForTableColumn(*this, fromNSString(column.identifier), static_cast<int>(row));
+    return cell.parts.empty() && cell.frame == Rect() ? nil : viewFor(cell, column);
 }
 
 CGFloat MacTableView::heightOfRow(NSInteger row) const {
@@ -115,27 +110,26 @@ NSView* MacTableView::viewFor(const CellView& cell, NSTableColumn* column) {
                                         .controller = controller_,
                                         .suspendHotKeys = suspendHotKeys_,
                                         .reload = reload_};
-    const auto frame = NSMakeRect(0, 0, column.width, table_.rowHeight);
-    QuorvaneCellContainer* container = [[QuorvaneCellContainer alloc] initWithFrame:frame];
+    NSView* container = makeContainer(cell.frame);
     for (const auto& part : cell.parts) {
-        NSView* view = std::visit([&](const auto& each) { return makeView(each, surroundings); }, part);
-        [container addPart:part asView:view];
+        const auto make = [&](const auto& each) {
+            NSView* view = makeView(each, surroundings);
+            view.frame = rectOf(each.frame);
+            return view;
+        };
+        [container addSubview:std::visit(make, part)];
     }
     return container;
 }
 
 BOOL MacTableView::textShouldEndEditing(NSControl* control, NSText* fieldEditor) {
-    const auto edited = fromNSString(fieldEditor.string); // The control itself may still have the old one.
-    const auto before = textBefore(control);
-    if (!actions_ || isEndingEditing_ || edited == before) return YES;
-    const TextFieldPart part{.stringValue = before.value_or(""),
-                             .tag = static_cast<int>(control.tag),
+    if (!actions_) return YES;
+    const auto use = reload_->use(); // A reload now would take the field away from the editor.
+    const TextFieldPart part{.tag = static_cast<int>(control.tag),
                              .identifier = fromNSString(control.identifier),
                              .isEditable = true};
-    isEndingEditing_ = true;
-    const bool ends = actions_->textShouldEndEditing(part, edited);
-    isEndingEditing_ = false;
-    return ends;
+    // The control itself may still have the old text.
+    return actions_->textShouldEndEditing(part, fromNSString(fieldEditor.string));
 }
 
 BOOL MacTableView::writeRows(NSIndexSet* rows, NSPasteboard* pasteboard, id owner) {

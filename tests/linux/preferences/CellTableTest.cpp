@@ -6,13 +6,13 @@
 #include <QScrollBar>
 
 #include "linux/preferences/ShownTable.h"
+#include "linux/support/Keyboard.h"
 #include "virtual-desktop/ScratchFolders.h"
 
 namespace quorvane {
 namespace {
 
-constexpr std::uint8_t escape = 9, keyZ = 52, tab = 23, enter = 36, space = 65, keyA = 38, f2 = 68,
-                       down = 116, right = 114, deleteKey = 119;
+constexpr std::uint8_t keyZ = 52, keyA = 38, f2 = 68, right = 114, deleteKey = 119;
 
 TEST(CellTableTest, TellsWhichMenuOpensBeforeWhatIsChosenInIt) {
     ShownTable shown(5);

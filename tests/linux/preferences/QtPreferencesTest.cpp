@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QCheckBox>
 #include <gtest/gtest.h>
 
 #include "platform/linux/WaylandSession.h"
@@ -7,6 +8,7 @@
 #include "platform/linux/preferences/QtPreferences.h"
 #include "platform/linux/preferences/SettingsNotices.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
+#include "preferences/CheckBoxBinding.h"
 
 namespace quorvane {
 namespace {
@@ -14,11 +16,10 @@ namespace {
 TEST(QtPreferences, TellsItsNoticesWhereverItsWindowIsByThen) {
     const auto x = XConnection::open();
     NotificationCenter notifications;
-    SimulatedUserDefaults defaults;
     Notices notices;
     notices.set("second", "B");
     qputenv("XDG_SESSION_TYPE", "wayland");
-    QtPreferences preferences({*x, notifications, defaults.standardUserDefaults(), notices});
+    QtPreferences preferences({*x, notifications, notices});
     qunsetenv("XDG_SESSION_TYPE");
     const auto windows = QApplication::topLevelWidgets();
     ASSERT_EQ(windows.size(), 1);
@@ -33,6 +34,27 @@ TEST(QtPreferences, TellsItsNoticesWhereverItsWindowIsByThen) {
     EXPECT_EQ(told(), "");
     const auto* table = windows.first()->findChild<CellTable*>("autoInputByApplicationTableView");
     EXPECT_EQ(table->property("emptyText").toString(), waylandNotice());
+}
+
+TEST(QtPreferences, OptionsShowAndStoreTheSettingsTheyAreNamedAfter) {
+    const auto x = XConnection::open();
+    NotificationCenter notifications;
+    Notices notices;
+    SimulatedUserDefaults defaults;
+    auto& standard = defaults.standardUserDefaults();
+    QtPreferences preferences({*x, notifications, notices});
+    standard.setBool(true, "followWindow");
+    const auto bindings = bindCheckBoxes(preferences.outlets().options, standard);
+    const auto checkBoxes = QApplication::topLevelWidgets().first()->findChildren<QCheckBox*>();
+    EXPECT_EQ(checkBoxes.size(), 5);
+    for (auto* checkBox : checkBoxes) {
+        const auto key = checkBox->objectName().toStdString();
+        EXPECT_EQ(checkBox->isChecked(), key == "followWindow");
+        standard.setBool(true, key);
+        EXPECT_TRUE(checkBox->isChecked()) << key;
+        checkBox->click();
+        EXPECT_EQ(standard.objectForKey(key), PropertyList(false)) << key;
+    }
 }
 
 TEST(SettingsNotices, TellAsLongAsItIsSo) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "linux/preferences/ShownTable.h"
+#include "linux/support/Keyboard.h"
 #include "platform/GlobalEventMonitor.h"
 #include "platform/linux/localization/Translations.h"
 #include "platform/linux/preferences/ShortcutRecorder.h"
@@ -12,9 +13,8 @@
 namespace quorvane {
 namespace {
 
-constexpr std::uint8_t escape = 9, backspace = 22, tab = 23, keyY = 29, enter = 36, control = 37, keyK = 45,
-                       shift = 50, alt = 64, space = 65, capsLock = 66, f5 = 71, numLock = 77, altGr = 108,
-                       remove = 119, command = 133, keyOfNoCode = 179;
+constexpr std::uint8_t backspace = 22, keyY = 29, keyK = 45, shift = 50, alt = 64, capsLock = 66, f5 = 71,
+                       numLock = 77, altGr = 108, remove = 119, command = 133, keyOfNoCode = 179;
 
 struct ShortcutRecorderTest : testing::Test {
     ~ShortcutRecorderTest() override { XServer::setLayouts("us"); }

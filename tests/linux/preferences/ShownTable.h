@@ -97,8 +97,8 @@ struct ShownTable : PreferencesActions {
         return shortcuts.tableViewForShortcut("ShortCut", row);
     }
     double heightOfRow(const TableView& /*table*/, int /*row*/) const override { return 25; }
-    bool textShouldEndEditing(const TextFieldPart& control, const std::string& stringValue) override {
-        note("renames", control.tag, stringValue);
+    bool textShouldEndEditing(const TextFieldPart& field, const std::string& stringValue) override {
+        note("renames", field.tag, stringValue);
         port.reloadData();
         return true;
     }

@@ -7,6 +7,7 @@
 
 #include <QElapsedTimer>
 
+#include "linux/support/Keyboard.h"
 #include "linux/support/TestWindow.h"
 #include "virtual-desktop/InputMethodSession.h"
 #include "virtual-desktop/WaitUntil.h"
@@ -103,7 +104,6 @@ TEST_P(InputMethods, ALaunchedProgramGetsItsOwnAtItsFirstKey) {
 }
 
 TEST_P(InputMethods, WhatTheUserSelectsStaysUntilAnotherProgramIsActivated) {
-    constexpr std::uint8_t control = 37;
     TextProgram latin(*this, Toolkit::qt, wmClass(Toolkit::qt, us));
     TextProgram cyrillic(*this, Toolkit::qt, wmClass(Toolkit::qt, ru));
     for (int time = 0; time < 2; ++time) {

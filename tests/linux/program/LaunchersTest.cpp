@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "linux/support/Keyboard.h"
 #include "linux/support/TestWindow.h"
 #include "settings/AppRule.h"
 #include "settings/InputShortcut.h"
@@ -12,8 +13,7 @@
 namespace quorvane {
 namespace {
 
-constexpr unsigned us = 0, ru = 1, de = 2;
-constexpr std::uint8_t super = 133, escape = 9, enter = 36;
+constexpr std::uint8_t super = 133;
 
 struct RealLauncher {
     const char* name;

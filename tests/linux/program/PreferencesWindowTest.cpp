@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "linux/support/AccessibleTree.h"
+#include "linux/support/Keyboard.h"
 #include "linux/support/Portal.h"
 #include "linux/support/TestWindow.h"
 #include "settings/AppRule.h"
@@ -20,9 +21,8 @@
 namespace quorvane {
 namespace {
 
-constexpr unsigned us = 0, ru = 1;
 constexpr std::uint8_t wheelDown = 5;
-constexpr std::uint8_t k = 45, down = 116, enter = 36, control = 37, option = 64;
+constexpr std::uint8_t k = 45, option = 64;
 
 const QString applications = "Switch by application", shortcuts = "Shortcuts";
 enum Column { icon, name, input };
@@ -202,8 +202,8 @@ TEST_P(PreferencesWindowLook, IsInTheUsersLanguageAndColours) {
     open();
     qunsetenv("LANGUAGE");
     std::vector<QImage> pictures;
-    for (const auto& tab : GetParam().tabs) {
-        ASSERT_TRUE(showTab(tab));
+    for (const auto& name : GetParam().tabs) {
+        ASSERT_TRUE(showTab(name));
         const auto now = picture(QString("%1_%2.png").arg(GetParam().name).arg(pictures.size()));
         ASSERT_GT(now.width(), 500);
         EXPECT_EQ(now.pixelColor(3, 3).lightness() < 128, GetParam().scheme == 1);

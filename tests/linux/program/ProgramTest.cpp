@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "linux/support/Keyboard.h"
 #include "linux/support/TestWindow.h"
 #include "settings/Keys.h"
 #include "virtual-desktop/TextProgram.h"
@@ -11,8 +12,6 @@
 
 namespace quorvane {
 namespace {
-
-constexpr unsigned us = 0, ru = 1, de = 2;
 
 class OnWindowManager : public testing::TestWithParam<const char*> {
 protected:

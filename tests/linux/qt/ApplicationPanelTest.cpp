@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <gtest/gtest.h>
 
+#include "linux/support/Keyboard.h"
 #include "platform/linux/applications/ApplicationFiles.h"
 #include "platform/linux/open-panel/QtOpenPanel.h"
 #include "virtual-desktop/ScratchFolders.h"
@@ -53,8 +54,7 @@ protected:
     std::vector<Choice> chosen_;
 };
 
-constexpr std::uint8_t a = 38, d = 40, h = 43, k = 45, l = 46, m = 58, p = 33, r = 27, escape = 9, enter = 36,
-                       down = 116;
+constexpr std::uint8_t a = 38, d = 40, h = 43, k = 45, l = 46, m = 58, p = 33, r = 27;
 
 TEST_F(ApplicationPanelTest, IsUsedByKeyboard) {
     struct {

@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
+#include "linux/support/Keyboard.h"
 #include "platform/linux/qt/PlainText.h"
 #include "platform/linux/qt/QtAlerts.h"
 #include "virtual-desktop/WaitUntil.h"
@@ -17,7 +18,7 @@ TEST(QtAlerts, ShowASheetOnTheOpenWindowWhileThatIsThere) {
     XClient user;
     const auto x = XConnection::open();
     QtAlerts alerts(*x);
-    constexpr std::uint8_t enter = 36, escape = 9, none = 0;
+    constexpr std::uint8_t none = 0;
     for (const auto& [key, answer] :
          {std::pair(enter, alertFirstButtonReturn), {escape, alertFirstButtonReturn + 1}, {none, 0}}) {
         QWidget window;

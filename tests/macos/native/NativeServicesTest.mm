@@ -1,18 +1,14 @@
 // What the real services answer in any session somebody is logged in to, whatever else runs there.
 
-#include <algorithm>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "macos/native/RunLoopWait.h"
-#include "platform/GlobalEventMonitor.h"
 #import "platform/macos/appkit/MacScreens.h"
 #import "platform/macos/appkit/MacWorkspace.h"
 #import "platform/macos/foundation/MacRunLoop.h"
 #import "platform/macos/foundation/PropertyListBridge.h"
 #include "platform/macos/input/TISInputSources.h"
-#include "platform/macos/keyboard/CarbonHotKeys.h"
 #include "platform/macos/windows/CGWindowList.h"
 
 namespace quorvane {
@@ -50,24 +46,11 @@ TEST(TISInputSources, ListsTheCurrentSourceWhichCanBeSelected) {
     EXPECT_THAT(sources.createInputSourceList("no.such.source"), testing::IsEmpty());
 }
 
-TEST(CarbonHotKeys, GiveACombinationOnceAtATime) {
-    CarbonHotKeys hotKeys;
-    const KeyCombination combination{0x6a,
-                                     ModifierFlag::control | ModifierFlag::option | ModifierFlag::shift};
-    auto first = hotKeys.registerHotKey(combination, [] {});
-    ASSERT_TRUE(first);
-    EXPECT_FALSE(hotKeys.registerHotKey(combination, [] {}));
-    first->end();
-    EXPECT_TRUE(hotKeys.registerHotKey(combination, [] {}));
-}
-
 TEST(CGWindowList, ListsAWindowAsLongAsItIsOnTheScreen) {
-    const CGWindowList list;
-    const auto own = [&] {
-        const auto windows = list.windows();
-        const auto found = std::ranges::find(windows, std::optional<std::string>("a window of its own"),
-                                             &WindowDescription::name);
-        return found == windows.end() ? std::nullopt : std::optional(*found);
+    const auto own = [] {
+        auto windows = CGWindowList().windows();
+        std::erase_if(windows, [](const auto& each) { return each.name != "a window of its own"; });
+        return windows;
     };
     NSWindow* window = [[NSWindow alloc] initWithContentRect:NSMakeRect(100, 100, 300, 200)
                                                    styleMask:NSWindowStyleMaskBorderless
@@ -76,14 +59,12 @@ TEST(CGWindowList, ListsAWindowAsLongAsItIsOnTheScreen) {
     window.releasedWhenClosed = NO;
     window.title = @"a window of its own";
     [window orderFrontRegardless];
-    ASSERT_TRUE(waitUntil([&] { return own().has_value(); }));
-    EXPECT_TRUE(own()->ownerName);
-    EXPECT_EQ(own()->layer, 0);
-    EXPECT_EQ(own()->bounds.x, 100);
-    EXPECT_EQ(own()->bounds.width, 300);
-    EXPECT_EQ(own()->bounds.height, 200);
+    ASSERT_TRUE(waitUntil([&] { return own().size() == 1; }));
+    const auto listed = own().front();
+    EXPECT_TRUE(listed.ownerName && listed.isOnScreen && listed.layer == 0);
+    EXPECT_EQ(listed.bounds, (Rect{100, listed.bounds.y, 300, 200}));
     [window orderOut:nil];
-    EXPECT_TRUE(waitUntil([&] { return !own(); }));
+    EXPECT_TRUE(waitUntil([&] { return own().empty(); }));
 }
 
 TEST(MacScreens, DescribesTheMainScreen) {

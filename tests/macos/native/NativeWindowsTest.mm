@@ -30,9 +30,8 @@ TEST(MacIndicatorWindow, IsThereFromTheStartAndNeverTakesTheFocus) {
     EXPECT_TRUE(indicator.native().styleMask & NSWindowStyleMaskNonactivatingPanel);
     EXPECT_FALSE(indicator.native().opaque);
     indicator.setFrameOrigin({30, 40});
-    EXPECT_EQ(indicator.native().frame.origin.x, 30);
-    EXPECT_EQ(indicator.native().frame.origin.y, 40);
-    EXPECT_EQ(indicator.native().frame.size.width, 20);
+    const NSRect frame = indicator.native().frame;
+    EXPECT_TRUE(frame.origin.x == 30 && frame.origin.y == 40 && frame.size.width == 20);
 }
 
 TEST(MacPreferences, OpenAtTheProgramsRequestAndTellThatTheyClose) {

@@ -27,47 +27,39 @@ EventTargetRef GetEventDispatcherTarget() {
 
 OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP function, ItemCount count,
                              const EventTypeSpec* types, void* userData, EventHandlerRef* reference) {
-    requireMain(__func__);
     const bool isForHotKeys = count == 1 && types->eventClass == kEventClassKeyboard &&
                               types->eventKind == kEventHotKeyPressed && target == GetEventDispatcherTarget();
     if (!isForHotKeys || !system().installsHandlers || find(handler, "")) return paramErr;
     handlerFunction = function;
     handlerUserData = userData;
-    *reference = static_cast<EventHandlerRef>(const_cast<void*>(addObject({.type = handler})));
+    *reference = add<EventHandlerRef>({.type = handler});
     return noErr;
 }
 
 OSStatus RemoveEventHandler(EventHandlerRef reference) {
-    auto* object = use(reference, __func__, handler);
-    if (!object) return paramErr;
-    object->references = 0;
+    use(reference, __func__, handler).references = 0;
     return noErr;
 }
 
 OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType type, EventParamType*,
                            ByteCount room, ByteCount*, void* data) {
-    const auto* key = use(event, __func__, hotKey);
-    if (!key || name != kEventParamDirectObject || type != typeEventHotKeyID || room != sizeof key->id)
-        return paramErr;
-    std::memcpy(data, &key->id, room);
+    const auto& id = use(event, __func__, hotKey).id;
+    if (name != kEventParamDirectObject || type != typeEventHotKeyID || room != sizeof id) return paramErr;
+    std::memcpy(data, &id, room);
     return noErr;
 }
 
 OSStatus RegisterEventHotKey(UInt32 keyCode, UInt32 modifiers, EventHotKeyID id, EventTargetRef target,
                              OptionBits, EventHotKeyRef* reference) {
-    requireMain(__func__);
     if (target != GetEventDispatcherTarget()) return paramErr;
     const auto text = System::combination(keyCode, modifiers);
     if (find(hotKey, text) || std::ranges::count(system().combinationsOfOthers, text))
         return eventHotKeyExistsErr;
-    const auto* key = addObject({.type = hotKey, .text = text, .id = id});
-    *reference = static_cast<EventHotKeyRef>(const_cast<void*>(key));
+    *reference = add<EventHotKeyRef>({.type = hotKey, .text = text, .id = id});
     return noErr;
 }
 
 OSStatus UnregisterEventHotKey(EventHotKeyRef reference) {
-    auto* object = use(reference, __func__, hotKey);
-    if (!object) return eventHotKeyInvalidErr;
-    object->references = 0;
+    use(reference, __func__, hotKey).references = 0;
     return noErr;
 }

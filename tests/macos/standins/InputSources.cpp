@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "macos/standins/StandIns.h"
@@ -21,26 +22,19 @@ namespace {
 
 std::vector<System::Dictionary> sourcesOfID(const std::string* id) {
     std::vector<System::Dictionary> sources;
-    std::ranges::copy_if(system().sources, std::back_inserter(sources), [&](const auto& source) {
-        return !id || PropertyList(source)["TISPropertyInputSourceID"] == PropertyList(*id);
+    std::ranges::copy_if(system().sources, std::back_inserter(sources), [&](const auto& each) {
+        return !id || PropertyList(each)["TISPropertyInputSourceID"] == PropertyList(*id);
     });
     return sources;
 }
 
 /// Its properties end with it.
-const void* makeSource(System::Dictionary properties) {
+TISInputSourceRef makeSource(System::Dictionary properties) {
     const bool hasIcon = properties.erase("TISPropertyIconRef") > 0;
     const auto address = properties.extract("TISPropertyIconImageURL");
-    Object source{.type = inputSource, .value = hasIcon ? 1.0 : 0.0, .parts = {addValue(properties)}};
-    if (address) source.parts.push_back(addObject({.type = url, .parts = {addValue(address.mapped())}}));
-    return addObject(std::move(source));
-}
-
-TISInputSourceRef copySelected(std::string_view caller) {
-    requireMain(caller);
-    const auto selected = sourcesOfID(&system().selectedID);
-    if (selected.empty()) return nullptr;
-    return static_cast<TISInputSourceRef>(const_cast<void*>(makeSource(selected.front())));
+    Object made{.type = source, .value = hasIcon ? 1.0 : 0.0, .parts = {addValue(properties)}};
+    if (address) made.parts.push_back(add({.type = url, .parts = {addValue(address.mapped())}}));
+    return add<TISInputSourceRef>(std::move(made));
 }
 
 } // namespace
@@ -50,46 +44,42 @@ void System::select(const std::string& id) {
 }
 
 CFArrayRef TISCreateInputSourceList(CFDictionaryRef properties, Boolean) {
-    requireMain(__func__);
     const auto* id = properties ? CFDictionaryGetValue(properties, kTISPropertyInputSourceID) : nullptr;
     Object list{.type = array};
-    for (auto& source : sourcesOfID(id ? &static_cast<const Object*>(id)->text : nullptr))
-        list.parts.push_back(makeSource(std::move(source)));
-    if (list.parts.empty() && system().emptyListsAreNull) return nullptr;
-    return static_cast<CFArrayRef>(addObject(std::move(list)));
+    for (auto& each : sourcesOfID(id ? &use(id, __func__, string).text : nullptr))
+        list.parts.push_back(makeSource(std::move(each)));
+    return list.parts.empty() && system().emptyListsAreNull ? nullptr : add<CFArrayRef>(std::move(list));
 }
 
 TISInputSourceRef TISCopyCurrentKeyboardInputSource() {
-    return copySelected(__func__);
+    const auto selected = sourcesOfID(&system().selectedID);
+    return selected.empty() ? nullptr : makeSource(selected.front());
 }
 
 TISInputSourceRef TISCopyCurrentKeyboardLayoutInputSource() {
-    return copySelected(__func__);
+    return TISCopyCurrentKeyboardInputSource();
 }
 
 TISInputSourceRef TISCopyCurrentASCIICapableKeyboardLayoutInputSource() {
-    requireMain(__func__);
     const auto& layout = system().asciiCapableLayout;
-    return layout.empty() ? nullptr : static_cast<TISInputSourceRef>(const_cast<void*>(makeSource(layout)));
+    return layout.empty() ? nullptr : makeSource(layout);
 }
 
 void* TISGetInputSourceProperty(TISInputSourceRef reference, CFStringRef key) {
-    const auto* source = use(reference, __func__, inputSource);
-    if (!source) return nullptr;
-    if (key == kTISPropertyIconRef) return source->value != 0 ? icon : nullptr;
+    const auto& object = use(reference, __func__, source);
+    if (key == kTISPropertyIconRef) return object.value != 0 ? icon : nullptr;
+    const void* address = object.parts.size() > 1 ? object.parts[1] : nullptr;
     const auto* property = key == kTISPropertyIconImageURL
-                               ? (source->parts.size() > 1 ? source->parts[1] : nullptr)
-                               : CFDictionaryGetValue(static_cast<CFDictionaryRef>(source->parts[0]), key);
+                               ? address
+                               : CFDictionaryGetValue(static_cast<CFDictionaryRef>(object.parts.at(0)), key);
     return const_cast<void*>(property);
 }
 
 OSStatus TISSelectInputSource(TISInputSourceRef reference) {
-    const auto* id = TISGetInputSourceProperty(reference, kTISPropertyInputSourceID);
-    if (!id) return paramErr;
-    const auto& text = static_cast<const Object*>(id)->text;
-    const auto sources = sourcesOfID(&text);
-    const std::string_view capable = "TISPropertyInputSourceIsSelectCapable";
-    if (sources.empty() || !PropertyList(sources.front())[capable].boolValue()) return paramErr;
-    system().select(text);
+    const auto& id = use(TISGetInputSourceProperty(reference, kTISPropertyInputSourceID), __func__, string);
+    const auto sources = sourcesOfID(&id.text);
+    if (sources.empty() || !sources.front().at("TISPropertyInputSourceIsSelectCapable").boolValue())
+        return paramErr;
+    system().select(id.text);
     return noErr;
 }

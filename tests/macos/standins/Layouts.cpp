@@ -34,18 +34,16 @@ CFStringRef CFStringCreateWithCharacters(CFAllocatorRef, const UniChar* characte
 }
 
 CFMutableStringRef CFStringCreateMutableCopy(CFAllocatorRef, CFIndex, CFStringRef reference) {
-    const auto* object = use(reference, __func__, string);
-    if (!object) return nullptr;
-    return static_cast<CFMutableStringRef>(const_cast<void*>(addString(object->text)));
+    return static_cast<CFMutableStringRef>(
+        const_cast<void*>(addString(use(reference, __func__, string).text)));
 }
 
 void CFStringUppercase(CFMutableStringRef reference, CFLocaleRef) {
-    auto* object = use(reference, __func__, string);
-    if (!object) return;
-    for (auto& byte : object->text)
+    auto& object = use(reference, __func__, string);
+    for (auto& byte : object.text)
         byte = static_cast<char>(std::toupper(static_cast<unsigned char>(byte)));
-    if (object->text == "\u00fc") object->text = "\u00dc";
-    if (object->text != "\u00df") return;
-    object->text = "SS";
-    object->length = 2;
+    if (object.text == "\u00fc") object.text = "\u00dc";
+    if (object.text != "\u00df") return;
+    object.text = "SS";
+    object.length = 2;
 }

@@ -1,5 +1,6 @@
 #include <algorithm>
-#include <deque>
+#include <iterator>
+#include <list>
 #include <thread>
 #include <utility>
 
@@ -12,7 +13,7 @@ const std::thread::id mainThread = std::this_thread::get_id();
 constexpr int referencesOfConstants = 1000; // So many that one release too many does no harm but is seen.
 
 struct Heap {
-    std::deque<Object> constants, objects; ///< The addresses of a deque's elements stay.
+    std::list<Object> objects; ///< Their addresses stay.
     std::vector<std::string> faults;
 };
 
@@ -26,9 +27,10 @@ CFIndex lengthInUtf16(std::string_view utf8) {
            std::ranges::count_if(utf8, [](unsigned char byte) { return byte >= 0xf0; });
 }
 
-const void* addConstant(Object object) {
-    object.references = referencesOfConstants;
-    return &heap().constants.emplace_back(std::move(object));
+template <class Reference>
+Reference addConstant(Object object) {
+    object.references = object.referencesAtEnd = referencesOfConstants;
+    return add<Reference>(std::move(object));
 }
 
 } // namespace
@@ -40,14 +42,12 @@ System& system() {
 
 std::vector<std::string> restartSystem() {
     system() = {};
-    for (const auto& object : heap().objects) {
-        if (object.references > 0) addFault("leaked", std::to_string(object.type) + ' ' + object.text);
+    for (auto& object : heap().objects) {
+        const int references = std::exchange(object.references, object.referencesAtEnd);
+        if (references != object.referencesAtEnd)
+            addFault("retained and released unequally", std::to_string(object.type) + ' ' + object.text);
     }
-    for (auto& object : heap().constants) {
-        if (std::exchange(object.references, referencesOfConstants) != referencesOfConstants)
-            addFault("retained and released unequally", object.text);
-    }
-    heap().objects.clear();
+    heap().objects.remove_if([](const Object& object) { return object.references == 0; });
     return std::exchange(heap().faults, {});
 }
 
@@ -57,59 +57,48 @@ const void* addObject(Object object) {
 
 CFTypeRef addString(std::string_view utf8) {
     if (std::ranges::any_of(utf8, [](unsigned char byte) { return byte >= 0xf5; })) return nullptr;
-    return addObject({.type = string, .text = std::string(utf8), .length = lengthInUtf16(utf8)});
+    return add({.type = string, .text = std::string(utf8), .length = lengthInUtf16(utf8)});
 }
 
 CFTypeRef addValue(const PropertyList& value) {
     if (const auto* text = value.string()) return addString(*text);
     if (const auto* is = value.boolean()) return CFRetain(*is ? kCFBooleanTrue : kCFBooleanFalse);
     if (const auto* integer = value.integer())
-        return addObject({.type = number, .value = static_cast<double>(*integer)});
-    if (const auto* real = value.real()) return addObject({.type = number, .value = *real});
-    if (const auto* bytes = value.data())
-        return addObject({.type = data, .text = {bytes->begin(), bytes->end()}});
+        return add({.type = number, .value = static_cast<double>(*integer)});
+    if (const auto* real = value.real()) return add({.type = number, .value = *real});
+    if (const auto* bytes = value.data()) return add({.type = data, .text = {bytes->begin(), bytes->end()}});
     Object entries{.type = dictionary};
     for (const auto& [key, entry] : *value.dictionary())
         entries.parts.insert(entries.parts.end(), {addString(key), addValue(entry)});
-    return addObject(std::move(entries));
+    return add(std::move(entries));
 }
 
 CFStringRef constant(std::string_view ascii) {
-    return static_cast<CFStringRef>(
-        addConstant({.type = string, .text = std::string(ascii), .length = lengthInUtf16(ascii)}));
+    return addConstant<CFStringRef>(
+        {.type = string, .text = std::string(ascii), .length = lengthInUtf16(ascii)});
 }
 
 void addFault(std::string_view caller, std::string_view fault) {
     heap().faults.push_back(std::string(caller) + ": " + std::string(fault));
 }
 
-void requireMain(std::string_view caller) {
-    if (std::this_thread::get_id() != mainThread) addFault(caller, "not the main thread");
-}
-
-Object* use(const void* reference, std::string_view caller, CFTypeID type) {
-    requireMain(caller);
-    Object* object = nullptr;
-    for (auto* objects : {&heap().constants, &heap().objects}) {
-        for (auto& each : *objects) {
-            if (&each == reference) object = &each;
-        }
-    }
-    const auto* fault = !reference                            ? "null"
-                        : !object                             ? "no object"
-                        : object->references < 1              ? "used after its release"
-                        : type != any && object->type != type ? "of another type"
-                                                              : nullptr;
-    if (!fault) return object;
+Object& use(const void* reference, std::string_view caller, CFTypeID type) {
+    auto& objects = heap().objects;
+    const auto found = std::ranges::find_if(objects, [&](const auto& each) { return &each == reference; });
+    const auto* fault = found == objects.end()               ? "null, or no object"
+                        : found->references < 1              ? "used after its release"
+                        : type != any && found->type != type ? "of another type"
+                                                             : nullptr;
+    if (!fault) return *found;
     addFault(caller, fault);
-    return nullptr;
+    static Object empty;
+    return empty = {};
 }
 
 Object* find(CFTypeID type, std::string_view text) {
-    const auto object = std::ranges::find_if(heap().objects, [&](const Object& each) {
-        return each.type == type && each.text == text && each.references > 0;
-    });
-    return object == heap().objects.end() ? nullptr : &*object;
+    for (auto& each : heap().objects)
+        if (each.type == type && each.text == text && each.references > 0) return &each;
+    return nullptr;
 }
 
 } // namespace quorvane::standins
@@ -117,47 +106,38 @@ Object* find(CFTypeID type, std::string_view text) {
 using namespace quorvane::standins;
 
 const CFAllocatorRef kCFAllocatorDefault = nullptr;
-const CFBooleanRef kCFBooleanTrue = static_cast<CFBooleanRef>(addConstant({.type = boolean, .value = 1}));
-const CFBooleanRef kCFBooleanFalse = static_cast<CFBooleanRef>(addConstant({.type = boolean}));
+const CFBooleanRef kCFBooleanTrue = addConstant<CFBooleanRef>({.type = boolean, .value = 1});
+const CFBooleanRef kCFBooleanFalse = addConstant<CFBooleanRef>({.type = boolean});
 const CFDictionaryKeyCallBacks kCFTypeDictionaryKeyCallBacks{};
 const CFDictionaryValueCallBacks kCFTypeDictionaryValueCallBacks{};
 
 CFTypeRef CFRetain(CFTypeRef reference) {
-    if (auto* object = use(reference, __func__)) ++object->references;
+    ++use(reference, __func__).references;
     return reference;
 }
 
 void CFRelease(CFTypeRef reference) {
-    auto* object = use(reference, __func__);
-    if (!object || --object->references > 0 || !object->ownsParts) return;
-    for (const auto* part : object->parts)
+    auto& object = use(reference, __func__);
+    if (--object.references > 0 || !object.ownsParts) return;
+    for (const auto* part : object.parts)
         CFRelease(part);
 }
 
-CFTypeID CFGetTypeID(CFTypeRef reference) {
-    const auto* object = use(reference, __func__);
-    return object ? object->type : any;
-}
+// clang-format off
+CFTypeID CFGetTypeID(CFTypeRef reference) { return use(reference, __func__).type; }
+CFTypeID CFStringGetTypeID() { return string; }
+CFTypeID CFBooleanGetTypeID() { return boolean; }
+CFTypeID CFNumberGetTypeID() { return number; }
+CFTypeID CFDataGetTypeID() { return data; }
+CFTypeID CFURLGetTypeID() { return url; }
+CFTypeID CFDictionaryGetTypeID() { return dictionary; }
 
-CFTypeID CFStringGetTypeID() {
-    return string;
-}
-
-CFTypeID CFBooleanGetTypeID() {
-    return boolean;
-}
-
-CFTypeID CFNumberGetTypeID() {
-    return number;
-}
-
-CFTypeID CFURLGetTypeID() {
-    return url;
-}
-
-CFTypeID CFDictionaryGetTypeID() {
-    return dictionary;
-}
+CFIndex CFStringGetLength(CFStringRef reference) { return use(reference, __func__, string).length; }
+CFIndex CFDataGetLength(CFDataRef reference) { return std::ssize(use(reference, __func__, data).text); }
+Boolean CFBooleanGetValue(CFBooleanRef reference) { return use(reference, __func__, boolean).value != 0; }
+CFIndex CFArrayGetCount(CFArrayRef reference) { return std::ssize(use(reference, __func__, array).parts); }
+CFRunLoopRef CFRunLoopGetMain() { return reinterpret_cast<CFRunLoopRef>(&heap()); }
+// clang-format on
 
 CFStringRef CFStringCreateWithBytes(CFAllocatorRef, const UInt8* bytes, CFIndex size, CFStringEncoding,
                                     Boolean) {
@@ -165,69 +145,37 @@ CFStringRef CFStringCreateWithBytes(CFAllocatorRef, const UInt8* bytes, CFIndex 
         addString({reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size)}));
 }
 
-CFIndex CFStringGetLength(CFStringRef reference) {
-    const auto* object = use(reference, __func__, string);
-    return object ? object->length : 0;
-}
-
 CFIndex CFStringGetBytes(CFStringRef reference, CFRange range, CFStringEncoding encoding, UInt8, Boolean,
                          UInt8* buffer, CFIndex room, CFIndex* used) {
-    const auto* object = use(reference, __func__, string);
-    if (!object) return 0;
-    const auto size = static_cast<CFIndex>(object->text.size());
-    if (encoding != kCFStringEncodingUTF8 || range.length != object->length || (buffer && room < size))
+    const auto& object = use(reference, __func__, string);
+    *used = std::ssize(object.text);
+    if (encoding != kCFStringEncodingUTF8 || range.length != object.length || (buffer && room < *used))
         addFault(__func__, "not the whole string in UTF-8");
-    if (buffer) object->text.copy(reinterpret_cast<char*>(buffer), static_cast<std::size_t>(room));
-    *used = size;
-    return lengthInUtf16(object->text);
-}
-
-CFTypeID CFDataGetTypeID() {
-    return data;
-}
-
-CFIndex CFDataGetLength(CFDataRef reference) {
-    const auto* object = use(reference, __func__, data);
-    return object ? static_cast<CFIndex>(object->text.size()) : 0;
+    if (buffer) object.text.copy(reinterpret_cast<char*>(buffer), static_cast<std::size_t>(room));
+    return lengthInUtf16(object.text);
 }
 
 const UInt8* CFDataGetBytePtr(CFDataRef reference) {
-    const auto* object = use(reference, __func__, data);
-    return object ? reinterpret_cast<const UInt8*>(object->text.data()) : nullptr;
-}
-
-Boolean CFBooleanGetValue(CFBooleanRef reference) {
-    const auto* object = use(reference, __func__, boolean);
-    return object && object->value != 0;
+    return reinterpret_cast<const UInt8*>(use(reference, __func__, data).text.data());
 }
 
 Boolean CFNumberGetValue(CFNumberRef reference, CFNumberType type, void* result) {
-    const auto* object = use(reference, __func__, number);
-    if (!object || type != kCFNumberIntType) return false;
+    const auto value = use(reference, __func__, number).value;
     auto& integer = *static_cast<int*>(result);
-    integer = static_cast<int>(object->value);
-    return integer == object->value;
+    integer = static_cast<int>(value);
+    return type == kCFNumberIntType && integer == value;
 }
 
 CFURLRef CFURLCopyAbsoluteURL(CFURLRef reference) {
-    const auto* object = use(reference, __func__, url);
-    if (!object) return nullptr;
-    return static_cast<CFURLRef>(addObject({.type = url, .parts = {CFRetain(object->parts.at(0))}}));
+    return add<CFURLRef>({.type = url, .parts = {CFRetain(CFURLGetString(reference))}});
 }
 
 CFStringRef CFURLGetString(CFURLRef reference) {
-    const auto* object = use(reference, __func__, url);
-    return object ? static_cast<CFStringRef>(object->parts.at(0)) : nullptr;
-}
-
-CFIndex CFArrayGetCount(CFArrayRef reference) {
-    const auto* object = use(reference, __func__, array);
-    return object ? static_cast<CFIndex>(object->parts.size()) : 0;
+    return static_cast<CFStringRef>(use(reference, __func__, url).parts.at(0));
 }
 
 const void* CFArrayGetValueAtIndex(CFArrayRef reference, CFIndex index) {
-    const auto* object = use(reference, __func__, array);
-    return object ? object->parts.at(static_cast<std::size_t>(index)) : nullptr;
+    return use(reference, __func__, array).parts.at(static_cast<std::size_t>(index));
 }
 
 CFDictionaryRef CFDictionaryCreate(CFAllocatorRef, const void** keys, const void** values, CFIndex count,
@@ -238,20 +186,16 @@ CFDictionaryRef CFDictionaryCreate(CFAllocatorRef, const void** keys, const void
     Object object{.type = dictionary};
     for (CFIndex i = 0; i < count; ++i)
         object.parts.insert(object.parts.end(), {CFRetain(keys[i]), CFRetain(values[i])});
-    return static_cast<CFDictionaryRef>(addObject(std::move(object)));
+    return add<CFDictionaryRef>(std::move(object));
 }
 
 const void* CFDictionaryGetValue(CFDictionaryRef reference, const void* key) {
-    const auto* object = use(reference, __func__, dictionary);
-    const auto* wanted = use(key, __func__, string);
-    for (std::size_t i = 0; object && wanted && i < object->parts.size(); i += 2) {
-        if (static_cast<const Object*>(object->parts[i])->text == wanted->text) return object->parts[i + 1];
+    const auto& parts = use(reference, __func__, dictionary).parts;
+    const auto& wanted = use(key, __func__, string).text;
+    for (std::size_t i = 0; i < parts.size(); i += 2) {
+        if (static_cast<const Object*>(parts[i])->text == wanted) return parts[i + 1];
     }
     return nullptr;
-}
-
-CFRunLoopRef CFRunLoopGetMain() {
-    return reinterpret_cast<CFRunLoopRef>(&heap());
 }
 
 CFRunLoopRef CFRunLoopGetCurrent() {

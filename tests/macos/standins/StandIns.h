@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include <gmock/gmock.h>
+
 #include "platform/PropertyList.h"
 #include "platform/macos/Apple.h"
 
@@ -37,21 +39,15 @@ System& system();
 /// A fresh system. Tells all faults in the use of the old one, and what is owned still.
 std::vector<std::string> restartSystem();
 
+/// A fresh system, which must have been used without a fault when it ends.
+struct FreshSystem {
+    FreshSystem() { restartSystem(); }
+    ~FreshSystem() { EXPECT_THAT(restartSystem(), testing::IsEmpty()); }
+};
+
 extern const IconRef icon; ///< Of all input sources that have one.
 
-enum Type : CFTypeID {
-    any,
-    string,
-    boolean,
-    number,
-    data,
-    url,
-    array,
-    dictionary,
-    inputSource,
-    hotKey,
-    handler
-};
+enum Type : CFTypeID { any, string, boolean, number, data, url, array, dictionary, source, hotKey, handler };
 
 /// Anything that is owned. It is remembered when it is gone, so that later uses are found.
 struct Object {
@@ -62,20 +58,27 @@ struct Object {
     std::vector<const void*> parts{}; ///< Elements, or keys and values by turns.
     bool ownsParts = true;            ///< False for plain numbers in the place of objects.
     EventHotKeyID id{};
-    int references = 1; ///< 0: gone.
+    int references = 1;      ///< 0: gone.
+    int referencesAtEnd = 0; ///< Of the system. More for what lives for ever.
 };
 
 const void* addObject(Object object);
+
+/// As the reference that it becomes.
+template <class Reference = CFTypeRef>
+Reference add(Object object) {
+    return static_cast<Reference>(const_cast<void*>(addObject(std::move(object))));
+}
+
 CFTypeRef addString(std::string_view utf8);
 CFTypeRef addValue(const PropertyList& value);
 CFStringRef constant(std::string_view ascii); ///< Lives for ever.
 
 void addFault(std::string_view caller, std::string_view fault);
-void requireMain(std::string_view caller);
 
-/// The object behind a reference. Null, and a fault, when it is gone, none, of another type, or used on
-/// another thread than the main one.
-Object* use(const void* reference, std::string_view caller, CFTypeID type = any);
+/// The object behind a reference. It is a fault when that is gone, none, or of another type; then an empty
+/// object takes its place.
+Object& use(const void* reference, std::string_view caller, CFTypeID type = any);
 
 /// One that is not gone; null when there is none.
 Object* find(CFTypeID type, std::string_view text);

@@ -31,7 +31,6 @@ typedef NS_ENUM(NSInteger, NSTextAlignment) { NSTextAlignmentCenter = 2 };
 @property BOOL usesSingleLineMode;
 @property BOOL allowsExpansionToolTips;
 @property BOOL refusesFirstResponder;
-- (BOOL)abortEditing;
 @end
 
 @protocol NSControlTextEditingDelegate <NSObject>

@@ -16,11 +16,13 @@ enum : NSControlStateValue {
 
 typedef NS_ENUM(NSUInteger, NSImageScaling) { NSImageScaleProportionallyDown = 0 };
 
+typedef NS_ENUM(NSInteger, NSBackgroundStyle) { NSBackgroundStyleNormal = 0 };
+
 @interface NSCell : NSObject
 @property(getter=isScrollable) BOOL scrollable;
 @property BOOL wraps;
 @property NSLineBreakMode lineBreakMode;
-@property(nullable, strong) id representedObject;
+@property NSBackgroundStyle backgroundStyle;
 @end
 
 #pragma clang assume_nonnull end

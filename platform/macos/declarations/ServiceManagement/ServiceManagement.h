@@ -10,18 +10,10 @@
 extern "C" Boolean SMLoginItemSetEnabled(CFStringRef identifier, Boolean enabled)
     API_DEPRECATED("", macos(10.6, 13.0));
 
-typedef NS_ENUM(NSInteger, SMAppServiceStatus) {
-    SMAppServiceStatusNotRegistered = 0,
-    SMAppServiceStatusEnabled = 1,
-    SMAppServiceStatusRequiresApproval = 2,
-    SMAppServiceStatusNotFound = 3
-};
-
 enum { kSMErrorJobNotFound = 6, kSMErrorAlreadyRegistered = 12 };
 
 API_AVAILABLE(macos(13.0))
 @interface SMAppService : NSObject
-@property(readonly) SMAppServiceStatus status;
 + (instancetype)loginItemServiceWithIdentifier:(NSString*)identifier;
 - (BOOL)registerAndReturnError:(NSError* _Nullable* _Nullable)error;
 - (BOOL)unregisterAndReturnError:(NSError* _Nullable* _Nullable)error;

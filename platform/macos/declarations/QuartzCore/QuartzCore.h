@@ -9,6 +9,7 @@
 @interface CALayer : NSObject
 @property(nullable) CGColorRef backgroundColor;
 @property CGFloat cornerRadius;
+@property BOOL masksToBounds;
 @end
 
 #pragma clang assume_nonnull end

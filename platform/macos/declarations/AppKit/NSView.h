@@ -8,8 +8,6 @@
 
 #pragma clang assume_nonnull begin
 
-typedef NS_OPTIONS(NSUInteger, NSAutoresizingMaskOptions) { NSViewNotSizable = 0 };
-
 @class NSWindow;
 
 @class CALayer;
@@ -27,7 +25,6 @@ typedef NS_OPTIONS(NSUInteger, NSAutoresizingMaskOptions) { NSViewNotSizable = 0
 @property(nullable, readonly, assign) NSWindow* window;
 @property(copy) NSArray<__kindof NSView*>* subviews;
 - (BOOL)isDescendantOf:(NSView*)view;
-@property NSAutoresizingMaskOptions autoresizingMask;
 @property BOOL needsDisplay;
 - (void)setFrameSize:(NSSize)newSize;
 - (void)viewWillMoveToWindow:(nullable NSWindow*)newWindow;
