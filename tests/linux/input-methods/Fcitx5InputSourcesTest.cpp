@@ -132,6 +132,22 @@ TEST_F(Fcitx5InputSourcesTest, NamesAndIconsAreTheDaemonsWhereTheXServerHasNone)
                                                      "find fcitx-hangul", "한", "HA", "GO"));
 }
 
+TEST_F(Fcitx5InputSourcesTest, IsUnavailableWhileTheDaemonHangsAndWhenTheBusHasEnded) {
+    const auto becomes = [&](bool isAvailable) {
+        return waitUntil([&] { return session_.sources.isAvailable() == isAvailable; });
+    };
+    session_.start();
+    session_.daemon.stop();
+    EXPECT_TRUE(session_.select("xkb:ru"));
+    EXPECT_TRUE(becomes(false));
+    EXPECT_FALSE(session_.select("xkb:us"));
+    EXPECT_EQ(currentIdIn(session_.sources), "none");
+    session_.daemon.resume();
+    EXPECT_TRUE(becomes(true));
+    session_.bus.end();
+    EXPECT_TRUE(becomes(false));
+}
+
 TEST_F(Fcitx5InputSourcesTest, WhatNoDaemonEverListedChangesNothingWhileItIsAway) {
     auto& desktop = session_.desktop;
     const auto layoutAfter = [&](const char* id) {

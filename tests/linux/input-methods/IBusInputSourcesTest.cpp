@@ -151,6 +151,20 @@ TEST_F(IBusInputSourcesTest, SourcesAreDescribedAsTheUserKnowsThem) {
     })) << "what the X server has, and nothing for the language C";
 }
 
+TEST_F(IBusInputSourcesTest, ADaemonThatHangsIsUnavailableUntilItGoesOn) {
+    start();
+    for (const bool goesOn : {true, false}) {
+        daemon.stop();
+        EXPECT_TRUE(waitUntil([this] {
+            sources.applicationActivated("", 0);
+            return !sources.isAvailable();
+        }));
+        goesOn ? daemon.resume() : daemon.kill();
+        if (!goesOn) daemon.start(); // another one in its place
+        EXPECT_TRUE(waitUntil([this] { return sources.isAvailable(); }));
+    }
+}
+
 TEST_F(IBusInputSourcesTest, OwnTextFieldsAreTypedWithItAndNeverWaitForIt) {
     start();
     ASSERT_TRUE(select("ibus:libpinyin") && waitForEngine("libpinyin"));

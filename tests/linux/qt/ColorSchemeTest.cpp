@@ -59,10 +59,8 @@ TEST(ColorScheme, IsThePortalsOrElseTheThemes) {
     std::optional<Portal> portal(1);
     std::optional<ColorScheme> scheme(*x);
     EXPECT_TRUE(becomes(true)) << "at start";
-    for (const unsigned now : {2U, 1U, 0U}) {
-        portal->change(now);
-        EXPECT_TRUE(becomes(now == 1)) << now;
-    }
+    for (const unsigned now : {2U, 1U, 0U})
+        EXPECT_TRUE((portal->change(now), becomes(now == 1))) << now;
     portal.reset();
     scheme.emplace(*x);
     std::optional<SettingsManager> manager("Greybird-dark");

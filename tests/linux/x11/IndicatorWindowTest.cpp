@@ -33,16 +33,11 @@ struct Shown {
         }
         return {};
     }
-    Rect place() { return native().bounds; }
 
     X11Session& session;
     X11Screens screens;
     QtIndicatorWindow indicator{*session.x, screens};
 };
-
-void run(const QString& program, const QStringList& arguments) {
-    ASSERT_EQ(QProcess::execute(program, arguments), 0);
-}
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
@@ -92,7 +87,7 @@ TEST_P(IndicatorOnWindowManager, IsDraggedExactlyAndWithoutTellingAnybody) {
     ASSERT_TRUE(session_.waitForFront("Other"));
     shown_.indicator.setFrameOrigin({400, 500});
     const Rect start{400, 380, 20, 20};
-    ASSERT_TRUE(waitUntil([&] { return shown_.place() == start; }));
+    ASSERT_TRUE(waitUntil([&] { return shown_.native().bounds == start; }));
     X11EventMonitor monitor(*session_.x);
     int told = 0;
     const auto clicks = monitor.addGlobalMonitor(eventMask(EventType::leftMouseUp), [&](auto&) { ++told; });
@@ -100,13 +95,13 @@ TEST_P(IndicatorOnWindowManager, IsDraggedExactlyAndWithoutTellingAnybody) {
     session_.user.moveTo(407, 389);
     session_.user.click(1);
     session_.handleWhatHappened();
-    EXPECT_EQ(shown_.place(), start);
+    EXPECT_EQ(shown_.native().bounds, start);
     session_.user.pressButton(1);
     session_.user.moveTo(500, 300);
     session_.user.moveTo(612, 245);
     session_.user.releaseButton(1);
     session_.user.moveTo(900, 700); // Gone before anybody could ask where the button was released.
-    EXPECT_TRUE(waitUntil([&] { return shown_.place() == Rect{605, 236, 20, 20}; }));
+    EXPECT_TRUE(waitUntil([&] { return shown_.native().bounds == Rect{605, 236, 20, 20}; }));
     EXPECT_TRUE(session_.waitForFront("Other"));
     const auto framed = session_.user.show(); // By a connection of its own, as windows of a toolkit are.
     ASSERT_TRUE(waitUntil([&] { return stackedWindow(*session_.x, framed).isVisible; }));
@@ -171,7 +166,9 @@ TEST_P(X11WindowListTest, IsKeptUpByEventsAndTellsWhenTheFrontWindowMoves) {
     int told = 0;
     const auto telling = list_.addFrontWindowObserver([&] { ++told; });
     std::optional<TestWindow> front, other, menu;
-    const auto id = [&] { return QString::number(front->window()); };
+    const auto tell = [&](const char* what, const char* x, const char* y) {
+        ASSERT_EQ(QProcess::execute("xdotool", {what, QString::number(front->window()), x, y}), 0);
+    };
     // clang-format off
     const struct {
         const char* what;
@@ -182,8 +179,8 @@ TEST_P(X11WindowListTest, IsKeptUpByEventsAndTellsWhenTheFrontWindowMoves) {
         {"a window", [&] { front.emplace(QStringList{"class=Front", "title=Front", "at=100,100,500,300"}); }},
         {"a menu", [&] { menu.emplace(QStringList{"class=Front", "popup=1", "at=0,0,50,50"}); }, false},
         {"the menu is closed", [&] { menu.reset(); }, false},
-        {"moved", [&] { run("xdotool", {"windowmove", id(), "300", "200"}); }},
-        {"resized", [&] { run("xdotool", {"windowsize", id(), "640", "480"}); }},
+        {"moved", [&] { tell("windowmove", "300", "200"); }},
+        {"resized", [&] { tell("windowsize", "640", "480"); }},
         {"a shadow", [&] { session_.user.setValues(front->window(), "_GTK_FRAME_EXTENTS", {9, 9, 20, 20}); }},
         {"another title", [&] { session_.user.setText(front->window(), "_NET_WM_NAME", "UTF8_STRING", "Other"); }, false},
         {"another window", [&] { other.emplace(QStringList{"class=Other", "title=Other"}); }},

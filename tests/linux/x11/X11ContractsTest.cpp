@@ -47,12 +47,13 @@ public:
     void quit(const std::string& id) override {
         const auto window = windows_[id].front().window();
         windows_.erase(id);
-        // The next program gets its number: nobody shall take that for the one that has gone.
-        for (const auto* property : {"_NET_CLIENT_LIST", "_NET_ACTIVE_WINDOW"}) {
-            waitUntil([&] {
-                return !std::ranges::count(session_.user.values(session_.user.root(), property), window);
-            });
-        }
+        // The next program gets its number: nobody shall take that for the one that has gone. openbox leaves
+        // the last one announced.
+        const auto lists = [&](const char* property) {
+            return std::ranges::count(session_.user.values(session_.user.root(), property), window) > 0;
+        };
+        waitUntil(
+            [&] { return !lists("_NET_CLIENT_LIST") && (windows_.empty() || !lists("_NET_ACTIVE_WINDOW")); });
     }
 
 private:

@@ -44,11 +44,9 @@ TEST_F(X11WorkspaceTest, KnowsTheApplicationOfAWindow) {
         session_.folders.write("data/applications/" + id + ".desktop",
                                "[Desktop Entry]\nType=Application\nName=A name\n" + QByteArray(lines));
     };
-    entry("org.maker.Gtk", "");
-    entry("org.maker.Kde", "");
+    for (const auto* id : {"org.maker.Gtk", "org.maker.Kde", "org.maker.Editor", "plain"})
+        entry(id, "");
     entry("org.maker.Startup", "StartupWMClass=Odd Class\n");
-    entry("org.maker.Editor", "");
-    entry("plain", "");
     entry("org.maker.Tool", "Exec=env LANG=C /opt/bin/special --flag %U\n");
     entry("org.maker.Script", "Exec=python3 script.py\n");
     const auto special = copyOfTestWindow("special");
@@ -125,12 +123,11 @@ TEST_F(X11WorkspaceTest, AProgramWithoutDesktopFileIsTheSameWhicheverWayItIsName
 
 TEST_F(X11WorkspaceTest, WindowsThatNobodyCanIdentifyHaveNoIdentifier) {
     const TestWindow first({"orphan=1"});
-    ASSERT_TRUE(waitUntil([&] { return activated_.size() == 1; }));
+    ASSERT_TRUE(waitUntil([&] { return activated_ == Ids{"nobody's"}; }));
     const TestWindow second({"orphan=1"});
-    ASSERT_TRUE(waitUntil([&] { return activated_.size() == 2; }));
+    ASSERT_TRUE(waitUntil([&] { return activated_ == Ids(2, "nobody's"); }));
     session_.user.activate(first.window());
-    ASSERT_TRUE(waitUntil([&] { return activated_.size() == 3; }));
-    EXPECT_THAT(activated_, testing::Each("nobody's"));
+    EXPECT_TRUE(waitUntil([&] { return activated_ == Ids(3, "nobody's"); }));
     EXPECT_THAT(session_.workspace.runningApplications(), testing::IsEmpty());
 }
 
@@ -158,6 +155,10 @@ TEST_F(X11WorkspaceTest, ReadsTheActiveWindowWhateverIsThere) {
         }
     }
     EXPECT_THAT(activated_, testing::ElementsAre("Unlisted"));
+    session_.user.map(unshown); // So it was the truth.
+    session_.handleWhatHappened();
+    ASSERT_EQ(QProcess::execute("xdotool", {"windowfocus", QString::number(unshown)}), 0);
+    EXPECT_TRUE(session_.waitForFront(std::string(maker::bundleIdentifier)));
 }
 
 struct X11WorkspaceOnBspwm : X11WorkspaceTest {
