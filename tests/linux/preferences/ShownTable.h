@@ -116,6 +116,7 @@ struct ShownTable : PreferencesActions {
     void AddApplication() override {}
     void RemoveApplication() override {}
     void mouseDownByApplication() override {}
+    void onEnglishSymbolChanged(int, int) override {}
     void RemoveLocation() override {}
     void mouseDownByLocation() override {}
     void startOrStopSetUpButtonClick() override {}
@@ -136,7 +137,8 @@ struct ShownTable : PreferencesActions {
     ShortcutKeyboard keyboard{*x};
     CellTable table;
     QtTableView port{table};
-    SimulatedUserDefaults defaults;
+    Journal journal;
+    SimulatedUserDefaults defaults{journal};
     UserDefaults& standard = defaults.standardUserDefaults();
     X11HotKeys hotKeys{*x};
     PTHotKeyCenter hotKeyCenter{hotKeys};
