@@ -117,7 +117,6 @@ void LauncherWatch::openIfOnScreen(Launcher& launcher) {
     if (!isOnScreen(launcher) || launcher.isOpen) return;
     episodes_.rememberFrontmost();
     episodes_.begin(launcher.isOpen, launcher.bundleIdentifier);
-    launcher.stillOpen.restart();
 }
 
 } // namespace quorvane

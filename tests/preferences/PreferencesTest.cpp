@@ -401,6 +401,7 @@ TEST_F(Preferences, LocationsAreShownEditedAndRemovedAsTheyStand) {
 }
 
 TEST_F(Preferences, ASetupIsStartedAndStopped) {
+    standard_.setBool(false, key::hiddenIconInStatusBar); // or closing ends the program
     open();
     const auto press = [&](int state) {
         return [&, state] {
@@ -408,16 +409,16 @@ TEST_F(Preferences, ASetupIsStartedAndStopped) {
             actions().startOrStopSetUpButtonClick();
         };
     };
-    expectSteps({{"without the companion", press(stateOn), {"0 set up off; " + companionSheet}}});
+    const std::string stopped = "preferences level 0; preferences behavior 0; set up '*Start Setup'; post "
+                                "StopSetUpSwitchInputByLocation";
+    expectSteps({{"the window closes", [&] { window_->window.close(); }, {"0 set up off; " + stopped}},
+                 {"without the companion", press(stateOn), {"0 set up off; " + companionSheet}}});
     happen("companion");
     expectSteps({{"on",
                   press(stateOn),
                   {"0 preferences level 1; preferences behavior 1; set up '*Stop Setup'; post "
                    "StartSetUpSwitchInputByLocation"}},
-                 {"off",
-                  press(stateOff),
-                  {"0 preferences level 0; preferences behavior 0; set up '*Start Setup'; post "
-                   "StopSetUpSwitchInputByLocation"}}});
+                 {"off", press(stateOff), {"0 " + stopped}}});
 }
 
 TEST_F(Preferences, AShortcutTakesEffectWhenItIsRecordedAndWhenItIsCleared) {

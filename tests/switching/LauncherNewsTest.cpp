@@ -60,6 +60,9 @@ const Story told[] = {
      "companion told:rofi =ru told-none",
      {"0 suite AskTandrelSwitchInput = 'ru'; post AskTandrelSwitchInput; suite AskTandrelSwitchInput = 'us'; "
       "post AskTandrelSwitchInput"}},
+    {"an activation that ends it looks for no window",
+     "launch own:followWindow=true own:enableTipOfState=true told:rofi 1 | de.app",
+     {"0 " + switchTo("de", "ru", 2)}},
     {"the indicator goes there and back at once, and the mouse is watched only while it follows",
      "launch front.app | own:followWindow=true own:enableTipOfState=true mouse told:rofi mouse told-none "
      "window-moves:50 companion window-moves:50 own:followWindow=false mouse",

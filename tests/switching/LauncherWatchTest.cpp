@@ -81,10 +81,14 @@ const Story episodes[] = {
      "0x100108 0.15 0x100 1",
      {"0.1 look; look", "0.2 look; look"}},
     {"the indicator goes to the launcher a moment later, once, and back when it closes",
-     "launch own:enableTipOfState=true own:followWindow=true front.app 1 | 0x100108 spotlight 0.1 "
-     "0.15 mouse 0x100 closes 0.3",
-     {"0.1 look; " + spotlightOpened, "0.2 indicator at 978,678", "0.3 box hidden; no icon",
-      "0.45 look; look; indicator at 1078,828"}},
+     "launch own:enableTipOfState=true own:followWindow=true front.app 1 | 0x100108 spotlight 0.1 0x40101 "
+     "0.35 "
+     "mouse 0x100 closes 0.3",
+     {"0.1 look; " + spotlightOpened, "0.2 indicator at 978,678", "0.3 box hidden; no icon; look",
+      "0.65 look; look; indicator at 1078,828"}},
+    {"whoever was last decided for counts when it closes, not who is in front",
+     "ignore:look launch first.app runs:ru.app unhides:ru.app 1 =us | 0x100108 spotlight 0.1 0x100 closes 1",
+     {"0.1 " + switchLauncherTo("de", "us", 2), "0.4 " + switchTo("ru", "de", 3)}},
 };
 INSTANTIATE_TEST_SUITE_P(Launchers, Stories, testing::ValuesIn(episodes));
 
