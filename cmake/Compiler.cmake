@@ -31,6 +31,7 @@ endif()
 
 option(QUORVANE_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 if(QUORVANE_SANITIZE)
-  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
+                      -g1) # the lines of a stack trace; more takes a compiler longer
   add_link_options(-fsanitize=address,undefined)
 endif()

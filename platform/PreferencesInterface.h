@@ -3,19 +3,19 @@
 #include <string>
 #include <string_view>
 
-#include "platform/CellView.h"
+#include "platform/TableSource.h"
 #include "platform/Widgets.h"
 #include "platform/Window.h"
 
 namespace quorvane {
 
-/// The check boxes of the options, each by the name of its setting. Null: the interface file has none.
+/// The check boxes of the options, each by the name of its setting.
 struct OptionCheckBoxes {
-    CheckBox* autoStartAtLogin = nullptr;
-    CheckBox* enableTipOfState = nullptr;
-    CheckBox* followWindow = nullptr;
-    CheckBox* hiddenIconInStatusBar = nullptr;
-    CheckBox* enableForceEnglishBrowserAddress = nullptr;
+    CheckBox& autoStartAtLogin;
+    CheckBox& enableTipOfState;
+    CheckBox& followWindow;
+    CheckBox& hiddenIconInStatusBar;
+    CheckBox& enableForceEnglishBrowserAddress;
 };
 
 /// What the preferences window's interface file holds. Lives as long as whoever loaded it keeps it.
@@ -39,7 +39,7 @@ struct PreferencesOutlets {
     OptionCheckBoxes options;
 };
 
-/// What the widgets of that file call, and what its tables ask.
+/// What the widgets of that file call.
 class PreferencesActions {
 public:
     virtual ~PreferencesActions() = default;
@@ -59,15 +59,6 @@ public:
     virtual void mouseDownByLocation() = 0;
     virtual void startOrStopSetUpButtonClick() = 0;
     virtual void openLink(std::string_view action) = 0; ///< One of the link actions, by its name.
-
-    // Tables. Rows count from 0.
-    virtual int numberOfRowsInTableView(const TableView& table) const = 0;
-    virtual CellView viewForTableColumn(const TableView& table, std::string_view column, int row) = 0;
-    virtual double heightOfRow(const TableView& table, int row) const = 0;
-    virtual bool textShouldEndEditing(const TextFieldPart& control, const std::string& stringValue) = 0;
-
-    /// A row was dropped between rows, above the row `row`. True in any case.
-    virtual bool acceptDrop(const TableView& table, const TableView* source, int draggedRow, int row) = 0;
 };
 
 class PreferencesInterface {
@@ -76,8 +67,8 @@ public:
 
     virtual PreferencesOutlets outlets() = 0;
 
-    /// Whom the widgets call from now on. It must outlive this object.
-    virtual void connect(PreferencesActions& actions) = 0;
+    /// Whom the widgets call and the tables ask from now on. Both must outlive this object.
+    virtual void connect(PreferencesActions& actions, TableSource& source) = 0;
 };
 
 } // namespace quorvane

@@ -41,7 +41,7 @@ AppPrefsWindowController::AppPrefsWindowController(Desktop& desktop, const Compa
                  [this](const PTHotKey& hotKey) { inputHotKeyAction(hotKey); }) {
     registerObservers();
     awakeFromNib();
-    interface_->connect(*this);
+    interface_->connect(*this, *this);
 }
 
 AppPrefsWindowController::~AppPrefsWindowController() = default;

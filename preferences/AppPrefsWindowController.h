@@ -22,7 +22,7 @@ namespace quorvane {
 
 /// Runs the preferences window. Made at the first request and kept for the life of the process. It edits
 /// settings only: what follows from an edit, others do who observe them.
-class AppPrefsWindowController : public PreferencesActions {
+class AppPrefsWindowController : public PreferencesActions, public TableSource {
 public:
     /// `changeInputTo` is asked for the input source whose hot key was pressed. The window is set up when
     /// this returns, but for the tab, which is chosen once the run loop has had its turn.
@@ -67,6 +67,7 @@ public:
     void startOrStopSetUpButtonClick() override { setUpButton_.startOrStopSetUpButtonClick(); }
     void openLink(std::string_view action) override { links_.open(action); }
 
+    // What its tables ask.
     int numberOfRowsInTableView(const TableView& table) const override;
     CellView viewForTableColumn(const TableView& table, std::string_view column, int row) override;
     double heightOfRow(const TableView& table, int row) const override;

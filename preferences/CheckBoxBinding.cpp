@@ -18,7 +18,7 @@ CheckBoxBinding::CheckBoxBinding(CheckBox& checkBox, StandardUserDefaults& stand
 }
 
 std::vector<CheckBoxBinding> bindCheckBoxes(const OptionCheckBoxes& options, StandardUserDefaults& standard) {
-    const std::pair<CheckBox*, std::string_view> keys[] = {
+    const std::pair<CheckBox&, std::string_view> keys[] = {
         {options.autoStartAtLogin, key::autoStartAtLogin},
         {options.enableTipOfState, key::enableTipOfState},
         {options.followWindow, key::followWindow},
@@ -26,7 +26,7 @@ std::vector<CheckBoxBinding> bindCheckBoxes(const OptionCheckBoxes& options, Sta
         {options.enableForceEnglishBrowserAddress, key::enableForceEnglishBrowserAddress}};
     std::vector<CheckBoxBinding> bindings;
     for (const auto& [checkBox, key] : keys)
-        if (checkBox) bindings.emplace_back(*checkBox, standard, key);
+        bindings.emplace_back(checkBox, standard, key);
     return bindings;
 }
 

@@ -17,9 +17,23 @@ void SimulatedPopUpButton::setTitle(const std::string& title) {
 }
 
 PreferencesOutlets SimulatedPreferences::outlets() {
-    return {window,       tabView,   rules,       preference,        learn,          contactUs,
-            freeApps,     version,   switchTimes, removeApplication, removeLocation, setUp,
-            applications, locations, shortcuts,   defaultInput};
+    return {window,
+            tabView,
+            rules,
+            preference,
+            learn,
+            contactUs,
+            freeApps,
+            version,
+            switchTimes,
+            removeApplication,
+            removeLocation,
+            setUp,
+            applications,
+            locations,
+            shortcuts,
+            defaultInput,
+            {autoStart, tip, follow, hidden, browser}};
 }
 
 } // namespace quorvane

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/PreferencesInterface.h"
@@ -43,6 +45,19 @@ public:
     int state() const override { return now; }
 
     int now = stateOff;
+};
+
+class SimulatedCheckBox : public SimulatedWidget, public CheckBox {
+public:
+    using SimulatedWidget::SimulatedWidget;
+    void setState(int state) override { tell(state == stateOn ? "on" : "off"); }
+    void whenClicked(std::function<void(int state)> handler) override { clicked_ = std::move(handler); }
+
+    /// The user clicks, and it has this state then.
+    void click(int state) { clicked_(state); }
+
+private:
+    std::function<void(int state)> clicked_;
 };
 
 class SimulatedPopUpButton : public SimulatedWidget, public PopUpButton {
@@ -88,7 +103,8 @@ public:
     int selected = noRow;
 };
 
-/// A preferences window without a screen. `actions` is what its widgets would call.
+/// A preferences window without a screen. `actions` is what its widgets would call,
+/// and `source` what its tables would ask.
 class SimulatedPreferences : public PreferencesInterface {
 public:
     SimulatedPreferences(Journal& journal, std::string title, NotificationCenter& notifications)
@@ -96,7 +112,10 @@ public:
         , window(journal, "preferences", notifications, std::move(title)) {}
 
     PreferencesOutlets outlets() override;
-    void connect(PreferencesActions& newActions) override { actions = &newActions; }
+    void connect(PreferencesActions& newActions, TableSource& newSource) override {
+        actions = &newActions;
+        source = &newSource;
+    }
 
 private:
     Journal& journal_;
@@ -112,7 +131,10 @@ public:
     SimulatedTableView applications{journal_, "applications"}, locations{journal_, "locations"},
         shortcuts{journal_, "shortcuts"};
     SimulatedPopUpButton defaultInput{journal_, "default input"};
+    SimulatedCheckBox autoStart{journal_, "auto start"}, tip{journal_, "tip"}, follow{journal_, "follow"},
+        hidden{journal_, "hidden"}, browser{journal_, "browser"};
     PreferencesActions* actions = nullptr;
+    TableSource* source = nullptr;
 };
 
 } // namespace quorvane

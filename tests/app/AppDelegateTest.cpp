@@ -57,7 +57,8 @@ const Story shellStories[] = {
      "launch preferences 1 | own:autoInput=text own:autoInput= 1 "
      "writes:enableForceEnglishBrowserAddress=true",
      {"0 own autoInput = 'text'; suite autoInput = 'text'; synchronize suite; own autoInput = none; suite "
-      "autoInput = none; synchronize suite"}},
+      "autoInput = none; synchronize suite",
+      "1 browser on"}},
     {"other settings are nobody's",
      "launch | own:orderOfAppsRule=1 own:followWindow=true",
      {"0 own orderOfAppsRule = 1; own followWindow = true"}},

@@ -182,7 +182,6 @@ TEST_F(MacServices, HotKeysRestWhileTheyAreSuspended) {
     auto inner = hotKeys.suspend();
     EXPECT_FALSE(add(early)) << "this program has it, though the system does not know";
     const auto third = add(late);
-    EXPECT_TRUE(third);
     const auto fourth = add(taken);
     system().combinationsOfOthers.push_back(standins::System::combination(0x60, 0));
     EXPECT_FALSE(add({0x60, ModifierFlag::capsLock}));
@@ -215,6 +214,7 @@ TEST_F(MacServices, ReferencesAreCopiedMovedAndReplaced) {
     const auto same = first;
     auto second = CFRef<CFStringRef>::retain(makeString("second").get());
     first = std::move(second);
+    EXPECT_EQ(stringOf(first.get()), "second");
     second = same;
     first = CFRef<CFStringRef>::retain(nullptr);
     EXPECT_FALSE(first);

@@ -37,10 +37,11 @@ protected:
         window_ = desktop_.interfaceFiles.loadedPreferences.back();
     }
     PreferencesActions& actions() { return *window_->actions; }
+    TableSource& source() { return *window_->source; }
 
     template <class Part>
     Part cell(const TableView& table, const char* column, int row) {
-        const auto view = actions().viewForTableColumn(table, column, row);
+        const auto view = source().viewForTableColumn(table, column, row);
         return std::get<Part>(view.parts.back());
     }
     PopUpButtonPart popUp(int row) {
@@ -55,7 +56,7 @@ protected:
 
     std::vector<std::string> rows() {
         std::vector<std::string> names;
-        for (int row = 0; row < actions().numberOfRowsInTableView(window_->applications); ++row)
+        for (int row = 0; row < source().numberOfRowsInTableView(window_->applications); ++row)
             names.push_back(cell<TextFieldPart>(window_->applications, "Application Name", row).stringValue);
         return names;
     }
@@ -79,8 +80,12 @@ protected:
 TEST_F(Preferences, AreMadeInTheirOrder) {
     play("own:hiddenIconInStatusBar=false own:defaultInput=ru launch |");
     const std::string built =
-        "0.01 load preferences; observe AddLocationInfoByTandrel; observe suite autoStartAtLogin; observe "
-        "suite enableTipOfState; observe suite hiddenIconInStatusBar; observe own SwitchTimes; observe suite "
+        "0.01 load preferences; auto start off; tip off; follow off; observe own followWindow; hidden off; "
+        "browser "
+        "off; observe own enableForceEnglishBrowserAddress; observe AddLocationInfoByTandrel; observe suite "
+        "autoStartAtLogin; observe suite enableForceEnglishBrowserAddress; observe suite enableTipOfState; "
+        "observe "
+        "suite followWindow; observe suite hiddenIconInStatusBar; observe own SwitchTimes; observe suite "
         "SwitchTimes; switch times '*Switch Times: 0'; preferences movable; remove application disabled; "
         "remove "
         "location disabled; version '*Pro Version: 1.2'; set up '*Start Setup'; list all; default input "
@@ -91,6 +96,33 @@ TEST_F(Preferences, AreMadeInTheirOrder) {
     EXPECT_EQ(play("| preferences 1 preferences 1"), (Lines{built, "1.01 preferences in; activate"}));
     EXPECT_EQ(play("| writes:SwitchTimes=7 1 writes:SwitchTimes=many"),
               (Lines{"0 switch times '*Switch Times: 7'", "1 switch times '*Switch Times: many'"}));
+}
+
+TEST_F(Preferences, CheckBoxesShowAndStoreTheirSettings) {
+    open();
+    auto &autoStart = window_->autoStart, &tip = window_->tip, &follow = window_->follow,
+         &hidden = window_->hidden, &browser = window_->browser;
+    const auto click = [](SimulatedCheckBox& box, int state) { return [&box, state] { box.click(state); }; };
+    const std::string loginItem = "; login item " + std::string(maker::loginItemIdentifier);
+    expectSteps({
+        {"",
+         click(autoStart, stateOn),
+         {"0 own autoStartAtLogin = true" + loginItem +
+          " on; log Call LoginItemSetEnabled with [1] success; auto start on"}},
+        {"",
+         click(tip, stateOn),
+         {"0 own enableTipOfState = true; icon shown; box shown; icon 18x18; tip on"}},
+        {"", click(follow, stateOn), {"0 own followWindow = true; follow on"}},
+        {"", click(hidden, stateOn), {"0 own hiddenIconInStatusBar = true; hidden on"}},
+        {"",
+         click(browser, stateOn),
+         {"0 own enableForceEnglishBrowserAddress = true; suite enableForceEnglishBrowserAddress = true; "
+          "synchronize suite; browser on"}},
+        {"", click(follow, stateOff), {"0 own followWindow = false; follow off"}},
+        {"stored elsewhere",
+         [&] { standard_.setBool(true, key::followWindow); },
+         {"0 own followWindow = true; follow on"}},
+    });
 }
 
 TEST_F(Preferences, TabsShadeTheirHeaders) {
@@ -168,8 +200,8 @@ TEST_F(Preferences, ARowIsDroppedWhereTheSystemDropsIt) {
         EXPECT_EQ(reordered(order, dragged, target), order);
 
     open();
-    const auto drop = [&](const TableView& table, const TableView* source) {
-        return [&, source] { EXPECT_TRUE(actions().acceptDrop(table, source, 0, 3)); };
+    const auto drop = [&](const TableView& table, const TableView* from) {
+        return [&, from] { EXPECT_TRUE(source().acceptDrop(table, from, 0, 3)); };
     };
     auto &applications = window_->applications, &locations = window_->locations;
     expectSteps(
@@ -305,7 +337,7 @@ TEST_F(Preferences, LocationsAreShownEditedAndRemovedAsTheyStand) {
     const Dictionary first{{"BundleIdentifier", "a"}, {"Name", "First"}, {"Theirs", 7}},
         second{{"BundleIdentifier", "gone"}, {"InputID", "gone"}};
     open();
-    EXPECT_EQ(actions().numberOfRowsInTableView(window_->locations), 0);
+    EXPECT_EQ(source().numberOfRowsInTableView(window_->locations), 0);
     expectSteps(
         {{"told",
           [&] {
@@ -313,7 +345,7 @@ TEST_F(Preferences, LocationsAreShownEditedAndRemovedAsTheyStand) {
           },
           {}},
          {"at the next turn of the run loop", [&] { desktop_.runLoop.settle(); }, {"0 locations reload"}}});
-    EXPECT_EQ(actions().numberOfRowsInTableView(window_->locations), 2);
+    EXPECT_EQ(source().numberOfRowsInTableView(window_->locations), 2);
     const auto menu = [&](int row) { return cell<PopUpButtonPart>(window_->locations, "Select Input", row); };
     EXPECT_EQ(menu(0).itemTitles, (Lines{"-", us, ru, german}));
     EXPECT_EQ(menu(1).title, "-") << "it is not there any more";
@@ -326,7 +358,7 @@ TEST_F(Preferences, LocationsAreShownEditedAndRemovedAsTheyStand) {
     const std::string second_ = "{BundleIdentifier: 'gone', InputID: 'gone'}]";
     const std::string writes = "0 suite arrOfLocationInfo = ", done = "; synchronize suite; locations reload";
     const auto rename = [&](const char* text) {
-        return [&, text] { EXPECT_TRUE(actions().textShouldEndEditing(name, text)); };
+        return [&, text] { EXPECT_TRUE(source().textShouldEndEditing(name, text)); };
     };
     auto& selected = window_->locations.selected;
     expectSteps({
@@ -456,13 +488,13 @@ TEST_F(Preferences, RowsAndTablesThatAreNoneAreEmpty) {
     for (const auto* table : {&window_->applications, &window_->locations, &window_->shortcuts}) {
         for (const auto* column : {"Icon", "Select Input", "ShortCut", "Input", "unknown"}) {
             for (const int row : {-1, 99})
-                EXPECT_TRUE(actions().viewForTableColumn(*table, column, row).parts.empty());
+                EXPECT_TRUE(source().viewForTableColumn(*table, column, row).parts.empty());
         }
-        EXPECT_EQ(actions().heightOfRow(*table, 0), 25);
+        EXPECT_EQ(source().heightOfRow(*table, 0), 25);
     }
     SimulatedTableView other(desktop_.journal, "other");
-    EXPECT_EQ(actions().numberOfRowsInTableView(other), 0);
-    EXPECT_TRUE(actions().viewForTableColumn(other, "Icon", 0).parts.empty());
+    EXPECT_EQ(source().numberOfRowsInTableView(other), 0);
+    EXPECT_TRUE(source().viewForTableColumn(other, "Icon", 0).parts.empty());
     const auto menu = popUp(0);
     expectSteps({{"no row",
                   [&] { choose({.tag = 99, .action = menu.action, .willPopUp = menu.willPopUp}, ru); },

@@ -8,9 +8,9 @@ namespace {
 
 using Dictionary = PropertyList::Dictionary;
 
-constexpr std::int64_t command = 0x100000;
+constexpr std::int64_t commandKey = 0x100000;
 
-PropertyList record(PropertyList keyCode, PropertyList modifierFlags = command) {
+PropertyList record(PropertyList keyCode, PropertyList modifierFlags = commandKey) {
     return Dictionary{{"keyCode", std::move(keyCode)}, {"modifierFlags", std::move(modifierFlags)}};
 }
 
@@ -59,7 +59,7 @@ const Story presses[] = {
 INSTANTIATE_TEST_SUITE_P(HotKeys, InputHotKeys, testing::ValuesIn(presses));
 
 TEST_F(ProgramTest, WhatIsNoRecordIsPassedOverAndARefusedOneKept) {
-    desktop_.hotKeys.takeFromOutside({1, command});
+    desktop_.hotKeys.takeFromOutside({1, commandKey});
     const std::pair<PropertyList, Lines> cases[] = {
         {{}, {}},
         {Dictionary{}, {}},
@@ -70,7 +70,7 @@ TEST_F(ProgramTest, WhatIsNoRecordIsPassedOverAndARefusedOneKept) {
                     {"d", Dictionary{{"modifierFlags", -1}}},
                     {"e", record(4711)},
                     {"f", record(-1)},
-                    {"g", record(9.0, double(command))},
+                    {"g", record(9.0, double(commandKey))},
                     {"h", record("8")},
                     {"i", record({})},
                     {"j", record(7, {})}},
@@ -124,13 +124,13 @@ TEST_F(ProgramTest, RefusedHotKeysAreTriedAgain) {
         {"cleared", remove("us"), {"0 unregister 2 0x100000"}},
         {"another program has it",
          [&] {
-             desktop_.hotKeys.takeFromOutside({3, command});
+             desktop_.hotKeys.takeFromOutside({3, commandKey});
              add("de", 3)();
          },
          {"0 register 3 0x100000, refused"}},
         {"and gives it back: all are registered anew",
          [&] {
-             desktop_.hotKeys.giveBackFromOutside({3, command});
+             desktop_.hotKeys.giveBackFromOutside({3, commandKey});
          },
          {"0 register 3 0x100000; unregister 1 0x100000; register 1 0x100000; news"}},
         {"which is no news the next time",

@@ -45,28 +45,30 @@ TEST(WantedInputSource, IsThatOfTheRuleElseTheDefaultOne) {
     }
 }
 
-const std::string toRu = switchTo("ru"), askForRu = "suite AskTandrelSwitchInput = 'ru'";
+const std::string switchToRu = switchTo("ru"), askForRu = "suite AskTandrelSwitchInput = 'ru'";
 
 const Story activations[] = {
-    {"its rule, after a tenth of a second", "ru.app 1", {"0.1 " + toRu}},
+    {"its rule, after a tenth of a second", "ru.app 1", {"0.1 " + switchToRu}},
     {"the default source", "launch first.app 1 own:defaultInput=de | other.app 1", {"0.1 " + switchTo("de")}},
     {"nothing says which", "other.app 1", {}},
     {"it is current already", "=ru ru.app 1", {}},
-    {"the first one after the start", "launch | ru.app 1", {"0.3 " + toRu}},
-    {"on another screen", "screen:2 ru.app 1", {"0.3 " + toRu}},
+    {"the first one after the start", "launch | ru.app 1", {"0.3 " + switchToRu}},
+    {"on another screen", "screen:2 ru.app 1", {"0.3 " + switchToRu}},
     {"and back on the first",
      "launch first.app 1 screen:2 de.app 1 screen:1 | ru.app 1",
      {"0.3 " + switchTo("ru", "de", 2)}},
-    {"without a screen", "no-screen ru.app 1", {"0.3 " + toRu}},
+    {"without a screen", "no-screen ru.app 1", {"0.3 " + switchToRu}},
     {"the wait is for whoever is in front then",
      "screen:2 ru.app 0.19 de.app 1",
      {"0.29 " + switchTo("de"), "0.3 " + switchTo("de", "de", 2)}},
-    {"two in quick succession", "ru.app 0.05 de.app 1", {"0.1 " + toRu, "0.15 " + switchTo("de", "ru", 2)}},
+    {"two in quick succession",
+     "ru.app 0.05 de.app 1",
+     {"0.1 " + switchToRu, "0.15 " + switchTo("de", "ru", 2)}},
     {"the same one again", "launch first.app ru.app 1 =us | ru.app unhides:ru.app 1", {}},
     {"the same one after another",
      "launch first.app ru.app 1 other.app =us | ru.app 1",
      {"0.1 " + switchTo("ru", "us", 2)}},
-    {"one that is shown again", "launch first.app runs:ru.app 1 | unhides:ru.app 1", {"0.1 " + toRu}},
+    {"one that is shown again", "launch first.app runs:ru.app 1 | unhides:ru.app 1", {"0.1 " + switchToRu}},
     {"the same one after nobody",
      "launch ru.app 1 =us quits:ru.app | ru.app 1",
      {"0.1 " + switchTo("ru", "us", 2)}},
@@ -76,7 +78,7 @@ const Story activations[] = {
     {"its source is not there",
      "launch own:defaultInput=gone 1 | other.app 1",
      {"0.3 suite SwitchTimes = 1; keep us; list gone; window in; window out"}},
-    {"two sources of one id", "another:ru ru.app 1", {"0.1 " + toRu}},
+    {"two sources of one id", "another:ru ru.app 1", {"0.1 " + switchToRu}},
     {"the companion is asked at once",
      "companion ru.app 1",
      {"0 " + askForRu + "; post AskTandrelSwitchInput"}},
@@ -84,7 +86,7 @@ const Story activations[] = {
     {"and after the wait for the screen",
      "companion screen:2 ru.app 1",
      {"0.2 " + askForRu + "; post AskTandrelSwitchInput"}},
-    {"it has quit", "companion companion-quits ru.app 1", {"0.1 " + toRu}},
+    {"it has quit", "companion companion-quits ru.app 1", {"0.1 " + switchToRu}},
     {"it is asked once it can read what for",
      "companion writable:false de.app 0.5 ru.app 0.5 writable:true",
      {"0 suite AskTandrelSwitchInput = 'de'", "0.5 " + askForRu, "1 post AskTandrelSwitchInput"}},
@@ -97,7 +99,7 @@ INSTANTIATE_TEST_SUITE_P(Activations, Stories, testing::ValuesIn(activations));
 
 TEST_F(ProgramTest, ADesktopWithoutWaitsIsSwitchedBeforeAnythingElseHappens) {
     desktop_.desktop.facts.switchDelay = desktop_.desktop.facts.screenChangeDelay = 0;
-    EXPECT_EQ(play("launch | ru.app"), Lines{"0 " + toRu});
+    EXPECT_EQ(play("launch | ru.app"), Lines{"0 " + switchToRu});
     EXPECT_EQ(play("| screen:2 de.app 1"), Lines{"0 " + switchTo("de", "ru", 2)});
 }
 

@@ -18,13 +18,13 @@ void CellModel::setColumnTitles(const QStringList& titles) {
     if (columnCount() > 0) Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
 }
 
-void CellModel::setSource(PreferencesActions& actions, const TableView& table) {
-    actions_ = &actions;
+void CellModel::setSource(TableSource& source, const TableView& table) {
+    source_ = &source;
     table_ = &table;
 }
 
 int CellModel::currentRowCount() const {
-    return actions_ ? std::max(0, actions_->numberOfRowsInTableView(*table_)) : 0;
+    return source_ ? std::max(0, source_->numberOfRowsInTableView(*table_)) : 0;
 }
 
 void CellModel::reload() {
@@ -47,14 +47,14 @@ void CellModel::reload() {
 
 const CellView& CellModel::cell(int row, int column) const {
     static const CellView none;
-    if (!actions_ || row < 0 || row >= rowCount_ || column < 0 || column >= columnCount()) return none;
+    if (!source_ || row < 0 || row >= rowCount_ || column < 0 || column >= columnCount()) return none;
     const Place place(row, column);
     const auto known = cells_.find(place);
     return known != cells_.end() ? known->second : cells_.insert_or_assign(place, ask(place)).first->second;
 }
 
 CellView CellModel::ask(Place place) const {
-    auto cell = actions_->viewForTableColumn(*table_, identifiers_[place.second].toStdString(), place.first);
+    auto cell = source_->viewForTableColumn(*table_, identifiers_[place.second].toStdString(), place.first);
     for (auto& part : cell.parts) {
         if (auto* checkBox = std::get_if<CheckBoxPart>(&part)) {
             const auto clicked = clickedStates_.find(place);
@@ -87,7 +87,7 @@ void CellModel::keepRows(int first, int last) {
 }
 
 double CellModel::heightOfRow() const {
-    return actions_ ? actions_->heightOfRow(*table_, 0) : 0;
+    return source_ ? source_->heightOfRow(*table_, 0) : 0;
 }
 
 int CellModel::nameColumn() const {
@@ -151,7 +151,7 @@ bool CellModel::setData(const QModelIndex& index, const QVariant& value, int rol
     const auto* text = partOf<TextFieldPart>(cell(index.row(), index.column()));
     if (role != Qt::EditRole || !text || !text->isEditable) return false;
     const auto edited = *text; // The program may have the table reloaded.
-    return actions_->textShouldEndEditing(edited, value.toString().toStdString());
+    return source_->textShouldEndEditing(edited, value.toString().toStdString());
 }
 
 QVariant CellModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -7,7 +7,7 @@
 #include <QAbstractTableModel>
 #include <QStringList>
 
-#include "platform/PreferencesInterface.h"
+#include "platform/TableSource.h"
 #include "platform/linux/preferences/ShortcutKeyboard.h"
 
 namespace quorvane {
@@ -31,7 +31,7 @@ public:
     const QStringList& columnTitles() const { return titles_; }
 
     /// Whom to ask, and which table to say it is. Both must outlive this object.
-    void setSource(PreferencesActions& actions, const TableView& table);
+    void setSource(TableSource& source, const TableView& table);
 
     /// Writes the names of keys. It must outlive this object.
     void setKeyboard(ShortcutKeyboard& keyboard) { keyboard_ = &keyboard; }
@@ -74,7 +74,7 @@ private:
     int nameColumn() const;
     QString accessibleText(int row, int column) const;
 
-    PreferencesActions* actions_ = nullptr;
+    TableSource* source_ = nullptr;
     const TableView* table_ = nullptr;
     ShortcutKeyboard* keyboard_ = nullptr;
     QStringList identifiers_;

@@ -60,11 +60,11 @@ void CellTable::setKeyboard(ShortcutKeyboard& keyboard) {
     controls_.setKeyboard(keyboard);
 }
 
-void CellTable::setSource(PreferencesActions& actions, const TableView& table, std::function<void()> action) {
-    actions_ = &actions;
+void CellTable::setSource(TableSource& source, const TableView& table, std::function<void()> action) {
+    source_ = &source;
     port_ = &table;
     action_ = std::move(action);
-    model_.setSource(actions, table);
+    model_.setSource(source, table);
     reload();
     updateRowHeight();
 }
@@ -203,7 +203,7 @@ void CellTable::mouseMoveEvent(QMouseEvent* event) {
 void CellTable::mouseReleaseEvent(QMouseEvent* event) {
     QTableView::mouseReleaseEvent(event);
     const auto drop = dragging_.released(*event);
-    if (drop && actions_) actions_->acceptDrop(*port_, port_, drop->row, drop->gap);
+    if (drop && source_) source_->acceptDrop(*port_, port_, drop->row, drop->gap);
 }
 
 void CellTable::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {

@@ -40,7 +40,7 @@ public:
 
     /// From now on the cells are the program's: it is asked for them as those of `table`. `action` is called
     /// when the user clicks in the table or moves its selection. All must outlive this object.
-    void setSource(PreferencesActions& actions, const TableView& table, std::function<void()> action);
+    void setSource(TableSource& source, const TableView& table, std::function<void()> action);
 
     // What the program does to its table, see `TableView`. `action` is not called.
     void reload();
@@ -78,7 +78,7 @@ private:
     CellControls controls_;
     ColumnWidths widths_{*this, model_};
     RowDragging dragging_{*this};
-    PreferencesActions* actions_ = nullptr;
+    TableSource* source_ = nullptr;
     const TableView* port_ = nullptr;
     std::function<void()> action_;
     QString emptyText_;

@@ -106,14 +106,14 @@ PreferencesOutlets QtPreferences::outlets() {
             .autoInputByLocationTableView = widgets_->locations,
             .shortcutTableView = widgets_->shortcuts,
             .buttonOfDefaultInpust = widgets_->defaultInput,
-            .options = {.autoStartAtLogin = &widgets_->autoStartAtLogin,
-                        .enableTipOfState = &widgets_->enableTipOfState,
-                        .followWindow = &widgets_->followWindow,
-                        .hiddenIconInStatusBar = &widgets_->hiddenIconInStatusBar,
-                        .enableForceEnglishBrowserAddress = &widgets_->enableForceEnglishBrowserAddress}};
+            .options = {.autoStartAtLogin = widgets_->autoStartAtLogin,
+                        .enableTipOfState = widgets_->enableTipOfState,
+                        .followWindow = widgets_->followWindow,
+                        .hiddenIconInStatusBar = widgets_->hiddenIconInStatusBar,
+                        .enableForceEnglishBrowserAddress = widgets_->enableForceEnglishBrowserAddress}};
 }
 
-void QtPreferences::connect(PreferencesActions& actions) {
+void QtPreferences::connect(PreferencesActions& actions, TableSource& source) {
     auto& form = widgets_->form;
     const auto calls = [&actions](auto* button, void (PreferencesActions::*action)()) {
         QObject::connect(button, &QAbstractButton::clicked, button,
@@ -136,9 +136,9 @@ void QtPreferences::connect(PreferencesActions& actions) {
             QObject::connect(button, &QAbstractButton::clicked, button,
                              [&actions, link] { actions.openLink(link); });
     }
-    widgets_->applications.connect(actions, [&actions] { actions.mouseDownByApplication(); });
-    widgets_->locations.connect(actions, [&actions] { actions.mouseDownByLocation(); });
-    widgets_->shortcuts.connect(actions, [] {});
+    widgets_->applications.connect(source, [&actions] { actions.mouseDownByApplication(); });
+    widgets_->locations.connect(source, [&actions] { actions.mouseDownByLocation(); });
+    widgets_->shortcuts.connect(source, [] {});
 }
 
 } // namespace quorvane

@@ -23,7 +23,7 @@ public:
     ~QtPreferences() override;
 
     PreferencesOutlets outlets() override;
-    void connect(PreferencesActions& actions) override;
+    void connect(PreferencesActions& actions, TableSource& source) override;
 
 private:
     struct Widgets;

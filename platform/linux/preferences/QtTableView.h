@@ -3,7 +3,7 @@
 #include <functional>
 #include <utility>
 
-#include "platform/PreferencesInterface.h"
+#include "platform/TableSource.h"
 #include "platform/linux/preferences/CellTable.h"
 
 namespace quorvane {
@@ -14,9 +14,9 @@ public:
     explicit QtTableView(CellTable& table) : table_(table) {}
 
     /// Shows the program's rows from now on. `action`: the user has clicked in the table or moved its
-    /// selection. `actions` must outlive the table.
-    void connect(PreferencesActions& actions, std::function<void()> action) {
-        table_.setSource(actions, *this, std::move(action));
+    /// selection. `source` must outlive the table.
+    void connect(TableSource& source, std::function<void()> action) {
+        table_.setSource(source, *this, std::move(action));
     }
 
     void reloadData() override { table_.reload(); }

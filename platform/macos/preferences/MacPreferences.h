@@ -24,7 +24,7 @@ public:
     ~MacPreferences() override;
 
     PreferencesOutlets outlets() override;
-    void connect(PreferencesActions& actions) override;
+    void connect(PreferencesActions& actions, TableSource& source) override;
 
     NSWindow* nativeWindow() const;
 

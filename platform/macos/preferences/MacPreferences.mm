@@ -82,21 +82,21 @@ PreferencesOutlets MacPreferences::outlets() {
             .autoInputByLocationTableView = widgets_->tables.locations,
             .shortcutTableView = widgets_->tables.shortcuts,
             .buttonOfDefaultInpust = widgets_->defaultInput,
-            .options = {.autoStartAtLogin = &widgets_->autoStartAtLogin,
-                        .enableTipOfState = &widgets_->enableTipOfState,
-                        .followWindow = &widgets_->followWindow,
-                        .hiddenIconInStatusBar = &widgets_->hiddenIconInStatusBar,
-                        .enableForceEnglishBrowserAddress = &widgets_->enableForceEnglishBrowserAddress}};
+            .options = {.autoStartAtLogin = widgets_->autoStartAtLogin,
+                        .enableTipOfState = widgets_->enableTipOfState,
+                        .followWindow = widgets_->followWindow,
+                        .hiddenIconInStatusBar = widgets_->hiddenIconInStatusBar,
+                        .enableForceEnglishBrowserAddress = widgets_->enableForceEnglishBrowserAddress}};
 }
 
-void MacPreferences::connect(PreferencesActions& actions) {
+void MacPreferences::connect(PreferencesActions& actions, TableSource& source) {
     ::AppPrefsWindowController* controller = widgets_->controller;
     controller.actions = &actions;
     auto& tables = widgets_->tables;
     for (auto* table : {&tables.applications, &tables.locations, &tables.shortcuts}) {
         table->native().dataSource = controller;
         table->native().delegate = controller;
-        table->connect(actions, controller);
+        table->connect(source, controller);
     }
 }
 

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/PreferencesInterface.h"
+#include "platform/TableSource.h"
 #import "platform/macos/AppKit.h"
 #include "platform/macos/keyboard/HotKeySuspender.h"
 #include "platform/macos/tables/DeferredReload.h"
@@ -19,8 +19,8 @@ public:
     MacTableView& operator=(const MacTableView&) = delete;
 
     /// From now on the cells are the program's. `controller` is the table's delegate and data source, and
-    /// that of the names that can be edited; it is not kept alive. `actions` must outlive this object.
-    void connect(PreferencesActions& actions, id<NSTableViewDelegate, NSTextFieldDelegate> controller);
+    /// that of the names that can be edited; it is not kept alive. `source` must outlive this object.
+    void connect(TableSource& source, id<NSTableViewDelegate, NSTextFieldDelegate> controller);
 
     NSTableView* native() const { return table_; }
 
@@ -48,7 +48,7 @@ private:
 
     NSTableView* table_;
     HotKeySuspender suspendHotKeys_;
-    PreferencesActions* actions_ = nullptr;
+    TableSource* source_ = nullptr;
     __weak id<NSTableViewDelegate, NSTextFieldDelegate> controller_;
     bool isReorderable_ = false;
     std::shared_ptr<DeferredReload> reload_; ///< Widgets may outlive the table.

@@ -43,9 +43,9 @@ MacTableView::MacTableView(NSTableView* table, HotKeySuspender suspendHotKeys)
                                 .isBeingEdited = [table] { return isBeingEdited(table); },
                                 .callLater = callLater})) {}
 
-void MacTableView::connect(PreferencesActions& actions,
+void MacTableView::connect(TableSource& source,
                            id<NSTableViewDelegate, NSTextFieldDelegate> controller) {
-    actions_ = &actions;
+    source_ = &source;
     controller_ = controller;
     reloadData();
 }
@@ -90,18 +90,18 @@ void MacTableView::registerForDraggedRows() {
 }
 
 NSInteger MacTableView::numberOfRows() const {
-    return actions_ ? std::max(0, actions_->numberOfRowsInTableView(*this)) : 0;
+    return source_ ? std::max(0, source_->numberOfRowsInTableView(*this)) : 0;
 }
 
 NSView* MacTableView::viewForTableColumn(NSTableColumn* column, NSInteger row) {
-    if (!actions_ || !column) return nil;
+    if (!source_ || !column) return nil;
     const auto cell =
-        actions_->viewForTableColumn(*this, fromNSString(column.identifier), static_cast<int>(row));
+        source_->viewForTableColumn(*this, fromNSString(column.identifier), static_cast<int>(row));
     return cell.parts.empty() && cell.frame == Rect() ? nil : viewFor(cell, column);
 }
 
 CGFloat MacTableView::heightOfRow(NSInteger row) const {
-    const double height = actions_ ? actions_->heightOfRow(*this, static_cast<int>(row)) : 0;
+    const double height = source_ ? source_->heightOfRow(*this, static_cast<int>(row)) : 0;
     return height > 0 ? height : table_.rowHeight; // The system takes no other.
 }
 
@@ -123,13 +123,13 @@ NSView* MacTableView::viewFor(const CellView& cell, NSTableColumn* column) {
 }
 
 BOOL MacTableView::textShouldEndEditing(NSControl* control, NSText* fieldEditor) {
-    if (!actions_) return YES;
+    if (!source_) return YES;
     const auto use = reload_->use(); // A reload now would take the field away from the editor.
     const TextFieldPart part{.tag = static_cast<int>(control.tag),
                              .identifier = fromNSString(control.identifier),
                              .isEditable = true};
     // The control itself may still have the old text.
-    return actions_->textShouldEndEditing(part, fromNSString(fieldEditor.string));
+    return source_->textShouldEndEditing(part, fromNSString(fieldEditor.string));
 }
 
 BOOL MacTableView::writeRows(NSIndexSet* rows, NSPasteboard* pasteboard, id owner) {
@@ -142,9 +142,9 @@ NSDragOperation MacTableView::validateDrop(NSTableViewDropOperation operation) c
 
 BOOL MacTableView::acceptDrop(id<NSDraggingInfo> info, NSInteger row) {
     const auto dragged = readDraggedRow(info.draggingPasteboard);
-    if (!actions_ || !dragged) return YES; // Nothing of ours was dropped.
+    if (!source_ || !dragged) return YES; // Nothing of ours was dropped.
     const TableView* source = info.draggingSource == table_ ? this : nullptr;
-    return actions_->acceptDrop(*this, source, *dragged, static_cast<int>(row));
+    return source_->acceptDrop(*this, source, *dragged, static_cast<int>(row));
 }
 
 } // namespace quorvane

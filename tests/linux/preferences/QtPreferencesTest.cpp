@@ -40,7 +40,8 @@ TEST(QtPreferences, OptionsShowAndStoreTheSettingsTheyAreNamedAfter) {
     const auto x = XConnection::open();
     NotificationCenter notifications;
     Notices notices;
-    SimulatedUserDefaults defaults;
+    Journal journal;
+    SimulatedUserDefaults defaults{journal};
     auto& standard = defaults.standardUserDefaults();
     QtPreferences preferences({*x, notifications, notices});
     standard.setBool(true, "followWindow");

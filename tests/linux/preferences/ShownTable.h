@@ -27,7 +27,7 @@ enum Column { icon, name, input, check, shortcut };
 
 /// A table with every kind of cell, on the screen and in front. The program's own is behind the shortcuts;
 /// of the rest only notes are taken.
-struct ShownTable : PreferencesActions {
+struct ShownTable : TableSource {
     explicit ShownTable(int rows) : rowCount(rows) {
         for (int row = 0; row < rows; ++row)
             lists.inputs.arrOfInputInfo.push_back({std::to_string(row), {}});
@@ -107,19 +107,6 @@ struct ShownTable : PreferencesActions {
         note("drops", draggedRow, std::to_string(row));
         return true;
     }
-    void Rules() override {}
-    void Preference() override {}
-    void Learn() override {}
-    void FreeApps() override {}
-    void Contactus() override {}
-    void defaultInputChanged() override {}
-    void AddApplication() override {}
-    void RemoveApplication() override {}
-    void mouseDownByApplication() override {}
-    void RemoveLocation() override {}
-    void mouseDownByLocation() override {}
-    void startOrStopSetUpButtonClick() override {}
-    void openLink(std::string_view /*action*/) override {}
 
     void note(std::string what, int row, const std::string& value = {}) {
         if (row >= 0) what.append(" ").append(std::to_string(row));
@@ -136,7 +123,8 @@ struct ShownTable : PreferencesActions {
     ShortcutKeyboard keyboard{*x};
     CellTable table;
     QtTableView port{table};
-    SimulatedUserDefaults defaults;
+    Journal journal;
+    SimulatedUserDefaults defaults{journal};
     UserDefaults& standard = defaults.standardUserDefaults();
     X11HotKeys hotKeys{*x};
     PTHotKeyCenter hotKeyCenter{hotKeys};

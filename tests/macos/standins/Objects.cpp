@@ -22,6 +22,10 @@ Heap& heap() {
     return heap;
 }
 
+void addFault(std::string_view caller, std::string_view fault) {
+    heap().faults.push_back(std::string(caller) + ": " + std::string(fault));
+}
+
 CFIndex lengthInUtf16(std::string_view utf8) {
     return std::ranges::count_if(utf8, [](unsigned char byte) { return (byte & 0xc0) != 0x80; }) +
            std::ranges::count_if(utf8, [](unsigned char byte) { return byte >= 0xf0; });
@@ -76,10 +80,6 @@ CFTypeRef addValue(const PropertyList& value) {
 CFStringRef constant(std::string_view ascii) {
     return addConstant<CFStringRef>(
         {.type = string, .text = std::string(ascii), .length = lengthInUtf16(ascii)});
-}
-
-void addFault(std::string_view caller, std::string_view fault) {
-    heap().faults.push_back(std::string(caller) + ": " + std::string(fault));
 }
 
 Object& use(const void* reference, std::string_view caller, CFTypeID type) {

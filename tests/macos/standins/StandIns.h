@@ -74,8 +74,6 @@ CFTypeRef addString(std::string_view utf8);
 CFTypeRef addValue(const PropertyList& value);
 CFStringRef constant(std::string_view ascii); ///< Lives for ever.
 
-void addFault(std::string_view caller, std::string_view fault);
-
 /// The object behind a reference. It is a fault when that is gone, none, or of another type; then an empty
 /// object takes its place.
 Object& use(const void* reference, std::string_view caller, CFTypeID type = any);
