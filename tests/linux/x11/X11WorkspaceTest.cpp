@@ -195,6 +195,9 @@ TEST_F(X11WorkspaceTest, LivesThroughARestartOfTheWindowManagerAndFollowsTheFocu
     ASSERT_TRUE(session_.waitForFront("Beta"));
     EXPECT_EQ(session_.workspace.runningApplications().size(), 2U);
     EXPECT_THAT(launched_, testing::ElementsAre("Alpha", "Beta"));
+    EXPECT_TRUE(waitUntil([&] { // The window manager tells later than the server.
+        return session_.user.values(session_.user.root(), "_NET_ACTIVE_WINDOW") == std::vector{beta.window()};
+    }));
     const X11Workspace later(*session_.x, session_.identities, session_.launchers, nullptr);
     EXPECT_EQ(later.frontmostApplication()->bundleIdentifier, "Beta") << "what was there before";
     EXPECT_EQ(later.activeWindow(), beta.window());
