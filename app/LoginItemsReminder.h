@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "platform/Alerts.h"
 #include "platform/Application.h"
 #include "platform/Processes.h"

@@ -1,5 +1,7 @@
 #include <benchmark/benchmark.h>
 
+#include <utility>
+
 #include <QTemporaryDir>
 
 #include "platform/linux/defaults/LinuxUserDefaults.h"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <utility>
 
 #include "input/OpenLaunchers.h"
 #include "input/StateTip.h"

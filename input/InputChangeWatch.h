@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <utility>
 
 #include "platform/DistributedNotificationCenter.h"
 #include "platform/RunLoop.h"

@@ -1,6 +1,7 @@
 #include "input/InputSourceCatalogue.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "input/IconLoading.h"
 

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "input/CompanionLink.h"
 #include "input/OpenLaunchers.h"

@@ -1,6 +1,7 @@
 #include "preferences/ApplicationRulesTable.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "preferences/RuleTableRows.h"
 #include "settings/AppRule.h"

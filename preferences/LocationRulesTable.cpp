@@ -1,5 +1,7 @@
 #include "preferences/LocationRulesTable.h"
 
+#include <utility>
+
 #include "settings/LocationRule.h"
 #include "settings/SharedDefaults.h"
 

@@ -1,6 +1,7 @@
 #include "preferences/RuleTableRows.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "input/Launchers.h"
 #include "settings/Keys.h"

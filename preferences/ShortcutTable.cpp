@@ -1,5 +1,7 @@
 #include "preferences/ShortcutTable.h"
 
+#include <utility>
+
 #include "input/MonochromeTest.h"
 #include "platform/GlobalEventMonitor.h"
 #include "settings/InputShortcut.h"

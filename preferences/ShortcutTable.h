@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <utility>
 
 #include "platform/UserDefaults.h"
 #include "platform/Widgets.h"

@@ -1,5 +1,7 @@
 #include "settings/AppRule.h"
 
+#include <utility>
+
 #include "settings/Keys.h"
 #include "settings/ReadCopyChangeWrite.h"
 

@@ -1,6 +1,7 @@
 #include "settings/FormerIdentifiers.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "settings/Keys.h"
 #include "settings/ReadCopyChangeWrite.h"

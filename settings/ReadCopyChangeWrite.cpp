@@ -1,5 +1,7 @@
 #include "settings/ReadCopyChangeWrite.h"
 
+#include <utility>
+
 namespace quorvane {
 namespace {
 

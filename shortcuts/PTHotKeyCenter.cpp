@@ -1,5 +1,7 @@
 #include "shortcuts/PTHotKeyCenter.h"
 
+#include <utility>
+
 #include "settings/InputShortcut.h"
 
 namespace quorvane {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <utility>
 
 #include "platform/PropertyList.h"
 #include "platform/Subscription.h"

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "indicator/InputIndicator.h"
 #include "input/CompanionLink.h"

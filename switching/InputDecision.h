@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "input/CompanionLink.h"
 #include "input/InputSwitch.h"

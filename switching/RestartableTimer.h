@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "platform/RunLoop.h"
 
 namespace quorvane {

@@ -1,5 +1,7 @@
 #include "switching/WantedInput.h"
 
+#include <utility>
+
 #include "settings/AppRule.h"
 
 namespace quorvane {

@@ -1,6 +1,7 @@
 #include "virtual-desktop/IBusDaemon.h"
 
 #include <stdexcept>
+#include <utility>
 
 #include <csignal>
 #include <cstdint>

@@ -1,5 +1,8 @@
 #include "platform/simulated/SimulatedDistributedNotificationCenter.h"
 
+#include <functional>
+#include <utility>
+
 namespace quorvane {
 
 Subscription SimulatedDistributedNotificationCenter::addObserver(

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "platform/DistributedNotificationCenter.h"
 #include "platform/RunLoop.h"
 #include "platform/Signal.h"

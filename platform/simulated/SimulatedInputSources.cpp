@@ -1,6 +1,7 @@
 #include "platform/simulated/SimulatedInputSources.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quorvane {
 

@@ -1,6 +1,7 @@
 #include "platform/simulated/SimulatedRunLoop.h"
 
 #include <cmath>
+#include <utility>
 
 namespace quorvane {
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <limits>
 #include <map>
+#include <utility>
 
 #include "platform/RunLoop.h"
 #include "platform/simulated/Journal.h"

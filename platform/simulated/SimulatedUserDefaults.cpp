@@ -1,5 +1,6 @@
 #include "platform/simulated/SimulatedUserDefaults.h"
 
+#include <functional>
 #include <utility>
 
 namespace quorvane {
