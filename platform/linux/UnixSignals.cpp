@@ -2,9 +2,9 @@
 
 #include <array>
 #include <csignal>
-#include <utility>
 #include <fcntl.h>
 #include <unistd.h>
+#include <utility>
 
 namespace quorvane {
 namespace {

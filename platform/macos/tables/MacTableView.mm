@@ -43,8 +43,7 @@ MacTableView::MacTableView(NSTableView* table, HotKeySuspender suspendHotKeys)
                                 .isBeingEdited = [table] { return isBeingEdited(table); },
                                 .callLater = callLater})) {}
 
-void MacTableView::connect(TableSource& source,
-                           id<NSTableViewDelegate, NSTextFieldDelegate> controller) {
+void MacTableView::connect(TableSource& source, id<NSTableViewDelegate, NSTextFieldDelegate> controller) {
     source_ = &source;
     controller_ = controller;
     reloadData();

@@ -83,7 +83,8 @@ TEST_F(Faults, NoSessionManagerIsAskedWhoCouldStartItAgainOrKeepItWaiting) {
     const int manager = socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0);
     sockaddr_un address{AF_UNIX, {}};
     std::ranges::copy(path, address.sun_path);
-    ASSERT_EQ(bind(manager, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0) << path.toStdString();
+    ASSERT_EQ(bind(manager, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0)
+        << path.toStdString();
     ASSERT_EQ(listen(manager, 1), 0);
     qputenv("SESSION_MANAGER", "unix/" + QSysInfo::machineHostName().toUtf8() + ":" + path);
     session_.startProgram();
