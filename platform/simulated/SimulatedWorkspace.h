@@ -1,8 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/ApplicationBundles.h"
@@ -86,11 +89,15 @@ public:
 
     Subscription addFrontWindowObserver(std::function<void()> handler) override {
         journal_.add("observe front window");
-        return frontWindowMoved_.connect(std::move(handler));
+        auto connection = std::make_shared<Subscription>(frontWindowMoved_->connect(std::move(handler)));
+        return Subscription([connection, moved = std::weak_ptr(frontWindowMoved_), &journal = journal_] {
+            connection->end();
+            if (!moved.expired()) journal.add("end front window");
+        });
     }
 
     /// What a desktop does that notices when windows move.
-    void tellFrontWindowMoved() { frontWindowMoved_.emit(); }
+    void tellFrontWindowMoved() { frontWindowMoved_->emit(); }
 
     /// What a desktop does that notices launchers itself.
     void tellLauncher(const std::optional<OpenLauncher>& open) { launcherChanged_.emit(open); }
@@ -100,7 +107,7 @@ public:
 private:
     Journal& journal_;
     Signal<const std::optional<OpenLauncher>&> launcherChanged_;
-    Signal<> frontWindowMoved_;
+    std::shared_ptr<Signal<>> frontWindowMoved_ = std::make_shared<Signal<>>();
 };
 
 class SimulatedScreens : public Screens {

@@ -70,7 +70,7 @@ const Story told[] = {
       "observe front window; look; indicator at 1078,828; " +
       toRofi +
       "; indicator at 978,678; look; indicator at 1078,828; look; indicator at 1128,828; own followWindow = "
-      "false; end monitor 4"}},
+      "false; end monitor 4; end front window"}},
 };
 INSTANTIATE_TEST_SUITE_P(Launchers, ToldLaunchers, testing::ValuesIn(told));
 
