@@ -37,8 +37,9 @@ AppDelegate::AppDelegate(Desktop& desktop)
     , indicator_(interface_, desktop.screens, desktop.windowList, desktop.workspace, desktop.cursor,
                  standardDefaults_, openLaunchers_, stateTip_)
     , followWindowWatch_(desktop.globalEvents, desktop.windowList, standardDefaults_, companion_, indicator_)
-    , inputDecision_(desktop.defaults, inputSwitch_, companion_, desktop.runLoop, desktop.facts.launchers,
-                     desktop.facts.switchDelay, [this] { reset(); })
+    , switchPause_(desktop.runLoop, desktop.clock)
+    , inputDecision_(desktop.defaults, inputSwitch_, companion_, switchPause_, desktop.runLoop, desktop.clock,
+                     desktop.facts.launchers, desktop.facts.switchDelay, [this] { reset(); })
     , appChangeHandler_(desktop.screens, desktop.runLoop, companion_, openLaunchers_, inputDecision_,
                         indicator_, desktop.facts.screenChangeDelay)
     , launcherEpisodes_(desktop.workspace, inputDecision_, appChangeHandler_, indicator_)
@@ -50,7 +51,8 @@ AppDelegate::AppDelegate(Desktop& desktop)
                           desktop.facts.loginItemsCommand)
     , launchAtLogin_(desktop.loginItems, standardDefaults_, desktop.log)
     , settingsMirror_(desktop.defaults)
-    , statusToolTip_(inputDecision_, desktop.inputSources, desktop.applicationBundles, desktop.application)
+    , statusToolTip_(inputDecision_, switchPause_, desktop.inputSources, desktop.applicationBundles,
+                     desktop.application)
     , statusBarIcon_(desktop.statusBar, desktop.images, statusMenu(),
                      [this] { return statusToolTip_.text(); }) {
     theDelegate = this;
@@ -107,6 +109,10 @@ void AppDelegate::observeWorkspace() {
 
 void AppDelegate::observeDistributedNotifications() {
     subscriptions_.push_back(inputDecision_.decided.connect([this] { statusBarIcon_.toolTipChanged(); }));
+    subscriptions_.push_back(switchPause_.changed.connect([this] {
+        if (!switchPause_.isOn()) inputDecision_.decideAgain();
+        statusBarIcon_.toolTipChanged();
+    }));
     subscriptions_.push_back(desktop_.distributedNotifications.addObserver(
         selectedKeyboardInputSourceChangedNotification, [this](const DistributedNotification& notification) {
             inputChangeWatch_.inputSourceChanged(notification);
@@ -185,6 +191,11 @@ void AppDelegate::reset() {
 void AppDelegate::restart() {
     desktop_.processes.launch(desktop_.facts.relaunchPath, desktop_.facts.relaunchArguments);
     desktop_.processes.exit(0);
+}
+
+ControlledProgram AppDelegate::controlled() {
+    return {inputDecision_, inputSwitch_,  switchPause_,
+            companion_,     hotKeyCenter_, [this](const PTHotKey& hotKey) { inputHotKeyAction(hotKey); }};
 }
 
 Menu AppDelegate::statusMenu() {

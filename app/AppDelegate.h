@@ -6,9 +6,10 @@
 
 #include "app/LaunchAtLoginController.h"
 #include "app/LoginItemsReminder.h"
-#include "app/SettingsMirror.h"
+#include "settings/SettingsMirror.h"
 #include "app/StatusBarIcon.h"
 #include "app/StatusToolTip.h"
+#include "control/AgentCommands.h"
 #include "indicator/FollowWindowWatch.h"
 #include "indicator/InputIndicator.h"
 #include "input/CompanionLink.h"
@@ -24,6 +25,7 @@
 #include "switching/LauncherEpisodes.h"
 #include "switching/LauncherNews.h"
 #include "switching/LauncherWatch.h"
+#include "switching/SwitchPause.h"
 
 namespace quorvane {
 
@@ -61,6 +63,9 @@ public:
     /// A hot key was pressed.
     void inputHotKeyAction(const PTHotKey& hotKey) { changeInputTo(hotKey.identifier()); }
 
+    /// What commands from outside ask and change.
+    ControlledProgram controlled();
+
     /// A hot key's request for an input source.
     void changeInputTo(std::string_view id) { inputSwitch_.changeInputTo(id); }
 
@@ -83,6 +88,7 @@ private:
     InputChangeWatch inputChangeWatch_;
     InputIndicator indicator_;
     FollowWindowWatch followWindowWatch_;
+    SwitchPause switchPause_;
     InputDecision inputDecision_;
     AppChangeHandler appChangeHandler_;
     LauncherEpisodes launcherEpisodes_;

@@ -7,11 +7,14 @@ namespace quorvane {
 std::string StatusToolTip::text() const {
     const auto current = inputSources_.copyCurrentKeyboardInputSource();
     if (!current) return application_.localizedString("Quorvane");
-    const auto& front = decision_.lastApplication();
+    const auto front = decision_.lastDecision() ? decision_.lastDecision()->application : std::nullopt;
     const auto wanted = decision_.wantedBy(front);
     auto text = front ? nameOf(*front) + ": " : std::string();
     text += inputSources_.localizedName(*current);
-    if (wanted.id == current->id) text += " (" + textOf(wanted.reason) + ")";
+    if (pause_.isOn())
+        text += " (" + application_.localizedString("paused") + ")";
+    else if (wanted.id == current->id)
+        text += " (" + textOf(wanted.reason) + ")";
     return text;
 }
 

@@ -6,12 +6,26 @@
 #include "input/IconLoading.h"
 
 namespace quorvane {
+namespace {
+
+bool isSelectable(const InputSource& source) {
+    return source.category == InputSourceCategory::keyboard && source.isSelectCapable;
+}
+
+} // namespace
+
+std::vector<InputSourceInfo> selectableSources(const TextInputSources& inputSources) {
+    std::vector<InputSourceInfo> sources;
+    for (const auto& source : inputSources.createInputSourceList())
+        if (isSelectable(source)) sources.push_back({source.id, inputSources.localizedName(source)});
+    return sources;
+}
 
 InputSourceCatalogue InputSourceCatalogue::build(const TextInputSources& inputSources, const Images& images) {
     InputSourceCatalogue catalogue;
     catalogue.arrOfInputName.emplace_back("-");
     for (const auto& source : inputSources.createInputSourceList()) {
-        if (source.category != InputSourceCategory::keyboard || !source.isSelectCapable) continue;
+        if (!isSelectable(source)) continue;
         const auto inputName = inputSources.localizedName(source);
         catalogue.arrOfInputInfo.push_back({source.id, inputName});
         catalogue.arrOfInputName.push_back(inputName);

@@ -17,6 +17,9 @@ struct InputSourceInfo {
     bool operator==(const InputSourceInfo&) const = default;
 };
 
+/// Those that a rule may name: the selectable keyboard ones.
+std::vector<InputSourceInfo> selectableSources(const TextInputSources& inputSources);
+
 /// The input sources that a rule may name: the selectable keyboard ones, as they were when it was built.
 struct InputSourceCatalogue {
     std::vector<InputSourceInfo> arrOfInputInfo;

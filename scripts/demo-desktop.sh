@@ -39,7 +39,7 @@ sed 's|</keyboard>|<keybind key="W-space"><action name="Execute"><command>rofi -
 openbox --sm-disable --config-file "$scratch/openbox.xml" >"$scratch/openbox.log" 2>&1 &
 until_true sh -c 'xprop -root _NET_SUPPORTING_WM_CHECK | grep 0x'
 trayer --edge bottom --align right --widthtype request --height 28 --expand true >"$scratch/trayer.log" 2>&1 &
-defaults() { "$programs/quorvane-defaults" "$@"; }
+defaults() { "$programs/quorvanectl" defaults "$@"; }
 defaults write standard NotNeedRemindForAutoStartAtLogin -bool true
 
 start_agent() {

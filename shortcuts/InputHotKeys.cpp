@@ -12,4 +12,13 @@ void registerAllHotKey(const UserDefaults& standard, PTHotKeyCenter& center, con
         center.registerHotKey(PTHotKey::hotKeyWithIdentifier(inputSourceID, keyCombo, action));
 }
 
+void refreshHotKey(const UserDefaults& standard, PTHotKeyCenter& center, const std::string& inputSourceID,
+                   const PTHotKey::Action& action) {
+    const auto keyCombo = standard.objectForKey(key::shortcutOfInput)[inputSourceID];
+    if (!keyCombo.isNothing())
+        center.registerHotKey(PTHotKey::hotKeyWithIdentifier(inputSourceID, keyCombo, action));
+    else if (const auto hotKey = center.hotKeyWithIdentifier(inputSourceID))
+        center.unregisterHotKey(*hotKey);
+}
+
 } // namespace quorvane

@@ -1,5 +1,7 @@
 #include "switching/InputDecision.h"
 
+#include <utility>
+
 #include "input/Launchers.h"
 #include "settings/DefaultInput.h"
 #include "settings/SharedDefaults.h"
@@ -13,27 +15,39 @@ WantedInput InputDecision::wantedBy(const std::optional<std::string>& bundleIden
 }
 
 void InputDecision::decide(const std::optional<std::string>& bundleIdentifier) {
-    lastApplication_ = bundleIdentifier;
-    giveWantedInput();
+    companion_.dropRequest(); // what is decided now holds
+    Decision decision{.application = bundleIdentifier, .madeAt = clock_.secondsSince1970()};
+    decision.wanted = wantedBy(bundleIdentifier);
+    decision.outcome = giveInput(decision.wanted, isLauncher(launchers_, bundleIdentifier));
+    decision.seconds = clock_.secondsSince1970() - decision.madeAt;
+    lastDecision_ = std::move(decision);
     decided.emit();
 }
 
-void InputDecision::giveWantedInput() {
-    companion_.dropRequest(); // what is decided now holds
-    const auto target = wantedBy(lastApplication_).id;
-    if (!target || inputSwitch_.currentInputSourceID() == *target) return;
+void InputDecision::decideAgain() {
+    if (lastDecision_) decide(std::optional(lastDecision_->application));
+}
 
+Decision::Outcome InputDecision::giveInput(const WantedInput& wanted, bool isForLauncher) {
+    using enum Decision::Outcome;
+    if (!wanted.id) return nothingWanted;
+    const auto& target = *wanted.id;
+    if (inputSwitch_.currentInputSourceID() == target) return isCurrent;
+    if (pause_.isOn()) return isPaused;
     if (companion_.isRunning()) {
-        companion_.askToSwitchInput(*target);
-    } else if (isLauncher(launchers_, lastApplication_)) {
-        inputSwitch_.selectInputSource(*target);
+        companion_.askToSwitchInput(target);
+        return companionAsked;
+    }
+    if (isForLauncher) {
+        inputSwitch_.selectInputSource(target);
     } else if (switchDelay_ > 0) {
-        runLoop_.dispatchAfter(switchDelay_, [this, target = *target] { switchTo(target); });
+        runLoop_.dispatchAfter(switchDelay_, [this, target] { switchTo(target); });
     } else {
         // Not even queued: the next activation, decided before a queued block ran, would still see the old
         // source as the current one.
-        switchTo(*target);
+        switchTo(target);
     }
+    return switched;
 }
 
 void InputDecision::switchTo(const std::string& target) {

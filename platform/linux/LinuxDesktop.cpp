@@ -5,6 +5,7 @@
 
 #include "platform/linux/LaunchArguments.h"
 #include "platform/linux/dbus/SessionBus.h"
+#include "platform/linux/qt/ApplicationIcon.h"
 #include "platform/linux/qt/LettersIcon.h"
 #include "platform/linux/qt/ReferencedIcon.h"
 #include "settings/Maker.h"
@@ -83,7 +84,10 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
             {std::string(selectedKeyboardInputSourceChangedNotification), {}});
     }))
     , application_(x)
-    , applicationBundles_(desktopEntries_)
+    , applicationBundles_(desktopEntries_,
+                          [](const std::string& icon) {
+                              return std::make_shared<ApplicationIcon>(QString::fromStdString(icon));
+                          })
     , interfaceFiles_(x, screens_, notifications_)
     , settingsNotices_(defaults_.health(), interfaceFiles_.notices())
     , activations_(workspace_.addObserver(WorkspaceNotification::didActivateApplication,

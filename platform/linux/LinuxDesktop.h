@@ -5,8 +5,10 @@
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxLog.h"
 #include "platform/linux/LinuxProcesses.h"
+#include "platform/linux/applications/LinuxApplicationBundles.h"
 #include "platform/linux/applications/OtherNames.h"
 #include "platform/linux/applications/X11Workspace.h"
+#include "platform/linux/control/LinuxDesktopReport.h"
 #include "platform/linux/dbus/BusApplications.h"
 #include "platform/linux/dbus/DBusNotificationCenter.h"
 #include "platform/linux/defaults/LinuxUserDefaults.h"
@@ -18,7 +20,6 @@
 #include "platform/linux/keyboard/XkbInputSources.h"
 #include "platform/linux/open-panel/QtOpenPanel.h"
 #include "platform/linux/preferences/SettingsNotices.h"
-#include "platform/linux/qt/LinuxApplicationBundles.h"
 #include "platform/linux/qt/QtAlerts.h"
 #include "platform/linux/qt/QtApplicationPort.h"
 #include "platform/linux/qt/QtImages.h"
@@ -42,6 +43,7 @@ public:
 
     Desktop& desktop() { return desktop_; }
     QtApplicationPort& application() { return application_; }
+    const DesktopReport& report() const { return report_; }
 
 private:
     void activated(const RunningApplication& application);
@@ -92,6 +94,7 @@ private:
     LinuxProcesses processes_;
     AutostartLoginItems loginItems_;
     LinuxLog log_;
+    LinuxDesktopReport report_{identities_, workspace_, inputSources_, defaults_.health()};
 
     Desktop desktop_;
 };

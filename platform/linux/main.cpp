@@ -14,6 +14,8 @@
 #include "platform/linux/UnixSignals.h"
 #include "platform/linux/WaylandSession.h"
 #include "platform/linux/appearance/ColorScheme.h"
+#include "platform/linux/control/ControlService.h"
+#include "platform/linux/dbus/SessionBus.h"
 #include "platform/linux/input-methods/ibus/IBusTextInput.h"
 #include "platform/linux/localization/Translations.h"
 #include "platform/linux/qt/TemplateIcon.h"
@@ -64,6 +66,8 @@ int runProgram(quorvane::XConnection& x, const quorvane::LaunchArguments& argume
     const auto serverLoss = x.onLost([&application] { application.terminate(); });
 
     quorvane::AppDelegate program(linuxDesktop.desktop());
+    quorvane::AgentCommands commands(linuxDesktop.desktop(), linuxDesktop.report(), program.controlled());
+    const quorvane::ControlService controlService(quorvane::sessionBus(), commands);
     // Until the reminder is answered, it is what the user is shown who launches the program again; the window
     // comes then.
     bool hasLaunched = false;

@@ -129,6 +129,11 @@ TEST_F(ProgramTest, TheToolTipSaysProgramSourceAndWhy) {
           "0.2 status item says com.apple.Spotlight: de (*launcher's rule)"}},
         {"own:defaultInput=de other.app 1",
          {"0 own defaultInput = 'de'; status item says other.app: de (*default source)"}},
+        {"pause ru.app 1",
+         {"0 status item says other.app: de (*paused); status item says Kate: de (*paused)"}},
+        {"resume 1",
+         {"0 status item says Kate: de; status item says Kate: de", "0.1 " + switchTo("ru", "de", 3),
+          "0.3 status item says Kate: Russian (*rule)"}},
     };
     for (const auto& [story, lines] : cases)
         EXPECT_EQ(play("| " + story), lines);

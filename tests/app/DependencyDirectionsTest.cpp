@@ -13,7 +13,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// Which project folders the files of a folder may include, besides their own. A backend, all its folders
-/// taken together, knows the ports, what is stored, and the recorder's behaviour.
+/// taken together, knows the ports, what is stored, the recorder's behaviour, and the commands it passes on.
 const std::map<std::string, std::set<std::string>> allowedFolders = {
     {"platform", {}},
     {"settings", {"platform"}},
@@ -22,9 +22,11 @@ const std::map<std::string, std::set<std::string>> allowedFolders = {
     {"switching", {"platform", "settings", "input", "indicator"}},
     {"shortcuts", {"platform", "settings", "input"}},
     {"preferences", {"platform", "settings", "input", "switching", "shortcuts", "indicator"}},
-    {"app", {"platform", "settings", "input", "switching", "shortcuts", "indicator", "preferences"}},
+    {"control", {"platform", "settings", "input", "switching", "shortcuts"}},
+    {"app",
+     {"platform", "settings", "input", "switching", "shortcuts", "indicator", "preferences", "control"}},
     {"platform/simulated", {"platform"}},
-    {"platform/linux", {"platform", "settings", "shortcuts"}},
+    {"platform/linux", {"platform", "settings", "shortcuts", "control"}},
     {"platform/macos", {"platform", "settings", "shortcuts"}},
 };
 

@@ -166,8 +166,8 @@ TEST_F(Preferences, EachLinkOpensItsPage) {
         {"termsOfUse", {secure + "/terms"}},
         {"none of them", {}},
     };
-    for (const auto& [action, follows] : links)
-        expectSteps({{action, [&] { actions().openLink(action); }, follows}});
+    for (const auto& link : links)
+        expectSteps({{link.first, [&] { actions().openLink(link.first); }, link.second}});
     desktop_.clock.now += 0.5;
     desktop_.desktop.facts.reviewPageOfPro = "https://review/pro";
     expectSteps(

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <utility>
 #include <vector>
 
 #include <QCoreApplication>
@@ -25,6 +27,10 @@ std::string withoutPathAndSuffix(std::string file) {
     constexpr std::string_view suffix = ".desktop";
     if (file.ends_with(suffix)) file.resize(file.size() - suffix.size());
     return file;
+}
+
+std::string quoted(const char* what, const std::string& value) {
+    return std::string(what) + " \"" + value + '"';
 }
 
 std::string firstNotEmpty(std::initializer_list<std::string> texts) {
@@ -107,39 +113,57 @@ WindowOwner ApplicationIdentities::identify(const WindowFacts& facts) {
     if (owner.launcher) {
         owner.id = owner.launcher->desktopId;
         owner.name = owner.launcher->name;
+        owner.recognisedBy = quoted("its class, a launcher's,", facts.wmClass);
         return owner;
     }
     const auto flatpakId = flatpakIdOf(facts.pid);
     const auto program = programNameOf(facts.pid);
-    if (const auto entry = installed(facts, flatpakId, program)) {
+    if (const auto [entry, by] = installed(facts, flatpakId, program); entry) {
         owner.id = entry->id;
         owner.name = entry->name;
+        owner.recognisedBy = by;
         return owner;
     }
     const auto name = nameOfApplication(facts.wmClass, program);
-    const auto id =
-        firstNotEmpty({facts.gtkApplicationId, withoutPathAndSuffix(facts.kdeDesktopFile), flatpakId, name,
-                       facts.wmInstance, idOfSameProcess(facts.pid).value_or(""), program});
-    if (!id.empty()) owner.id = id;
-    if (id == name && name != facts.wmClass) owner.otherId = facts.wmClass;
-    owner.name = firstNotEmpty({facts.wmClass, program, id});
+    const std::pair<std::string, const char*> ids[] = {
+        {facts.gtkApplicationId, "_GTK_APPLICATION_ID"},
+        {withoutPathAndSuffix(facts.kdeDesktopFile), "_KDE_NET_WM_DESKTOP_FILE"},
+        {flatpakId, "its Flatpak"},
+        {name, name == facts.wmClass ? "its class" : "its program, which its class is named after,"},
+        {facts.wmInstance, "its instance"},
+        {idOfSameProcess(facts.pid).value_or(""), "another window of its process,"},
+        {program, "its program"}};
+    const auto* const found = std::ranges::find_if(ids, [](const auto& id) { return !id.first.empty(); });
+    if (found == std::end(ids)) return owner;
+    owner.id = found->first;
+    owner.recognisedBy = quoted(found->second, found->first);
+    if (owner.id == name && name != facts.wmClass) owner.otherId = facts.wmClass;
+    owner.name = firstNotEmpty({facts.wmClass, program, found->first});
     return owner;
 }
 
-DesktopEntryRef ApplicationIdentities::installed(const WindowFacts& facts, const std::string& flatpakId,
-                                                 const std::string& program) {
-    for (const auto& id : {facts.gtkApplicationId, withoutPathAndSuffix(facts.kdeDesktopFile), flatpakId,
-                           snapIdOf(facts.pid)}) {
+ApplicationIdentities::Installed ApplicationIdentities::installed(const WindowFacts& facts,
+                                                                  const std::string& flatpakId,
+                                                                  const std::string& program) {
+    const std::pair<std::string, const char*> ids[] = {
+        {facts.gtkApplicationId, "_GTK_APPLICATION_ID"},
+        {withoutPathAndSuffix(facts.kdeDesktopFile), "_KDE_NET_WM_DESKTOP_FILE"},
+        {flatpakId, "its Flatpak"},
+        {snapIdOf(facts.pid), "its Snap"}};
+    for (const auto& [id, what] : ids) {
         if (id.empty()) continue;
-        if (auto entry = entries_.withId(id)) return entry;
+        if (auto entry = entries_.withId(id)) return {std::move(entry), quoted(what, id)};
     }
-    for (const auto& wmName : {facts.wmClass, facts.wmInstance}) {
-        if (auto entry = entries_.withStartupWmClass(wmName)) return entry;
+    const std::pair<std::string, const char*> wmNames[] = {{facts.wmClass, "its class"},
+                                                           {facts.wmInstance, "its instance"}};
+    for (const auto& [wmName, what] : wmNames) {
+        if (auto entry = entries_.withStartupWmClass(wmName))
+            return {std::move(entry), quoted(what, wmName) + ", the StartupWMClass of its desktop file"};
     }
-    for (const auto& wmName : {facts.wmClass, facts.wmInstance}) {
-        if (auto entry = entries_.named(wmName)) return entry;
+    for (const auto& [wmName, what] : wmNames) {
+        if (auto entry = entries_.named(wmName)) return {std::move(entry), quoted(what, wmName)};
     }
-    return entries_.ofRunningProgram(program);
+    return {entries_.ofRunningProgram(program), quoted("its program", program)};
 }
 
 std::optional<std::string> ApplicationIdentities::idOfSameProcess(int pid) const {

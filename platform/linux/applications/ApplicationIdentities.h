@@ -19,6 +19,7 @@ struct WindowOwner {
     std::string name;                   ///< In the user's language.
     std::optional<std::string> otherId; ///< By which the settings may know it, too.
     int pid = 0;                        ///< 0 when the server does not tell.
+    std::string recognisedBy;           ///< What told its id, in English: `its class "kate"`.
     bool isThisProcess = false;
     bool isPartOfDesktop = false;            ///< The window is a panel or the desktop's background.
     const KnownLauncher* launcher = nullptr; ///< If it is one; id and name are the launcher's then.
@@ -70,8 +71,12 @@ public:
 private:
     void handle(const xcb_generic_event_t& event);
     WindowOwner identify(const WindowFacts& facts);
-    DesktopEntryRef installed(const WindowFacts& facts, const std::string& flatpakId,
-                              const std::string& program);
+    /// An installed application, and what told that it is the one.
+    struct Installed {
+        DesktopEntryRef entry;
+        std::string by;
+    };
+    Installed installed(const WindowFacts& facts, const std::string& flatpakId, const std::string& program);
     std::optional<std::string> idOfSameProcess(int pid) const;
 
     XConnection& x_;

@@ -13,6 +13,9 @@ namespace quorvane {
 /// means the same with and without one.
 class InputMethodDaemon : public TextInputSources {
 public:
+    /// Of the framework.
+    virtual std::string_view name() const = 0;
+
     /// What the ids of its input methods begin with.
     virtual std::string_view idPrefix() const = 0;
 

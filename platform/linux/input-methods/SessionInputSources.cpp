@@ -23,6 +23,11 @@ TextInputSources* SessionInputSources::firstAvailable() const {
     return *available;
 }
 
+std::string_view SessionInputSources::provider() const {
+    const auto daemon = std::ranges::find(daemons_, chosen_);
+    return daemon == daemons_.end() ? "X11" : (*daemon)->name();
+}
+
 void SessionInputSources::chooseAgain() {
     if (std::exchange(chosen_, firstAvailable()) == chosen_) return;
     createInputSourceList(); // It remembers them.

@@ -33,6 +33,9 @@ public:
     /// See `InputMethodDaemon`.
     void applicationActivated(const std::string& application, int process);
 
+    /// Whose sources they are now: the name of a daemon, or "X11".
+    std::string_view provider() const;
+
     /// Another source is selected now.
     Signal<> selectionChanged;
 

@@ -5,40 +5,13 @@
 
 #include <QCollator>
 #include <QGuiApplication>
-#include <QStandardPaths>
 
-#include "platform/linux/applications/LauncherTable.h"
-#include "platform/linux/applications/MenuEntries.h"
+#include "platform/linux/applications/ChoosableApplications.h"
 
 namespace quorvane {
-namespace {
-
-/// A launcher that is found on the machine without a desktop file; null when it is not. Themes may have an
-/// icon of the program's name.
-DesktopEntryRef launcherProgram(const std::string& id) {
-    const auto program = QStandardPaths::findExecutable(QString::fromStdString(id));
-    if (program.isEmpty()) return nullptr;
-    DesktopEntry entry;
-    entry.id = entry.icon = entry.program = id;
-    entry.name = launcherOfDesktopId(id)->name;
-    entry.path = program.toStdString();
-    return std::make_shared<const DesktopEntry>(std::move(entry));
-}
-
-} // namespace
-
 ApplicationList::ApplicationList(DesktopEntries& entries, QObject* parent) : QAbstractListModel(parent) {
-    const auto currentDesktops = qgetenv("XDG_CURRENT_DESKTOP").toStdString();
-    const auto programFolders = qgetenv("PATH").toStdString();
-    for (auto& entry : entries.all()) {
-        const bool isShown = isShownInMenus(*entry, currentDesktops, programFolders);
-        if (isShown && !launcherOfDesktopId(entry->id)) add(std::move(entry));
-    }
-    for (const auto& id : launcherIdentifiers()) {
-        auto installed = entries.withId(id);
-        if (!installed) installed = launcherProgram(id);
-        if (installed) add(std::move(installed));
-    }
+    for (auto& entry : choosableApplications(entries))
+        add(std::move(entry));
     QCollator collator;
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     collator.setNumericMode(true);

@@ -5,9 +5,9 @@
 
 #include "linux/x11/X11Session.h"
 #include "platform/linux/applications/ApplicationFiles.h"
+#include "platform/linux/applications/LinuxApplicationBundles.h"
 #include "platform/linux/applications/OtherNames.h"
 #include "platform/linux/defaults/LinuxUserDefaults.h"
-#include "platform/linux/qt/LinuxApplicationBundles.h"
 #include "settings/AppRule.h"
 #include "settings/Keys.h"
 #include "settings/Maker.h"

@@ -37,6 +37,7 @@ public:
     std::string localizedName(const InputSource& source) const override;
     ImageRef iconOfReference(const InputSource& source) const override;
 
+    std::string_view name() const override { return "Fcitx5"; }
     std::string_view idPrefix() const override { return fcitx5IdPrefix; }
     bool isAvailable() const override { return isAvailable_; }
     bool isStartedAnew() const override { return controller_.isStartedAnew(); }

@@ -32,6 +32,7 @@ public:
     std::string localizedName(const InputSource& source) const override;
     ImageRef iconOfReference(const InputSource& source) const override;
 
+    std::string_view name() const override { return "IBus"; }
     std::string_view idPrefix() const override { return ibusIdPrefix; }
     bool isAvailable() const override { return isAvailable_; }
     bool isStartedAnew() const override { return isStartedAnew_; }

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <functional>
+#include <string>
+#include <utility>
+
 #include "platform/ApplicationBundles.h"
 #include "platform/linux/applications/DesktopEntries.h"
 
@@ -11,8 +15,13 @@ namespace quorvane {
 /// are those of applications that were removed.
 class LinuxApplicationBundles : public ApplicationBundles {
 public:
-    /// `entries` must outlive this object.
-    explicit LinuxApplicationBundles(DesktopEntries& entries) : entries_(entries) {}
+    /// The picture of an icon's name or path; null when it cannot be made.
+    using MakeIcon = std::function<ImageRef(const std::string& icon)>;
+
+    /// `entries` must outlive this object. Without a way to make icons there are none.
+    explicit LinuxApplicationBundles(DesktopEntries& entries, MakeIcon makeIcon = {})
+        : entries_(entries)
+        , makeIcon_(std::move(makeIcon)) {}
 
     /// Where there is no file, the name instead of a path.
     std::optional<std::string> absolutePathForAppBundle(std::string_view bundleIdentifier) const override;
@@ -21,6 +30,7 @@ public:
 
 private:
     DesktopEntries& entries_;
+    MakeIcon makeIcon_;
 };
 
 } // namespace quorvane

@@ -1,11 +1,8 @@
-// Reads and changes settings from the command line, also while the program runs.
+#include "platform/linux/quorvanectl/DefaultsCommand.h"
 
 #include <charconv>
 #include <cstdio>
-#include <optional>
-#include <string>
 #include <thread>
-#include <vector>
 
 #include "platform/linux/defaults/LinuxUserDefaults.h"
 #include "platform/linux/defaults/PropertyListBytes.h"
@@ -16,15 +13,7 @@ namespace {
 
 using Arguments = std::vector<std::string>;
 
-enum ExitStatus { success = 0, failure = 1, misuse = 2 };
-
-constexpr auto usage = "usage: quorvane-defaults domains\n"
-                       "       quorvane-defaults read DOMAIN [KEY]\n"
-                       "       quorvane-defaults write DOMAIN KEY TYPE VALUE\n"
-                       "       quorvane-defaults delete DOMAIN KEY\n"
-                       "       quorvane-defaults dict-add DOMAIN KEY ENTRY TYPE VALUE\n"
-                       "       quorvane-defaults dict-remove DOMAIN KEY ENTRY\n"
-                       "DOMAIN is a name, `standard` or `shared`; TYPE is -bool, -int, -string or -xml.\n";
+enum ExitStatus { success = 0, failure = 1 };
 
 constexpr std::chrono::seconds patience{5};
 constexpr std::chrono::milliseconds pauseBetweenTries{50};
@@ -101,7 +90,7 @@ std::error_code write(DefaultsFile& file, const SettingsEntries& changes) {
 }
 
 ExitStatus fail(const std::string& message) {
-    std::fprintf(stderr, "quorvane-defaults: %s\n", message.c_str());
+    std::fprintf(stderr, "quorvanectl: %s\n", message.c_str());
     return failure;
 }
 
@@ -127,8 +116,9 @@ ExitStatus remove(DefaultsFile& file, const std::string& key, const std::string&
     return dictionary[entry].isNothing() ? failure : store(file, key, dictionary.with(entry, {}));
 }
 
-/// None when the arguments make no command.
-std::optional<ExitStatus> run(const Arguments& arguments) {
+} // namespace
+
+std::optional<int> runDefaults(const std::vector<std::string>& arguments) {
     const auto count = arguments.size();
     const auto is = [&](const char* name, std::size_t size) { return count == size && arguments[0] == name; };
     if (is("domains", 1)) return printDomains();
@@ -145,12 +135,4 @@ std::optional<ExitStatus> run(const Arguments& arguments) {
                  count == 5 ? value : file.contents()[arguments[2]].with(arguments[3], value));
 }
 
-} // namespace
 } // namespace quorvane
-
-int main(int count, char** arguments) {
-    const auto status = quorvane::run(quorvane::Arguments(arguments + 1, arguments + count));
-    if (status) return *status;
-    std::fputs(quorvane::usage, stderr);
-    return quorvane::misuse;
-}

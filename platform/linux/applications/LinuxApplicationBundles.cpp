@@ -1,4 +1,4 @@
-#include "platform/linux/qt/LinuxApplicationBundles.h"
+#include "platform/linux/applications/LinuxApplicationBundles.h"
 
 #include <algorithm>
 
@@ -7,7 +7,6 @@
 #include <QStandardPaths>
 
 #include "platform/linux/applications/LauncherTable.h"
-#include "platform/linux/qt/ApplicationIcon.h"
 
 namespace quorvane {
 namespace {
@@ -53,7 +52,7 @@ std::string LinuxApplicationBundles::displayNameAtPath(std::string_view path) co
 ImageRef LinuxApplicationBundles::iconForFile(std::string_view path) const {
     const auto entry = entryAtPath(path);
     const auto icon = entry ? entry->icon : baseName(path); // A theme may have one of the program's name.
-    return icon.empty() ? nullptr : std::make_shared<ApplicationIcon>(QString::fromStdString(icon));
+    return icon.empty() || !makeIcon_ ? nullptr : makeIcon_(icon);
 }
 
 } // namespace quorvane

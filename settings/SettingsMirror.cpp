@@ -1,4 +1,4 @@
-#include "app/SettingsMirror.h"
+#include "settings/SettingsMirror.h"
 
 #include "settings/Keys.h"
 #include "settings/SharedDefaults.h"

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quorvane {
+
+/// An application or an input source, as the program and as people know it.
+struct Named {
+    std::string id;
+    std::string name;
+
+    bool operator==(const Named&) const = default;
+};
+
+/// Which of them a text may mean: the one with this id; else those whose id, name or last part of a
+/// reverse-DNS id it is, the capitals of English or not; else those whose name begins with it. Several, where
+/// only the user can tell.
+std::vector<Named> meantBy(std::string_view text, const std::vector<Named>& known);
+
+} // namespace quorvane
