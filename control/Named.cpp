@@ -16,7 +16,7 @@ bool isAlike(std::string_view one, std::string_view other) {
 }
 
 std::string_view lastPart(std::string_view id) {
-    return id.substr(id.rfind('.') + 1);
+    return id.substr(id.find_last_of(".:") + 1);
 }
 
 } // namespace

@@ -14,9 +14,9 @@ struct Named {
     bool operator==(const Named&) const = default;
 };
 
-/// Which of them a text may mean: the one with this id; else those whose id, name or last part of a
-/// reverse-DNS id it is, the capitals of English or not; else those whose name begins with it. Several, where
-/// only the user can tell.
+/// Which of them a text may mean: the one with this id; else those whose id or name it is, with or without
+/// the capitals of English; else those whose id ends in it, like "kate" in "org.kde.kate" and "ru" in
+/// "xkb:ru"; else those whose name begins with it. Several, where only the user can tell.
 std::vector<Named> meantBy(std::string_view text, const std::vector<Named>& known);
 
 } // namespace quorvane

@@ -95,7 +95,7 @@ TEST_F(Control, SetsWithoutTheProgramWhatCountsWhenItRuns) {
         EXPECT_EQ(ask({"select", "us"}).said, "quorvanectl: Quorvane does not run\n");
         EXPECT_EQ(ask({"rule", "rofi", hasBus ? "xkb:de" : "xkb:ru"}).status, 0);
         EXPECT_THAT(ask({"doctor"}).said,
-                    HasSubstr(hasBus ? "Quorvane does not run: start" : "no session bus: start"));
+                    HasSubstr(hasBus ? "Quorvane does not run: start" : "there is no session bus"));
     }
     EXPECT_EQ(session_.shared()->objectForKey(key::autoInput)["rofi"]["id"], PropertyList("xkb:ru"));
     const auto exported = ask({"export"});
