@@ -16,6 +16,9 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view group = "[Desktop Entry]";
 
+/// The end of the command that this class writes, and nobody else.
+const std::string startedAtLogin = std::string(" ") + launch_argument::atLogin + '\n';
+
 /// The keys by which a desktop, or the user with an editor, switches the entry off.
 constexpr std::array<std::string_view, 2> usersOwnKeys = {"Hidden", "X-GNOME-Autostart-enabled"};
 
@@ -59,28 +62,37 @@ std::string execArgument(std::string_view path) {
     return withBackslashBefore("\\", argument);
 }
 
-} // namespace
-
-AutostartLoginItems::AutostartLoginItems(fs::path folder, std::string program)
-    : folder_(std::move(folder))
-    , program_(std::move(program)) {}
-
-bool AutostartLoginItems::setEnabled(std::string_view identifier, bool enabled) {
-    const auto file = folder_ / (std::string(identifier) + ".desktop");
-    if (enabled) return write(file);
+/// True if there is no entry of this class's own afterwards.
+bool removeOwn(const fs::path& file) {
+    if (textOf(file).find(startedAtLogin) == std::string::npos) return true;
     std::error_code error;
     fs::remove(file, error);
     return !error;
 }
 
-bool AutostartLoginItems::write(const fs::path& file) const {
+} // namespace
+
+AutostartLoginItems::AutostartLoginItems(fs::path folder, std::string desktopId, std::string program)
+    : folder_(std::move(folder))
+    , desktopId_(std::move(desktopId))
+    , program_(std::move(program)) {}
+
+bool AutostartLoginItems::setEnabled(std::string_view identifier, bool enabled) {
+    const auto file = folder_ / (desktopId_ + ".desktop");
+    const auto former = folder_ / (std::string(identifier) + ".desktop");
+    if (enabled ? !write(file, former) : !removeOwn(file)) return false;
+    return removeOwn(former);
+}
+
+bool AutostartLoginItems::write(const fs::path& file, const fs::path& former) const {
     const auto present = textOf(file);
     std::string entry(group);
     entry += "\nType=Application\nName=Quorvane\n"
              "Comment=Gives every program the keyboard input source it needs\n"
-             "TryExec=" +
-             withBackslashBefore("\\", program_) + "\nExec=" + execArgument(program_) + ' ' +
-             launch_argument::atLogin + "\nTerminal=false\n" + usersOwnLines(present);
+             "Icon=" +
+             desktopId_ + "\nTryExec=" + withBackslashBefore("\\", program_) +
+             "\nExec=" + execArgument(program_) + startedAtLogin + "Terminal=false\n" +
+             usersOwnLines(present.empty() ? textOf(former) : present);
     if (entry == present) return true; // a launch like the one before writes nothing
     if (makePrivateFolder(folder_)) return false;
     const std::string_view pieces[] = {entry};

@@ -15,6 +15,13 @@ inline constexpr const char* newInstance = "--new-instance";
 /// By the session, at login: leave when an instance runs already, and do not ask it to reopen.
 inline constexpr const char* atLogin = "--at-login";
 
+/// By a menu: open the window, whether an instance runs already or not.
+inline constexpr const char* preferences = "--preferences";
+
+/// By the user: answer and end, before anything is touched.
+inline constexpr const char* help = "--help";
+inline constexpr const char* version = "--version";
+
 } // namespace launch_argument
 
 struct LaunchArguments {
@@ -23,7 +30,13 @@ struct LaunchArguments {
 
     bool isNewInstance = false;
     bool isAtLogin = false;
+    bool opensPreferences = false;
+    bool asksForHelp = false;
+    bool asksForVersion = false;
     std::string unknown; ///< The first one that means nothing here; empty when there is none.
 };
+
+/// What the user is told who asks for help.
+extern const char* const usage;
 
 } // namespace quorvane

@@ -99,7 +99,8 @@ LinuxDesktop::LinuxDesktop(XConnection& x)
     , alerts_(x)
     , openPanel_(desktopEntries_)
     , processes_([this] { defaults_.flushPendingWrites(); })
-    , loginItems_(autostartFolder(), QCoreApplication::applicationFilePath().toStdString())
+    , loginItems_(autostartFolder(), std::string(maker::bundleIdentifier),
+                  QCoreApplication::applicationFilePath().toStdString())
     , desktop_{.facts = factsOfX11(),
                .alerts = alerts_,
                .application = application_,

@@ -1,3 +1,4 @@
+#include <cstdio>
 #include <optional>
 #include <span>
 #include <string>
@@ -18,6 +19,7 @@
 #include "platform/linux/dbus/SessionBus.h"
 #include "platform/linux/input-methods/ibus/IBusTextInput.h"
 #include "platform/linux/localization/Translations.h"
+#include "platform/linux/qt/ProgramIcon.h"
 #include "platform/linux/qt/TemplateIcon.h"
 #include "platform/linux/x11/SingleInstance.h"
 
@@ -71,7 +73,7 @@ int runProgram(quorvane::XConnection& x, const quorvane::LaunchArguments& argume
     // Until the reminder is answered, it is what the user is shown who launches the program again; the window
     // comes then.
     bool hasLaunched = false;
-    bool isAskedToReopen = false;
+    bool isAskedToReopen = arguments.opensPreferences;
     instance.onReopen([&] {
         isAskedToReopen = true;
         if (hasLaunched)
@@ -97,6 +99,10 @@ int main(int argc, char** argv) {
         quorvane::logLine("unknown argument: " + arguments.unknown);
         return 2;
     }
+    if (arguments.asksForHelp || arguments.asksForVersion) {
+        std::fputs(arguments.asksForHelp ? quorvane::usage : "quorvane " QUORVANE_VERSION "\n", stdout);
+        return 0;
+    }
     // GLib wakes its threads to end them when they have been idle for a while; it may let them sleep.
     g_thread_pool_set_max_idle_time(0);
     if (!hasDisplay()) {
@@ -108,7 +114,8 @@ int main(int argc, char** argv) {
     environment.reset();
     QApplication::setApplicationName(QStringLiteral("Quorvane"));
     QApplication::setApplicationVersion(QStringLiteral(QUORVANE_VERSION));
-    QApplication::setWindowIcon(quorvane::iconOfTemplate(quorvane::QtImages().imageNamed("menuBarIcon")));
+    QApplication::setWindowIcon(
+        quorvane::programIcon(quorvane::iconOfTemplate(quorvane::QtImages().imageNamed("menuBarIcon"))));
     QApplication::setQuitOnLastWindowClosed(false);
     std::optional<quorvane::IBusTextInput> textInput;
     if (usesIBus()) textInput.emplace();

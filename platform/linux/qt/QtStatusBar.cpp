@@ -12,6 +12,7 @@
 #include <QTimer>
 
 #include "platform/linux/qt/PlainText.h"
+#include "platform/linux/qt/ProgramIcon.h"
 #include "platform/linux/qt/TemplateIcon.h"
 #include "platform/linux/qt/TrayReadiness.h"
 
@@ -31,7 +32,7 @@ public:
     }
 
     void setTemplateImage(ImageRef image) override {
-        icon_ = iconOfTemplate(image);
+        icon_ = programIcon(iconOfTemplate(image));
         if (tray_) tray_->setIcon(icon_);
     }
 

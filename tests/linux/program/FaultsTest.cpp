@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <QDir>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -32,10 +33,21 @@ TEST(WithoutXServer, TheProgramSaysSoAndFails) {
     EXPECT_EQ(program.exitCode(), 1);
     EXPECT_THAT(program.errors().toStdString(), HasSubstr("no X server"));
     EXPECT_EQ(program.errors().count('\n'), 1);
-    RunningProgram misled(QUORVANE_PROGRAM, {"--at-login", "--at-logn"});
-    ASSERT_TRUE(misled.waitForEnd());
-    EXPECT_EQ(misled.exitCode(), 2);
-    EXPECT_EQ(misled.errors(), "quorvane: unknown argument: --at-logn\n");
+    const struct {
+        QStringList arguments;
+        int status;
+        QString output, errors; ///< How it begins, and all of them.
+    } questions[] = {{{"--at-login", "--at-logn"}, 2, "", "quorvane: unknown argument: --at-logn\n"},
+                     {{"--version"}, 0, "quorvane 0.", ""},
+                     {{"--help"}, 0, "usage: quorvane [", ""}};
+    for (const auto& [arguments, status, output, errors] : questions) {
+        RunningProgram asked(QUORVANE_PROGRAM, arguments);
+        ASSERT_TRUE(asked.waitForEnd());
+        EXPECT_EQ(asked.exitCode(), status);
+        EXPECT_EQ(asked.output().left(output.size()), output);
+        EXPECT_EQ(asked.errors(), errors);
+    }
+    EXPECT_TRUE(QDir(folders.home() + "/config").isEmpty());
 }
 
 TEST_F(Faults, WithoutTrayBusAndWindowManagerAndInAWaylandSessionItSaysSoOnceAndWaits) {

@@ -20,11 +20,12 @@ QString textOf(const QString& path) {
 class AutostartEntry : public testing::Test {
 protected:
     bool setEnabled(const QString& program, bool isEnabled = true) {
-        return AutostartLoginItems(folder().toStdString(), program.toStdString())
+        return AutostartLoginItems(folder().toStdString(), "program", program.toStdString())
             .setEnabled("item", isEnabled);
     }
     QString folder() const { return folders_.home() + "/config/autostart"; }
-    QString entry() const { return folder() + "/item.desktop"; }
+    QString entry() const { return folder() + "/program.desktop"; }
+    QString formerEntry() const { return folder() + "/item.desktop"; }
 
     ScratchFolders folders_;
 };
@@ -44,16 +45,23 @@ TEST_F(AutostartEntry, StartsTheProgramWhereverItIs) {
 
 TEST_F(AutostartEntry, KeepsTheUsersOwnSwitchUntilItIsMadeAnewAndIsRefusedWhereNothingCanBeWritten) {
     const QByteArray users =
-        "[Desktop Entry]\nExec=/old/place\nHidden=true\nX-GNOME-Autostart-enabled = false\n"
+        "[Desktop Entry]\nExec=/old/place --at-login\nHidden=true\nX-GNOME-Autostart-enabled = false\n"
         "[Other]\nHidden=of another group\n";
-    folders_.write("config/autostart/item.desktop", users);
-    ASSERT_TRUE(setEnabled("/new/place"));
-    const auto kept = textOf(entry()).toStdString();
-    EXPECT_THAT(kept, testing::HasSubstr("\nExec=\"/new/place\" --at-login\n"));
-    EXPECT_THAT(kept, testing::EndsWith("\nHidden=true\nX-GNOME-Autostart-enabled = false\n"));
-    for (int time = 0; time < 2; ++time)
-        EXPECT_TRUE(setEnabled("/new/place", false)) << "also if it is so already";
-    EXPECT_FALSE(QFile::exists(entry()));
+    for (const auto* name : {"program", "item"}) { // as it is named, and as it once was
+        folders_.write(QString("config/autostart/%1.desktop").arg(name), users);
+        ASSERT_TRUE(setEnabled("/new/place"));
+        EXPECT_FALSE(QFile::exists(formerEntry()));
+        const auto kept = textOf(entry()).toStdString();
+        EXPECT_THAT(kept, testing::HasSubstr("\nExec=\"/new/place\" --at-login\n"));
+        EXPECT_THAT(kept, testing::EndsWith("\nHidden=true\nX-GNOME-Autostart-enabled = false\n"));
+        folders_.write("config/autostart/item.desktop", users);
+        for (int time = 0; time < 2; ++time)
+            EXPECT_TRUE(setEnabled("/new/place", false)) << "also if it is so already";
+        EXPECT_TRUE(QDir(folder()).isEmpty());
+    }
+    folders_.write("config/autostart/program.desktop", "[Desktop Entry]\nExec=program\n");
+    EXPECT_TRUE(setEnabled("/new/place", false));
+    EXPECT_TRUE(QFile::exists(entry())) << "the user's own";
     ASSERT_TRUE(setEnabled("/new/place"));
     EXPECT_FALSE(textOf(entry()).contains("Hidden"));
     ASSERT_TRUE(QDir(folder()).removeRecursively());
@@ -67,7 +75,7 @@ TEST(LoginItem, FollowsTheSetting) {
     standard.setBool(true, key::autoStartAtLogin);
     standard.synchronize();
     session.startProgram();
-    const auto file = QString::fromStdString(std::string(maker::loginItemIdentifier) + ".desktop");
+    const auto file = QString::fromStdString(std::string(maker::bundleIdentifier) + ".desktop");
     EXPECT_TRUE(textOf(session.folders.home() + "/config/autostart/" + file).contains(QUORVANE_PROGRAM));
 }
 

@@ -5,6 +5,9 @@
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <gtest/gtest.h>
 
 #include "linux/support/TestWindow.h"
@@ -38,10 +41,13 @@ public:
         question.setArguments(arguments);
         return bus_.call(question);
     }
-    QString toolTip() {
+    QVariant property(const QString& name) {
         const auto answer =
-            askItem("org.freedesktop.DBus.Properties", "Get", {"org.kde.StatusNotifierItem", "ToolTip"});
-        const auto told = answer.arguments().value(0).value<QDBusVariant>().variant().value<QDBusArgument>();
+            askItem("org.freedesktop.DBus.Properties", "Get", {"org.kde.StatusNotifierItem", name});
+        return answer.arguments().value(0).value<QDBusVariant>().variant();
+    }
+    QString toolTip() {
+        const auto told = property("ToolTip").value<QDBusArgument>();
         QString icon, title;
         told.beginStructure();
         told >> icon;
@@ -85,6 +91,12 @@ struct StatusItemOfTray : testing::Test {
 TEST_F(StatusItemOfTray, WaitsForATrayThatDoesNotAnswerYetAndNothingElseDoes) {
     session_.folders.write("data/applications/org.kde.kate.desktop",
                            "[Desktop Entry]\nType=Application\nName=Kate\nExec=kate\n");
+    session_.folders.write("data/icons/hicolor/index.theme",
+                           "[Icon Theme]\nName=Hicolor\nDirectories=22\n[22]\nSize=22\n");
+    const auto name = QString::fromStdString(std::string(maker::bundleIdentifier));
+    const auto icon = session_.folders.dataHome() + "/icons/hicolor/22/" + name + ".png";
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(icon).path()));
+    ASSERT_TRUE(QFile::copy(QUORVANE_SOURCE_DIR "/packaging/linux/icons/22.png", icon));
     Watcher tray;
     session_.startProgram();
     session_.setRule("org.kde.kate", "xkb:ru");
@@ -95,6 +107,7 @@ TEST_F(StatusItemOfTray, WaitsForATrayThatDoesNotAnswerYetAndNothingElseDoes) {
     ASSERT_TRUE(waitUntil([&] { return !tray.item().isEmpty(); }));
     EXPECT_TRUE(waitUntil([&] { return tray.toolTip() == "Kate: Russian (rule)"; }))
         << tray.toolTip().toStdString();
+    EXPECT_EQ(tray.property("IconName"), name) << "so that the tray can have a picture of its own";
 
     tray.askItem("org.kde.StatusNotifierItem", "Activate", {100, 100}); // a click on it
     const auto x = XConnection::open();
