@@ -9,9 +9,14 @@ set(QUORVANE_COMPANION_BUNDLE_IDENTIFIER "${QUORVANE_REVERSE_DNS_PREFIX}.Tandrel
     "Bundle identifier of the companion application")
 # What starts this program at login, where that takes a program of its own.
 set(QUORVANE_LOGIN_ITEM_IDENTIFIER "${QUORVANE_REVERSE_DNS_PREFIX}.QuorvaneProHelper")
+set(QUORVANE_MAKER "The makers of Quorvane" CACHE STRING "Who makes this application, as users are told")
+set(QUORVANE_MAINTAINER "${QUORVANE_MAKER} <quorvane@example.org>" CACHE STRING
+    "Who answers for its packages: name and mail address")
 # Nobody has web pages there: until the maker's own host is set, the program opens the help that it comes with.
 set(QUORVANE_PLACEHOLDER_WEBSITE "www.example.org")
 set(QUORVANE_WEBSITE "${QUORVANE_PLACEHOLDER_WEBSITE}" CACHE STRING "Host of the maker's web pages")
+set(QUORVANE_SCREENSHOTS "https://${QUORVANE_WEBSITE}/quorvane/screenshots" CACHE STRING
+    "Where the pictures of docs/ are on the web, for catalogues of applications")
 set(QUORVANE_STORE_IDENTIFIER "000000001" CACHE STRING "The store's identifier of this application")
 set(QUORVANE_STORE_IDENTIFIER_OF_PRO "000000002" CACHE STRING "The store's identifier of the Pro edition")
 set(QUORVANE_REVIEW_PAGE "https://${QUORVANE_WEBSITE}/review" CACHE STRING

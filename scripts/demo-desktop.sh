@@ -1,5 +1,5 @@
 # A virtual desktop of its own, for the demonstrations: they read this file, with the folder of the built programs
-# as their first argument. It ends with them.
+# as their first argument. It ends with them. Pictures are saved in $QUORVANE_PICTURES, if that is set.
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -65,6 +65,6 @@ rule() { until_true try_rule "$1" "$2"; }
 shown=0
 play() { "$programs/quorvane-demo" "$@" | tee -a "$scratch/table" || shown=1; }
 screenshot() {
-  import -window root "$root/$1"
+  import -window root "${QUORVANE_PICTURES:-$root}/$1"
   echo "screenshot: $1"
 }

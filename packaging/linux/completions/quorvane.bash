@@ -1,0 +1,1 @@
+complete -W '--preferences --at-login --new-instance --help --version' quorvane

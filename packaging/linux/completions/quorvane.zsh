@@ -1,0 +1,7 @@
+#compdef quorvane
+_arguments : \
+  '(- *)--help[print what it understands]' \
+  '(- *)--version[print the version]' \
+  '(- *)--preferences[open the window]' \
+  '(- *)--at-login[leave when it runs already]' \
+  '(- *)--new-instance[replace the one that runs]'
