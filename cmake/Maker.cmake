@@ -12,7 +12,9 @@ set(QUORVANE_LOGIN_ITEM_IDENTIFIER "${QUORVANE_REVERSE_DNS_PREFIX}.QuorvaneProHe
 set(QUORVANE_MAKER "The makers of Quorvane" CACHE STRING "Who makes this application, as users are told")
 set(QUORVANE_MAINTAINER "${QUORVANE_MAKER} <quorvane@example.org>" CACHE STRING
     "Who answers for its packages: name and mail address")
-set(QUORVANE_WEBSITE "www.example.org" CACHE STRING "Host of the maker's web pages")
+# Nobody has web pages there: until the maker's own host is set, the program opens the help that it comes with.
+set(QUORVANE_PLACEHOLDER_WEBSITE "www.example.org")
+set(QUORVANE_WEBSITE "${QUORVANE_PLACEHOLDER_WEBSITE}" CACHE STRING "Host of the maker's web pages")
 set(QUORVANE_SCREENSHOTS "https://${QUORVANE_WEBSITE}/quorvane/screenshots" CACHE STRING
     "Where the pictures of docs/ are on the web, for catalogues of applications")
 set(QUORVANE_STORE_IDENTIFIER "000000001" CACHE STRING "The store's identifier of this application")

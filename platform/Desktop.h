@@ -52,6 +52,9 @@ struct DesktopFacts {
     std::string reviewPage;
     std::string reviewPageOfPro;
 
+    /// The address of the help that came with the program; empty: none did.
+    std::string helpPage;
+
     /// What starts a new instance of this program.
     std::string relaunchPath = "/usr/bin/open";
     std::vector<std::string> relaunchArguments;

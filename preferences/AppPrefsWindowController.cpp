@@ -28,7 +28,7 @@ AppPrefsWindowController::AppPrefsWindowController(Desktop& desktop, const Compa
     , checkBoxes_(bindCheckBoxes(outlets_.options, desktop.defaults.standardUserDefaults()))
     , changeInputTo_(std::move(changeInputTo))
     , companionAlert_(desktop.alerts, desktop.application, desktop.links)
-    , links_(desktop.links, desktop.clock, desktop.facts)
+    , links_(desktop.links, desktop.clock, desktop.facts, maker::hasWebsite)
     , setUpButton_(companion, desktop.distributedNotifications, desktop.application, companionAlert_, lists_,
                    outlets_.window, outlets_.StartOrStopSetUpButton)
     , applications_({desktop.defaults.standardUserDefaults(), desktop.applicationBundles, desktop.application,

@@ -24,6 +24,7 @@ struct Link {
     std::string_view host;
     std::string_view path;
     std::string DesktopFacts::*pageOfDesktop = nullptr; ///< Where it is instead, unless that is empty.
+    std::string_view placeInHelp = {};                  ///< What of the help says the same; empty: nothing.
 };
 
 constexpr std::array links = {
@@ -31,16 +32,24 @@ constexpr std::array links = {
     Link{"technicalSupport", secure, maker::website, "/support"},
     Link{"feedbackOfSwitchLocation", secure, maker::website, "/support"},
     Link{moreFreeApps, secure, maker::website, "/"},
-    Link{"instructionsForChangedInputByLocation", secure, maker::website, "/switch-by-location"},
+    Link{"instructionsForChangedInputByLocation", secure, maker::website, "/switch-by-location", nullptr,
+         "#places"},
     Link{"gotoQuorvane", store, maker::storeReview, maker::storeIdentifier, &DesktopFacts::reviewPage},
     Link{"gotoQuorvanePro", store, maker::storeReview, maker::storeIdentifierOfPro,
          &DesktopFacts::reviewPageOfPro},
-    Link{"TeachingVideo", secure, maker::website, "/video"},
-    Link{"FAQDocument", secure, maker::website, "/faq"},
+    Link{"TeachingVideo", secure, maker::website, "/video", nullptr, "#start"},
+    Link{"FAQDocument", secure, maker::website, "/faq", nullptr, "#questions"},
     Link{"gotoOfficialWebsite", plain, maker::website, "/"},
     Link{"privacyPolicy", secure, maker::website, "/privacy"},
     Link{"termsOfUse", secure, maker::website, "/terms"},
 };
+
+std::string addressOf(const Link& link, const DesktopFacts& facts, bool makerHasWebsite) {
+    if (link.pageOfDesktop && !(facts.*link.pageOfDesktop).empty()) return facts.*link.pageOfDesktop;
+    if (!makerHasWebsite && !link.placeInHelp.empty() && !facts.helpPage.empty())
+        return facts.helpPage + std::string(link.placeInHelp);
+    return std::string(link.scheme).append(link.host).append(link.path);
+}
 
 } // namespace
 
@@ -48,11 +57,7 @@ void PreferencesLinks::open(std::string_view action) {
     const auto* const link = std::ranges::find(links, action, &Link::action);
     if (link == links.end()) return;
     if (action == moreFreeApps && clock_.secondsSince1970() <= moreFreeAppsSince) return;
-    if (link->pageOfDesktop && !(facts_.*link->pageOfDesktop).empty()) {
-        links_.openURL(facts_.*link->pageOfDesktop);
-        return;
-    }
-    links_.openURL(std::string(link->scheme).append(link->host).append(link->path));
+    links_.openURL(addressOf(*link, facts_, makerHasWebsite_));
 }
 
 } // namespace quorvane

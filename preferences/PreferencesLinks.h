@@ -11,11 +11,13 @@ namespace quorvane {
 /// The addresses behind the window's links, each by the name of its action.
 class PreferencesLinks {
 public:
-    /// `facts` tell where reviews are written; they must outlive this object.
-    PreferencesLinks(Links& links, const WallClock& clock, const DesktopFacts& facts)
+    /// `facts` tell where reviews are written, and where the help is that stands in for a maker's web pages
+    /// as long as there are none; they must outlive this object.
+    PreferencesLinks(Links& links, const WallClock& clock, const DesktopFacts& facts, bool makerHasWebsite)
         : links_(links)
         , clock_(clock)
-        , facts_(facts) {}
+        , facts_(facts)
+        , makerHasWebsite_(makerHasWebsite) {}
 
     /// Nothing for a name that is no link's.
     void open(std::string_view action);
@@ -24,6 +26,7 @@ private:
     Links& links_;
     const WallClock& clock_;
     const DesktopFacts& facts_;
+    bool makerHasWebsite_;
 };
 
 } // namespace quorvane

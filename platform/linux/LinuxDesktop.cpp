@@ -1,7 +1,9 @@
 #include "platform/linux/LinuxDesktop.h"
 
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QStandardPaths>
+#include <QUrl>
 
 #include "platform/linux/LaunchArguments.h"
 #include "platform/linux/dbus/SessionBus.h"
@@ -16,6 +18,14 @@ namespace {
 /// Keys that input methods are switched with, alone or with another key.
 constexpr auto switchingModifiers =
     ModifierFlag::shift | ModifierFlag::control | ModifierFlag::option | ModifierFlag::command;
+
+/// It lies beside the program, wherever that was installed or built.
+std::string helpPage() {
+    const QFileInfo page(QCoreApplication::applicationDirPath() +
+                         QStringLiteral("/../share/quorvane/help/index.html"));
+    if (!page.isFile()) return {};
+    return QUrl::fromLocalFile(page.canonicalFilePath()).toEncoded().toStdString();
+}
 
 DesktopFacts factsOfX11() {
     return {
@@ -35,6 +45,7 @@ DesktopFacts factsOfX11() {
                              R"(xdg-open "$f" >/dev/null 2>&1 &)",
         .reviewPage = std::string(maker::reviewPage),
         .reviewPageOfPro = std::string(maker::reviewPageOfPro),
+        .helpPage = helpPage(),
         .relaunchPath = QCoreApplication::applicationFilePath().toStdString(),
         .relaunchArguments = {launch_argument::newInstance},
     };

@@ -1,8 +1,19 @@
 #import "platform/macos/MacDesktop.h"
 
+#import "platform/macos/foundation/PropertyListBridge.h"
 #include "settings/Maker.h"
 
 namespace quorvane {
+namespace {
+
+/// It lies in the bundle, wherever that is.
+std::string helpPage() {
+    NSURL* page =
+        [NSBundle.mainBundle.bundleURL URLByAppendingPathComponent:@"Contents/Resources/help/index.html"];
+    return fromNSString(page.absoluteString);
+}
+
+} // namespace
 
 MacDesktop::MacDesktop()
     : defaults_(maker::bundleIdentifier)
@@ -10,7 +21,7 @@ MacDesktop::MacDesktop()
     , interfaceFiles_({notifications_, hotKeys_})
     , alerts_([this] { return interfaceFiles_.preferencesWindow(); })
     , processes_([this] { defaults_.flushPendingWrites(); })
-    , desktop_{.facts = {.relaunchArguments = MacProcesses::relaunchArguments()},
+    , desktop_{.facts = {.helpPage = helpPage(), .relaunchArguments = MacProcesses::relaunchArguments()},
                .alerts = alerts_,
                .application = application_,
                .applicationBundles = applicationBundles_,

@@ -24,7 +24,8 @@ PATH=$scratch/tools:$PATH
 ninja -C "$scratch/build" -t commands all >"$scratch/plan" 2>&1 || { cat "$scratch/plan"; exit 1; }
 for part in Quorvane.app/Contents/MacOS/Quorvane QuorvaneProHelper.app/Contents/MacOS/QuorvaneProHelper \
   Resources/Quorvane.icns Resources/zh-Hant.lproj/Localizable.strings Resources/en.lproj/Localizable.strings \
-  bin/quorvane_tests bin/quorvane_macos_native_tests LoginItems/QuorvaneProHelper.app codesign; do
+  Resources/help/index.html bin/quorvane_tests bin/quorvane_macos_native_tests LoginItems/QuorvaneProHelper.app \
+  codesign; do
   grep -qF "$part" "$scratch/plan" || { echo "not planned: $part"; exit 1; }
 done
 grep -q -- '-arch arm64 -arch x86_64' "$scratch/build/build.ninja" || { echo "not for both processors"; exit 1; }

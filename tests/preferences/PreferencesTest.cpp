@@ -175,6 +175,24 @@ TEST_F(Preferences, EachLinkOpensItsPage) {
          {"without a store", [&] { actions().openLink("gotoQuorvanePro"); }, {"0 open https://review/pro"}}});
 }
 
+TEST_F(Preferences, HelpIsOpenedWhereTheMakerHasNoWebPages) {
+    open();
+    auto& facts = desktop_.desktop.facts;
+    facts.helpPage = "file:///help";
+    PreferencesLinks without(desktop_.links, desktop_.clock, facts, false);
+    PreferencesLinks with(desktop_.links, desktop_.clock, facts, true);
+    const std::string site = "0 open https://" + std::string(maker::website), help = "0 open file:///help";
+    const auto questions = maker::hasWebsite ? site + "/faq" : help + "#questions";
+    expectSteps({
+        {"", [&] { without.open("TeachingVideo"); }, {help + "#start"}},
+        {"", [&] { without.open("FAQDocument"); }, {help + "#questions"}},
+        {"", [&] { without.open("instructionsForChangedInputByLocation"); }, {help + "#places"}},
+        {"help does not say this", [&] { without.open("technicalSupport"); }, {site + "/support"}},
+        {"a maker with pages", [&] { with.open("FAQDocument"); }, {site + "/faq"}},
+        {"the window knows which", [&] { actions().openLink("FAQDocument"); }, {questions}},
+    });
+}
+
 TEST_F(Preferences, TheRowsAreRulesAndRunningApplicationsInTheUsersOrder) {
     desktop_.workspace.launch("agent", ActivationPolicy::accessory);
     desktop_.workspace.launch(alfredIdentifier, ActivationPolicy::accessory);

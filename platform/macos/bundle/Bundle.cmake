@@ -8,6 +8,7 @@ set(pictures
   ${bundle_folder}/menuBarIcon.png
   ${bundle_folder}/menuBarIcon@2x.png)
 set_source_files_properties(${pictures} PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
+set_source_files_properties(${QUORVANE_HELP} PROPERTIES MACOSX_PACKAGE_LOCATION Resources/help)
 
 file(GLOB tables CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/resources/*.lproj/Localizable.strings)
 list(APPEND tables ${bundle_folder}/en.lproj/Localizable.strings)
@@ -17,7 +18,7 @@ foreach(table ${tables})
   set_source_files_properties(${table} PROPERTIES MACOSX_PACKAGE_LOCATION Resources/${language})
 endforeach()
 
-add_executable(quorvane MACOSX_BUNDLE main.mm ${pictures} ${tables})
+add_executable(quorvane MACOSX_BUNDLE main.mm ${pictures} ${tables} ${QUORVANE_HELP})
 set_target_properties(quorvane PROPERTIES
   OUTPUT_NAME Quorvane
   MACOSX_BUNDLE_INFO_PLIST ${QUORVANE_BUNDLE_FILES}/Info.plist)
@@ -43,7 +44,7 @@ add_custom_command(
   COMMAND codesign --force --sign - ${login_item}
   COMMAND codesign --force --sign - $<TARGET_BUNDLE_DIR:quorvane>
   COMMAND ${CMAKE_COMMAND} -E touch ${seal}
-  DEPENDS quorvane quorvane_login_item ${pictures} ${tables} ${QUORVANE_BUNDLE_FILES}/Info.plist
+  DEPENDS quorvane quorvane_login_item ${pictures} ${tables} ${QUORVANE_HELP} ${QUORVANE_BUNDLE_FILES}/Info.plist
           ${QUORVANE_BUNDLE_FILES}/HelperInfo.plist
   COMMENT "Signing Quorvane.app for this Mac"
   VERBATIM)

@@ -183,6 +183,7 @@ enum : NSStringEncoding { NSUTF8StringEncoding = 4 };
 @property(nullable, readonly, copy) NSURL* URLByDeletingLastPathComponent;
 - (nullable NSURL*)URLByAppendingPathComponent:(NSString*)component;
 @property(nullable, readonly, copy) NSString* path;
+@property(nullable, readonly, copy) NSString* absoluteString;
 @property(readonly, getter=isFileURL) BOOL fileURL;
 @end
 
