@@ -15,7 +15,7 @@ _quorvanectl() {
     1:default | 2:rule*) choices="$(_quorvanectl_identifiers sources) none" ;;
     1:select | 1:shortcut) choices=$(_quorvanectl_identifiers sources) ;;
     2:shortcut*) choices=none ;;
-    1:pause) choices='10m 30m 1h' ;;
+    1:pause) choices='10m 30m 1h 2h' ;;
     1:defaults) choices='domains read write delete dict-add dict-remove' ;;
     2:defaults*) choices='standard shared' ;;
   esac

@@ -30,11 +30,11 @@ for line in 'status,The application in front, its input source, and why' \
     set -l command (string split -m 1 , $line)
     complete -c quorvanectl -n 'test (__quorvanectl_words) -eq 1' -a $command[1] -d $command[2]
 end
-complete -c quorvanectl -n '__quorvanectl_at why 1; or __quorvanectl_at rule 1' -a '(quorvanectl apps 2>/dev/null)'
-complete -c quorvanectl -a '(quorvanectl sources 2>/dev/null)' \
+complete -c quorvanectl -n '__quorvanectl_at why 1; or __quorvanectl_at rule 1' -a '(quorvanectl apps 2>/dev/null | cut -f 1,2)'
+complete -c quorvanectl -a '(quorvanectl sources 2>/dev/null | cut -f 1,2)' \
     -n '__quorvanectl_at select 1; or __quorvanectl_at shortcut 1; or __quorvanectl_at default 1; or __quorvanectl_at rule 2'
 complete -c quorvanectl -n '__quorvanectl_at default 1; or __quorvanectl_at rule 2; or __quorvanectl_at shortcut 2' -a none
-complete -c quorvanectl -n '__quorvanectl_at pause 1' -a '10m 30m 1h'
+complete -c quorvanectl -n '__quorvanectl_at pause 1' -a '10m 30m 1h 2h'
 complete -c quorvanectl -n '__quorvanectl_at export 1; or __quorvanectl_at import 1' -F
 complete -c quorvanectl -n 'contains import (commandline -opc)' -l dry-run -d 'Only print the difference'
 complete -c quorvanectl -n 'contains import (commandline -opc)' -l replace -d 'In place of what is there'

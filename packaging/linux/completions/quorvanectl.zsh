@@ -5,7 +5,7 @@ _quorvanectl_identifiers() { # apps or sources, what they are
   local line
   local -a described
   for line in ${(f)"$(quorvanectl $1 2>/dev/null)"}; do
-    described+=("${${line%%$'\t'*}//:/\\:}:${line#*$'\t'}")
+    described+=("${${line%%$'\t'*}//:/\\:}:${${line#*$'\t'}%%$'\t'*}")
   done
   _describe $2 described
 }
@@ -48,7 +48,7 @@ _quorvanectl() {
     shortcut) _arguments '1:input source:_quorvanectl_sources' '2:keys:(none)' ;;
     export) _arguments '1:file:_files' ;;
     import) _arguments '1:file:_files' '--dry-run[only print the difference]' '--replace[in place of what is there]' ;;
-    pause) _arguments '1:duration:(10m 30m 1h)' ;;
+    pause) _arguments '1:duration:(10m 30m 1h 2h)' ;;
     defaults) _arguments '1:command:(domains read write delete dict-add dict-remove)' '2:domain:(standard shared)' ;;
   esac
 }

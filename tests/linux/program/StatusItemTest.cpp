@@ -41,9 +41,9 @@ public:
         question.setArguments(arguments);
         return bus_.call(question);
     }
-    QVariant property(const QString& name) {
+    QVariant property(const QString& propertyName) {
         const auto answer =
-            askItem("org.freedesktop.DBus.Properties", "Get", {"org.kde.StatusNotifierItem", name});
+            askItem("org.freedesktop.DBus.Properties", "Get", {"org.kde.StatusNotifierItem", propertyName});
         return answer.arguments().value(0).value<QDBusVariant>().variant();
     }
     QString toolTip() {
