@@ -81,13 +81,13 @@ TEST_F(CommandsTest, Say) {
         {"default", "none\n"},
         {"default Greek", "2: unknown input source \"Greek\"\n"},
         {"shortcut Russian", "none\n"},
-        {"shortcut Russian R", "2: \"R\" is no hot key; write it like Ctrl+Alt+R\n"},
+        {"shortcut Russian R", "2: R is no hot key; write it like Ctrl+Alt+R\n"},
         {"shortcut palette none", "2: unknown input source \"palette\"\n"},
         {"select", "2: select takes a source\n"},
-        {"pause forever", "2: \"forever\" is no duration; write it like 90s, 10m or 2h\n"},
+        {"pause forever", "2: forever is no duration; write it like 90s, 10m or 2h\n"},
         {"import", "1: these are no settings of Quorvane, or those of a later version\n"},
         {"import --now", "2: import does not know --now\n"},
-        {"dance", "2: unknown command \"dance\"\n"},
+        {"dance", "2: dance is no command\n"},
         {"status",
          "in front\tru.app, known by its window\nwanted\tRussian (ru), by its rule\ncurrent\tRussian "
          "(ru)\nsources from\tthe simulation\nswitching\ton\nsettings\tsaved\nhot keys\tnone "
