@@ -47,6 +47,7 @@ int main(int argc, char** argv) {
     const int times = argc > 1 ? std::atoi(argv[1]) : 100;
     MeasuredDesktop desktop(false);
     desktop.startAgentAndWait();
+    select("xkb:us");
     std::vector<double> layouts, ends;
     int missed = 0;
     for (int i = 0; i < times; ++i) {
