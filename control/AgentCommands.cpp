@@ -134,35 +134,43 @@ PropertyList AgentCommands::sourceDocument(const std::optional<std::string>& id)
 }
 
 /// Which source an application is to have, and why.
-PropertyList AgentCommands::explanation(const std::optional<std::string>& bundleIdentifier) const {
-    const auto wanted = program_.decision.wantedBy(bundleIdentifier);
+PropertyList AgentCommands::explanation(const std::optional<Named>& application) const {
+    const auto wanted =
+        program_.decision.wantedBy(application ? std::optional(application->id) : std::nullopt);
     PropertyList document = Dictionary{{"reason", wordOf(wanted.reason)},
                                        {"isPaused", program_.pause.isOn()},
                                        {"companionDecides", program_.companion.isRunning()}};
-    if (bundleIdentifier)
-        document = document.with("application", Dictionary{{"identifier", *bundleIdentifier},
-                                                           {"name", nameOf(*bundleIdentifier)}});
+    if (application)
+        document = document.with("application",
+                                 Dictionary{{"identifier", application->id}, {"name", application->name}});
     auto source = sourceDocument(wanted.id);
     const auto isWanted = [&](const Named& each) { return each.id == wanted.id; };
     if (wanted.id && std::ranges::none_of(knownSources(), isWanted)) source = source.with("isMissing", true);
     return document.with("wanted", source);
 }
 
+/// That of the last decision; none for one without an identifier, and before the first decision.
+std::optional<Named> AgentCommands::lastApplication() const {
+    const auto& last = program_.decision.lastDecision();
+    if (!last || !last->application) return std::nullopt;
+    return Named{*last->application, nameOf(*last->application)};
+}
+
 CommandResult AgentCommands::why(const CommandRequest& request) {
     if (request.arguments.size() > 1) return commandMisuse("why takes an application");
     if (request.arguments.size() == 1) {
         const auto found = settingsCommands_.application(request.arguments[0]);
-        return found.one ? CommandResult{CommandStatus::done, explanation(found.one->id)} : found.failure;
+        return found.one ? CommandResult{CommandStatus::done, explanation(found.one)} : found.failure;
     }
     const auto& last = program_.decision.lastDecision();
     if (!last) return commandFailure(CommandStatus::failed, "no application has come to the front yet");
-    return {CommandStatus::done, explanation(last->application)};
+    return {CommandStatus::done, explanation(lastApplication())};
 }
 
 CommandResult AgentCommands::status(const CommandRequest& request) {
     if (!request.arguments.empty()) return commandMisuse("status takes no argument");
     const auto& last = program_.decision.lastDecision();
-    auto document = explanation(last ? last->application : std::nullopt);
+    auto document = explanation(lastApplication());
     const auto frontmost = desktop_.workspace.frontmostApplication();
     const auto recognition = report_.recognition();
     if (frontmost && last && frontmost->bundleIdentifier == last->application && !recognition.empty())
