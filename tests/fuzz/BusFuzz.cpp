@@ -25,7 +25,8 @@ public:
 
     QVariant value(int depth = 0) {
         constexpr int deepest = 80; // deeper than the reader goes, and than the bus allows
-        const auto type = depth < deepest ? take() : 'e';
+        const auto type = take();
+        if (depth == deepest) return {};
         if (type == 'b') return take() % 2 != 0;
         if (type == 'i') return take() - 128;
         if (type == 'x') return qlonglong(-1) << take() % 64;
