@@ -30,7 +30,9 @@ void decide(benchmark::State& state) {
     const OpenLaunchers none;
     InputSwitch inputSwitch(desktop.inputSources, desktop.defaults, desktop.workspace, launchers, none,
                             companion, [] {});
-    InputDecision decision(desktop.defaults, inputSwitch, companion, desktop.runLoop, launchers, 0, [] {});
+    const SwitchPause pause(desktop.runLoop, desktop.clock);
+    InputDecision decision(desktop.defaults, inputSwitch, companion, pause, desktop.runLoop, desktop.clock,
+                           launchers, 0, [] {});
     const auto application = "org.example.application" + std::to_string(state.range(0) / 2);
     for (auto _ : state)
         decision.decide(application);

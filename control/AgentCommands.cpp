@@ -15,10 +15,6 @@ namespace {
 
 using Dictionary = PropertyList::Dictionary;
 
-CommandResult misuse(std::string reason) {
-    return commandFailure(CommandStatus::misused, std::move(reason));
-}
-
 const char* wordOf(InputReason reason) {
     switch (reason) {
     case InputReason::rule:
@@ -89,7 +85,7 @@ const std::map<std::string_view, AgentCommands::Command>& AgentCommands::command
 
 CommandResult AgentCommands::run(std::string_view command, const CommandRequest& request) {
     const auto found = commands().find(command);
-    if (found == commands().end()) return misuse("unknown command \"" + std::string(command) + "\"");
+    if (found == commands().end()) return commandMisuse(std::string(command) + " is no command");
     return (this->*found->second)(request);
 }
 
@@ -138,35 +134,43 @@ PropertyList AgentCommands::sourceDocument(const std::optional<std::string>& id)
 }
 
 /// Which source an application is to have, and why.
-PropertyList AgentCommands::explanation(const std::optional<std::string>& bundleIdentifier) const {
-    const auto wanted = program_.decision.wantedBy(bundleIdentifier);
+PropertyList AgentCommands::explanation(const std::optional<Named>& application) const {
+    const auto wanted =
+        program_.decision.wantedBy(application ? std::optional(application->id) : std::nullopt);
     PropertyList document = Dictionary{{"reason", wordOf(wanted.reason)},
                                        {"isPaused", program_.pause.isOn()},
                                        {"companionDecides", program_.companion.isRunning()}};
-    if (bundleIdentifier)
-        document = document.with("application", Dictionary{{"identifier", *bundleIdentifier},
-                                                           {"name", nameOf(*bundleIdentifier)}});
+    if (application)
+        document = document.with("application",
+                                 Dictionary{{"identifier", application->id}, {"name", application->name}});
     auto source = sourceDocument(wanted.id);
     const auto isWanted = [&](const Named& each) { return each.id == wanted.id; };
     if (wanted.id && std::ranges::none_of(knownSources(), isWanted)) source = source.with("isMissing", true);
     return document.with("wanted", source);
 }
 
+/// That of the last decision; none for one without an identifier, and before the first decision.
+std::optional<Named> AgentCommands::lastApplication() const {
+    const auto& last = program_.decision.lastDecision();
+    if (!last || !last->application) return std::nullopt;
+    return Named{*last->application, nameOf(*last->application)};
+}
+
 CommandResult AgentCommands::why(const CommandRequest& request) {
-    if (request.arguments.size() > 1) return misuse("why takes an application");
+    if (request.arguments.size() > 1) return commandMisuse("why takes an application");
     if (request.arguments.size() == 1) {
         const auto found = settingsCommands_.application(request.arguments[0]);
-        return found.one ? CommandResult{CommandStatus::done, explanation(found.one->id)} : found.failure;
+        return found.one ? CommandResult{CommandStatus::done, explanation(found.one)} : found.failure;
     }
     const auto& last = program_.decision.lastDecision();
     if (!last) return commandFailure(CommandStatus::failed, "no application has come to the front yet");
-    return {CommandStatus::done, explanation(last->application)};
+    return {CommandStatus::done, explanation(lastApplication())};
 }
 
 CommandResult AgentCommands::status(const CommandRequest& request) {
-    if (!request.arguments.empty()) return misuse("status takes no argument");
+    if (!request.arguments.empty()) return commandMisuse("status takes no argument");
     const auto& last = program_.decision.lastDecision();
-    auto document = explanation(last ? last->application : std::nullopt);
+    auto document = explanation(lastApplication());
     const auto frontmost = desktop_.workspace.frontmostApplication();
     const auto recognition = report_.recognition();
     if (frontmost && last && frontmost->bundleIdentifier == last->application && !recognition.empty())
@@ -192,7 +196,7 @@ PropertyList AgentCommands::refusedShortcuts() const {
 }
 
 CommandResult AgentCommands::applications(const CommandRequest& request) {
-    if (!request.arguments.empty()) return misuse("apps takes no argument");
+    if (!request.arguments.empty()) return commandMisuse("apps takes no argument");
     PropertyList::Array list;
     for (const auto& [id, name] : knownApplications()) {
         const bool isRunning = !desktop_.workspace.runningApplicationsWithBundleIdentifier(id).empty();
@@ -202,7 +206,7 @@ CommandResult AgentCommands::applications(const CommandRequest& request) {
 }
 
 CommandResult AgentCommands::sources(const CommandRequest& request) {
-    if (!request.arguments.empty()) return misuse("sources takes no argument");
+    if (!request.arguments.empty()) return commandMisuse("sources takes no argument");
     const auto current = program_.inputSwitch.currentInputSourceID();
     PropertyList::Array list;
     for (const auto& [id, name] : knownSources())
@@ -211,7 +215,7 @@ CommandResult AgentCommands::sources(const CommandRequest& request) {
 }
 
 CommandResult AgentCommands::select(const CommandRequest& request) {
-    if (request.arguments.size() != 1) return misuse("select takes a source");
+    if (request.arguments.size() != 1) return commandMisuse("select takes a source");
     const auto found = settingsCommands_.source(request.arguments[0]);
     if (!found.one) return found.failure;
     program_.inputSwitch.changeInputTo(found.one->id);
@@ -219,19 +223,19 @@ CommandResult AgentCommands::select(const CommandRequest& request) {
 }
 
 CommandResult AgentCommands::pause(const CommandRequest& request) {
-    if (request.arguments.size() > 1) return misuse("pause takes a duration");
+    if (request.arguments.size() > 1) return commandMisuse("pause takes a duration");
     std::optional<double> seconds;
     if (request.arguments.size() == 1) {
         seconds = secondsOfText(request.arguments[0]);
         if (!seconds)
-            return misuse("\"" + request.arguments[0] + "\" is no duration; write it like 90s, 10m or 2h");
+            return commandMisuse(request.arguments[0] + " is no duration; write it like 90s, 10m or 2h");
     }
     program_.pause.pause(seconds);
     return {CommandStatus::done, {}};
 }
 
 CommandResult AgentCommands::resume(const CommandRequest& request) {
-    if (!request.arguments.empty()) return misuse("resume takes no argument");
+    if (!request.arguments.empty()) return commandMisuse("resume takes no argument");
     program_.pause.resume();
     return {CommandStatus::done, {}};
 }

@@ -64,7 +64,8 @@ private:
     std::vector<Named> knownSources() const;
     std::string nameOf(const std::string& bundleIdentifier) const;
     PropertyList sourceDocument(const std::optional<std::string>& id) const;
-    PropertyList explanation(const std::optional<std::string>& bundleIdentifier) const;
+    PropertyList explanation(const std::optional<Named>& application) const;
+    std::optional<Named> lastApplication() const;
     PropertyList refusedShortcuts() const;
     void tell();
 

@@ -32,4 +32,8 @@ inline CommandResult commandFailure(CommandStatus status, std::string reason) {
     return {status, PropertyList::Dictionary{{"error", std::move(reason)}}};
 }
 
+inline CommandResult commandMisuse(std::string reason) {
+    return commandFailure(CommandStatus::misused, std::move(reason));
+}
+
 } // namespace quorvane

@@ -139,12 +139,12 @@ std::string shortText(const PropertyList& value) {
     if (const auto* array = value.array()) {
         for (const auto& element : *array)
             inner.append(inner.empty() ? "" : ", ").append(shortText(element));
-        return "[" + inner + "]";
+        return inner.insert(0, 1, '[').append(1, ']');
     }
     if (const auto* dictionary = value.dictionary())
         for (const auto& [key, element] : *dictionary)
             inner.append(inner.empty() ? "" : ", ").append(key).append(": ").append(shortText(element));
-    return "{" + inner + "}";
+    return inner.insert(0, 1, '{').append(1, '}');
 }
 
 Row changeRow(const PropertyList& change) {

@@ -19,10 +19,6 @@ using Dictionary = PropertyList::Dictionary;
 
 constexpr std::string_view none = "none";
 
-CommandResult misuse(std::string reason) {
-    return commandFailure(CommandStatus::misused, std::move(reason));
-}
-
 std::vector<std::string> keysOf(const PropertyList& dictionary) {
     std::vector<std::string> keys;
     if (const auto* entries = dictionary.dictionary())
@@ -85,7 +81,7 @@ PropertyList SettingsCommands::ruleDocument(const Named& application) const {
 }
 
 CommandResult SettingsCommands::rules(const CommandRequest& request) const {
-    if (!request.arguments.empty()) return misuse("rules takes no argument");
+    if (!request.arguments.empty()) return commandMisuse("rules takes no argument");
     const auto stored = standard_.objectForKey(key::autoInput);
     const auto known = names_.applications();
     PropertyList::Array list;
@@ -99,7 +95,8 @@ CommandResult SettingsCommands::rules(const CommandRequest& request) const {
 
 CommandResult SettingsCommands::rule(const CommandRequest& request) {
     const auto& arguments = request.arguments;
-    if (arguments.empty() || arguments.size() > 2) return misuse("rule takes an application and a source");
+    if (arguments.empty() || arguments.size() > 2)
+        return commandMisuse("rule takes an application and a source");
     const auto meant = application(arguments[0]);
     if (!meant.one) return meant.failure;
     if (arguments.size() == 2) {
@@ -117,7 +114,7 @@ CommandResult SettingsCommands::rule(const CommandRequest& request) {
 
 CommandResult SettingsCommands::defaultSource(const CommandRequest& request) {
     const auto& arguments = request.arguments;
-    if (arguments.size() > 1) return misuse("default takes a source");
+    if (arguments.size() > 1) return commandMisuse("default takes a source");
     if (arguments.size() == 1) {
         std::optional<std::string> id;
         if (arguments[0] != none) {
@@ -143,7 +140,7 @@ PropertyList SettingsCommands::shortcutDocument(const Named& source) const {
 
 CommandResult SettingsCommands::shortcut(const CommandRequest& request) {
     const auto& arguments = request.arguments;
-    if (arguments.empty() || arguments.size() > 2) return misuse("shortcut takes a source and keys");
+    if (arguments.empty() || arguments.size() > 2) return commandMisuse("shortcut takes a source and keys");
     const auto meant = source(arguments[0]);
     if (!meant.one) return meant.failure;
     if (arguments.size() == 2) {
@@ -151,7 +148,7 @@ CommandResult SettingsCommands::shortcut(const CommandRequest& request) {
             removeShortcut(standard_, meant.one->id);
         } else {
             const auto shortcut = shortcutOfText(arguments[1]);
-            if (!shortcut) return misuse("\"" + arguments[1] + "\" is no hot key; write it like Ctrl+Alt+R");
+            if (!shortcut) return commandMisuse(arguments[1] + " is no hot key; write it like Ctrl+Alt+R");
             setShortcut(standard_, meant.one->id, shortcut->record());
         }
         consequences_.shortcutChanged(meant.one->id);
@@ -160,7 +157,7 @@ CommandResult SettingsCommands::shortcut(const CommandRequest& request) {
 }
 
 CommandResult SettingsCommands::exportSettings(const CommandRequest& request) const {
-    if (!request.arguments.empty()) return misuse("export takes no argument here");
+    if (!request.arguments.empty()) return commandMisuse("export takes no argument here");
     return {CommandStatus::done, settingsDocument(stores_)};
 }
 
@@ -173,7 +170,7 @@ CommandResult SettingsCommands::importSettings(const CommandRequest& request) {
         else if (argument == "--replace")
             manner = ImportManner::replace;
         else
-            return misuse("import does not know " + argument);
+            return commandMisuse("import does not know " + argument);
     }
     const auto changes = changesBy(request.document, stores_, manner);
     if (!changes)

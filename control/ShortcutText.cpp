@@ -90,8 +90,8 @@ std::string textOfShortcut(const InputShortcut& shortcut) {
         left &= ~flag;
     }
     const auto* const key = std::ranges::find(keyNames, shortcut.keyCode, &KeyName::keyCode);
-    return text +
-           (key == std::end(keyNames) ? "#" + std::to_string(shortcut.keyCode) : std::string(key->name));
+    if (key == std::end(keyNames)) return text.append("#").append(std::to_string(shortcut.keyCode));
+    return text.append(key->name);
 }
 
 } // namespace quorvane

@@ -97,9 +97,10 @@ private:
 
 class SimulatedClock : public WallClock {
 public:
-    double secondsSince1970() const override { return now; }
+    double secondsSince1970() const override { return now += tick; }
 
-    double now = 1.7e9;
+    mutable double now = 1.7e9;
+    double tick = 0; ///< How far it goes on with each look.
 };
 
 /// Thrown where the process would end.

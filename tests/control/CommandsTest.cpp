@@ -17,7 +17,7 @@ using testing::ElementsAre;
 
 struct Report : DesktopReport {
     std::vector<InstalledApplication> installedApplications() const override {
-        return {{"org.kde.kate", "Kate"}, {"org.kde.kwrite", "KWrite"}, {"org.maker.Ru", "Kate's Notes"}};
+        return {{"org.kde.kate", "Kate"}, {"org.kde.kwrite", "KWrite"}, {"org.maker.Ru", "Ru"}};
     }
     std::string recognition() const override { return "its window"; }
     std::string inputSourceProvider() const override { return "the simulation"; }
@@ -33,7 +33,7 @@ protected:
         desktop_.inputSources.enable({.id = "palette", .category = InputSourceCategory::other});
         desktop_.inputSources.enable({.id = "ru:phonetic"});
         desktop_.inputSources.names["ru:phonetic"] = "Russian (phonetic)";
-        desktop_.applicationBundles.paths["tool"] = "/bin/tool";
+        desktop_.applicationBundles.paths = {{"tool", "/bin/tool"}, {"k", "/bin/k"}};
         launch();
         agent_.emplace(desktop_.desktop, report_, program_->controlled());
         desktop_.journal.ignore("list all");
@@ -59,19 +59,20 @@ protected:
 };
 
 TEST_F(CommandsTest, Say) {
-    play("ru.app 1 | ");
+    play("ru.app 1 runs:org.maker.Ru | ");
     const std::pair<const char*, const char*> cases[] = {
         {"sources",
          "us\tEnglish (US)\t\nru\tRussian\tcurrent\nde\tGerman\t\nru:phonetic\tRussian (phonetic)\t\n"},
-        {"apps",
-         "ru.app\tru.app\trunning\norg.kde.kate\tKate\t\norg.kde.kwrite\tKWrite\t\norg.maker.Ru\tKate's "
-         "Notes\t\ncom.apple.Spotlight\tcom.apple.Spotlight\t\n"},
+        {"apps", "ru.app\tru.app\trunning\norg.maker.Ru\torg.maker.Ru\trunning\norg.kde.kate\tKate\t\n"
+                 "org.kde.kwrite\tKWrite\t\ncom.apple.Spotlight\tcom.apple.Spotlight\t\n"},
         {"why", "ru.app: Russian (ru), by its rule\n"},
-        {"why kate", "org.kde.kate: nothing applies: it has no rule, and there is no default source\n"},
+        {"why kate",
+         "Kate (org.kde.kate): nothing applies: it has no rule, and there is no default source\n"},
         {"why spotlight", "com.apple.Spotlight: German (de), by the launcher's rule\n"},
         {"why k",
-         "2: application \"k\" may mean several\n  Kate (org.kde.kate)\n  KWrite (org.kde.kwrite)\n  Kate's "
-         "Notes (org.maker.Ru)\n"},
+         "2: application \"k\" may mean several\n  Kate (org.kde.kate)\n  KWrite (org.kde.kwrite)\n"},
+        {"why ORG.KDE.kwrite",
+         "KWrite (org.kde.kwrite): nothing applies: it has no rule, and there is no default source\n"},
         {"why nobody", "2: unknown application \"nobody\"\n"},
         {"why a b", "2: why takes an application\n"},
         {"rule kate", "none\n"},
@@ -81,13 +82,13 @@ TEST_F(CommandsTest, Say) {
         {"default", "none\n"},
         {"default Greek", "2: unknown input source \"Greek\"\n"},
         {"shortcut Russian", "none\n"},
-        {"shortcut Russian R", "2: \"R\" is no hot key; write it like Ctrl+Alt+R\n"},
+        {"shortcut Russian R", "2: R is no hot key; write it like Ctrl+Alt+R\n"},
         {"shortcut palette none", "2: unknown input source \"palette\"\n"},
         {"select", "2: select takes a source\n"},
-        {"pause forever", "2: \"forever\" is no duration; write it like 90s, 10m or 2h\n"},
+        {"pause forever", "2: forever is no duration; write it like 90s, 10m or 2h\n"},
         {"import", "1: these are no settings of Quorvane, or those of a later version\n"},
         {"import --now", "2: import does not know --now\n"},
-        {"dance", "2: unknown command \"dance\"\n"},
+        {"dance", "2: dance is no command\n"},
         {"status",
          "in front\tru.app, known by its window\nwanted\tRussian (ru), by its rule\ncurrent\tRussian "
          "(ru)\nsources from\tthe simulation\nswitching\ton\nsettings\tsaved\nhot keys\tnone "
@@ -110,6 +111,10 @@ TEST_F(CommandsTest, Say) {
         "90\ncompanion\truns: "
         "it is asked, and decides by place\nsettings\tno room\nhot keys\tanother program has that of Russian "
         "(ru)\nswitches\t1\n");
+    ask("pause");
+    EXPECT_THAT(ask("status"), testing::HasSubstr("switching\tpaused\n"));
+    EXPECT_THAT(ask("why"),
+                testing::EndsWith("decides by place.\nSwitching is paused: quorvanectl resume\n"));
     EXPECT_EQ(ask("shortcut ru"), "Ctrl+Alt+R, which another program has: it works once that gives it up\n");
 }
 
@@ -120,13 +125,14 @@ TEST_F(CommandsTest, ChangeWhatIsSetAndHaveItCountAtOnce) {
                "}; synchronize suite; synchronize own";
     };
     const std::string kate = "org.kde.kate: {id: 'ru'}";
+    standard_.setObject(PropertyList::Array{"tool"}, key::orderOfAppsRule);
     const struct {
         const char *line, *said;
         std::string follows; ///< At once.
     } cases[] = {
         {"rule KATE russian", "Russian (ru)\n", rulesAre(kate)},
         {"rule tool de", "German (de)\n", rulesAre(kate + ", tool: {id: 'de'}")},
-        {"rules", "org.kde.kate\tKate\tru\tRussian\ntool\ttool\tde\tGerman\n", ""},
+        {"rules", "tool\ttool\tde\tGerman\norg.kde.kate\tKate\tru\tRussian\n", ""},
         {"rule kate none", "none\n", rulesAre("org.kde.kate: {}, tool: {id: 'de'}")},
         {"rules", "tool\ttool\tde\tGerman\n", ""},
         {"default German", "German (de)\n", "own defaultInput = 'de'; synchronize own"},
@@ -144,6 +150,10 @@ TEST_F(CommandsTest, ChangeWhatIsSetAndHaveItCountAtOnce) {
         const auto lines = desktop_.journal.take();
         EXPECT_EQ(lines.empty() ? "" : lines.front(), follows.empty() ? "" : "0 " + follows) << line;
     }
+    standard_.setObject("gone", key::defaultInput);
+    EXPECT_EQ(ask("rule kate gone"), "gone\n") << "it is in use";
+    EXPECT_EQ(ask("why kate"),
+              "Kate (org.kde.kate): gone, which is not among the sources now, by its rule\n");
     play("companion | ");
     EXPECT_EQ(ask("select us"), "");
     EXPECT_EQ(shared(key::askTandrelSwitchInput), PropertyList("us")) << "as a hot key does";
@@ -176,6 +186,7 @@ TEST_F(CommandsTest, PauseSwitchingAndTellEachDecision) {
     const auto telling = agent_->decided.connect([&](const PropertyList& decision) {
         told += textOfDecision(decision, {.isAligned = false, .timeText = [](double) { return "now"; }});
     });
+    desktop_.clock.tick = 0.25;
     play("first.app 1 ru.app 1 | ");
     ask("pause 10");
     EXPECT_EQ(play("| de.app 5"), Lines{});
@@ -186,13 +197,13 @@ TEST_F(CommandsTest, PauseSwitchingAndTellEachDecision) {
     EXPECT_EQ(play("| ru.app 50 front:com.apple.Spotlight 1"), Lines{});
     ask("resume");
     ask("resume");
-    EXPECT_EQ(told, "now\tfirst.app\tnothing applies\t-\tnothing\t0.00 ms\n"
-                    "now\tru.app\trule\tru\tswitched\t0.00 ms\n"
-                    "now\tde.app\trule\tde\tpaused\t0.00 ms\n"
-                    "now\tde.app\trule\tde\tswitched\t0.00 ms\n"
-                    "now\tru.app\trule\tru\tpaused\t0.00 ms\n"
-                    "now\tcom.apple.Spotlight\tlauncher's rule\tde\tis current\t0.00 ms\n"
-                    "now\tcom.apple.Spotlight\tlauncher's rule\tde\tis current\t0.00 ms\n");
+    EXPECT_EQ(told, "now\tfirst.app\tnothing applies\t-\tnothing\t250.00 ms\n"
+                    "now\tru.app\trule\tru\tswitched\t250.00 ms\n"
+                    "now\tde.app\trule\tde\tpaused\t250.00 ms\n"
+                    "now\tde.app\trule\tde\tswitched\t250.00 ms\n"
+                    "now\tru.app\trule\tru\tpaused\t250.00 ms\n"
+                    "now\tcom.apple.Spotlight\tlauncher's rule\tde\tis current\t250.00 ms\n"
+                    "now\tcom.apple.Spotlight\tlauncher's rule\tde\tis current\t250.00 ms\n");
 }
 
 TEST(KeyCombinations, AreReadAndWritten) {
@@ -211,6 +222,15 @@ TEST(KeyCombinations, AreReadAndWritten) {
     for (const auto* text :
          {"", "A", "Ctrl+", "Ctrl", "Hyper+A", "Ctrl+AB", "Ctrl++", "Ctrl+#", "Ctrl+#1x", "Ctrl+#-1"})
         EXPECT_EQ(shortcutOfText(text), std::nullopt) << text;
+}
+
+TEST(Tables, AreAlignedForTheEye) {
+    const auto row = [](const char* id, const char* name, bool isCurrent) -> PropertyList {
+        return PropertyList::Dictionary{{"identifier", id}, {"name", name}, {"isCurrent", isCurrent}};
+    };
+    const CommandResult sources{CommandStatus::done,
+                                PropertyList::Array{row("a", "中文", true), row("bcd", "É", true)}};
+    EXPECT_EQ(textOfResult("sources", sources, {}), "a    中文  current\nbcd  É     current\n");
 }
 
 TEST(Durations, AreRead) {

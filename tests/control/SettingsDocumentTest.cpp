@@ -103,6 +103,13 @@ TEST_F(SettingsDocuments, TakeEveryKindOfValueOfEveryKeyToAnotherDesktop) {
     everyKey([&](auto* key, auto&, auto& to) { EXPECT_TRUE(to.objectForKey(key).isNothing()) << key; });
 }
 
+TEST_F(SettingsDocuments, SayWhatTheUserSetNotWhatOthersShare) {
+    desktop_.defaults.standardUserDefaults().addSuiteNamed(maker::sharedSuiteName);
+    desktop_.defaults.writeFromOutside(maker::sharedSuiteName, key::autoInput,
+                                       Dictionary{{"a", Dictionary{}}});
+    EXPECT_EQ(settingsDocument(desktop_.defaults), PropertyList(Dictionary{{"quorvane", 1}}));
+}
+
 TEST_F(SettingsDocuments, AreMergedOrReplaceWhatIsSet) {
     const auto location = [](const char* name, const char* input) -> PropertyList {
         return Dictionary{{"BundleIdentifier", "a"}, {"Name", name}, {"InputID", input}};

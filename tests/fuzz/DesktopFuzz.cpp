@@ -2,7 +2,7 @@
 
 #include "fuzz/FuzzTargets.h"
 #include "platform/linux/appearance/XSettings.h"
-#include "platform/linux/applications/DesktopEntry.h"
+#include "platform/linux/desktop-files/DesktopEntry.h"
 #include "platform/linux/x11/CompoundText.h"
 #include "platform/linux/x11/XProperties.h"
 

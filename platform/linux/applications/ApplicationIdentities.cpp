@@ -10,7 +10,7 @@
 #include <unistd.h>
 
 #include "platform/linux/applications/ProcessFacts.h"
-#include "platform/linux/applications/ProgramNames.h"
+#include "platform/linux/desktop-files/ProgramNames.h"
 #include "platform/linux/x11/XcbReply.h"
 #include "settings/Maker.h"
 

@@ -6,9 +6,9 @@
 #include <unordered_map>
 
 #include "platform/Signal.h"
-#include "platform/linux/applications/DesktopEntries.h"
-#include "platform/linux/applications/LauncherTable.h"
 #include "platform/linux/applications/WindowFacts.h"
+#include "platform/linux/desktop-files/DesktopEntries.h"
+#include "platform/linux/desktop-files/LauncherTable.h"
 #include "platform/linux/x11/XConnection.h"
 
 namespace quorvane {

@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "platform/linux/applications/ApplicationFiles.h"
+#include "platform/linux/desktop-files/ApplicationFiles.h"
 #include "settings/FormerIdentifiers.h"
 #include "settings/Keys.h"
 #include "settings/SharedDefaults.h"

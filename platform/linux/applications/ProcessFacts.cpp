@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "platform/linux/applications/ProgramNames.h"
+#include "platform/linux/desktop-files/ProgramNames.h"
 
 namespace quorvane {
 

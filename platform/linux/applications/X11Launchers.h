@@ -7,7 +7,7 @@
 
 #include "platform/Signal.h"
 #include "platform/Workspace.h"
-#include "platform/linux/applications/LauncherTable.h"
+#include "platform/linux/desktop-files/LauncherTable.h"
 #include "platform/linux/x11/XConnection.h"
 
 namespace quorvane {

@@ -1,6 +1,6 @@
 #include "platform/linux/control/LinuxDesktopReport.h"
 
-#include "platform/linux/applications/ChoosableApplications.h"
+#include "platform/linux/desktop-files/ChoosableApplications.h"
 #include "platform/linux/preferences/SettingsNotices.h"
 
 namespace quorvane {

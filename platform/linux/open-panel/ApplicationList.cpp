@@ -6,7 +6,7 @@
 #include <QCollator>
 #include <QGuiApplication>
 
-#include "platform/linux/applications/ChoosableApplications.h"
+#include "platform/linux/desktop-files/ChoosableApplications.h"
 
 namespace quorvane {
 ApplicationList::ApplicationList(DesktopEntries& entries, QObject* parent) : QAbstractListModel(parent) {

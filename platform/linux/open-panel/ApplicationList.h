@@ -4,7 +4,7 @@
 
 #include <QAbstractListModel>
 
-#include "platform/linux/applications/DesktopEntries.h"
+#include "platform/linux/desktop-files/DesktopEntries.h"
 #include "platform/linux/preferences/IconLoader.h"
 
 namespace quorvane {

@@ -9,7 +9,7 @@
 #include <QStandardPaths>
 #include <QVBoxLayout>
 
-#include "platform/linux/applications/ApplicationFiles.h"
+#include "platform/linux/desktop-files/ApplicationFiles.h"
 #include "platform/linux/localization/Localized.h"
 #include "platform/linux/open-panel/ApplicationDelegate.h"
 #include "platform/linux/open-panel/ApplicationList.h"

@@ -7,7 +7,7 @@
 
 #include <QDialog>
 
-#include "platform/linux/applications/DesktopEntries.h"
+#include "platform/linux/desktop-files/DesktopEntries.h"
 
 class QFileDialog;
 class QLineEdit;

@@ -11,7 +11,7 @@
 namespace quorvane {
 namespace {
 
-constexpr int patience = 10'000; // milliseconds
+constexpr int longestAnswer = 10'000; // milliseconds
 
 bool saysNobodyIsThere(const QDBusMessage& answer) {
     return answer.errorName() == "org.freedesktop.DBus.Error.ServiceUnknown" ||
@@ -32,7 +32,7 @@ std::optional<CommandResult> AgentLink::run(const std::string& command, const Co
                                                control_address::interface(), control_address::runMethod);
     call.setArguments({arguments, toDBus(document)});
     call.setAutoStartService(false);
-    const auto answer = bus_.call(call, QDBus::Block, patience);
+    const auto answer = bus_.call(call, QDBus::Block, longestAnswer);
     if (saysNobodyIsThere(answer)) return std::nullopt;
     if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != "iv")
         return commandFailure(CommandStatus::failed,

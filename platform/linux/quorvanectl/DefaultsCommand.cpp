@@ -89,7 +89,7 @@ std::error_code write(DefaultsFile& file, const SettingsEntries& changes) {
     }
 }
 
-ExitStatus fail(const std::string& message) {
+ExitStatus refuse(const std::string& message) {
     std::fprintf(stderr, "quorvanectl: %s\n", message.c_str());
     return failure;
 }
@@ -99,12 +99,12 @@ ExitStatus store(DefaultsFile& file, const std::string& key, const PropertyList&
     SettingsEntries changes{{key, nullptr}};
     if (!value.isNothing()) {
         const auto reason = refusalOf(key, value);
-        if (!reason.empty()) return fail(key + " is left as it is: " + std::string(reason));
+        if (!reason.empty()) return refuse(key + " is left as it is: " + std::string(reason));
         changes[key] = makeSettingsEntry(key, value);
-        if (!changes[key]) return fail(key + " cannot be made into a property list");
+        if (!changes[key]) return refuse(key + " cannot be made into a property list");
     }
     const auto error = write(file, changes);
-    return error ? fail(file.path().string() + " cannot be written: " + error.message()) : success;
+    return error ? refuse(file.path().string() + " cannot be written: " + error.message()) : success;
 }
 
 ExitStatus remove(DefaultsFile& file, const std::string& key) {

@@ -65,10 +65,11 @@ PropertyList fromJson(const QJsonValue& json) {
 
 } // namespace
 
-std::string jsonOf(const PropertyList& value) {
+std::string jsonOf(const PropertyList& value, JsonForm form) {
     const auto json = toJson(value);
     const auto document = json.isArray() ? QJsonDocument(json.toArray()) : QJsonDocument(json.toObject());
-    return document.toJson().toStdString();
+    return form == JsonForm::indented ? document.toJson().toStdString()
+                                      : document.toJson(QJsonDocument::Compact).toStdString() + '\n';
 }
 
 std::optional<PropertyList> readJson(std::string_view text, std::string& error) {

@@ -4,9 +4,9 @@
 #include <string_view>
 
 #include "control/SettingsCommands.h"
-#include "platform/linux/applications/ChoosableApplications.h"
-#include "platform/linux/applications/LinuxApplicationBundles.h"
 #include "platform/linux/defaults/LinuxUserDefaults.h"
+#include "platform/linux/desktop-files/ChoosableApplications.h"
+#include "platform/linux/desktop-files/LinuxApplicationBundles.h"
 #include "settings/Keys.h"
 #include "settings/Maker.h"
 #include "settings/SettingsMirror.h"

@@ -93,7 +93,7 @@ int watch(AgentLink& agent, bool wantsJson) {
     if (!agent.run("status", {})) return fail("Quorvane does not run", CommandStatus::noAgent);
     const UnixSignals signals([] { QCoreApplication::quit(); });
     agent.watch([wantsJson](const PropertyList& decision) {
-        print(wantsJson ? jsonOf(decision) : textOfDecision(decision, style()));
+        print(wantsJson ? jsonOf(decision, JsonForm::oneLine) : textOfDecision(decision, style()));
     });
     return QCoreApplication::exec();
 }

@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "control/ShortcutText.h"
 #include "linux/support/TestWindow.h"
+#include "platform/linux/preferences/KeyNames.h"
 #include "platform/linux/quorvanectl/Doctor.h"
 #include "settings/Keys.h"
 #include "virtual-desktop/ProgramSession.h"
@@ -62,6 +64,10 @@ TEST_F(Control, AnswersAndChangesWhatTheProgramDoesAtOnce) {
         EXPECT_EQ(answer.status, status) << arguments.join(' ').toStdString();
         EXPECT_THAT(answer.said, HasSubstr(said));
     }
+    const auto x = XConnection::open();
+    const auto printed = KeyNames::read(*x);
+    for (const auto key : QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZ1234567890`-=[];'\\,./"))
+        EXPECT_EQ(printed.nameOf(shortcutOfText("Ctrl+" + QString(key).toStdString())->keyCode), key);
     session_.type({37, 64, 42}); // Control, Alt, G
     EXPECT_TRUE(session_.waitForGroup(2));
 

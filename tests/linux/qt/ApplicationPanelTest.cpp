@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "linux/support/Keyboard.h"
-#include "platform/linux/applications/ApplicationFiles.h"
+#include "platform/linux/desktop-files/ApplicationFiles.h"
 #include "platform/linux/open-panel/QtOpenPanel.h"
 #include "virtual-desktop/ScratchFolders.h"
 #include "virtual-desktop/WaitUntil.h"

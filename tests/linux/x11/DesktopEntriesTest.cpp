@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/linux/applications/DesktopEntries.h"
+#include "platform/linux/desktop-files/DesktopEntries.h"
 #include "platform/linux/x11/CompoundText.h"
 #include "virtual-desktop/ScratchFolders.h"
 

@@ -4,10 +4,10 @@
 #include <gtest/gtest.h>
 
 #include "linux/x11/X11Session.h"
-#include "platform/linux/applications/ApplicationFiles.h"
-#include "platform/linux/applications/LinuxApplicationBundles.h"
 #include "platform/linux/applications/OtherNames.h"
 #include "platform/linux/defaults/LinuxUserDefaults.h"
+#include "platform/linux/desktop-files/ApplicationFiles.h"
+#include "platform/linux/desktop-files/LinuxApplicationBundles.h"
 #include "settings/AppRule.h"
 #include "settings/Keys.h"
 #include "settings/Maker.h"

@@ -1,4 +1,4 @@
-#include "platform/linux/applications/DesktopEntry.h"
+#include "platform/linux/desktop-files/DesktopEntry.h"
 
 #include <algorithm>
 #include <utility>

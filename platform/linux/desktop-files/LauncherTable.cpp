@@ -1,4 +1,4 @@
-#include "platform/linux/applications/LauncherTable.h"
+#include "platform/linux/desktop-files/LauncherTable.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "platform/linux/applications/DesktopEntry.h"
+#include "platform/linux/desktop-files/DesktopEntry.h"
 
 namespace quorvane {
 

@@ -1,4 +1,4 @@
-#include "platform/linux/applications/ProgramNames.h"
+#include "platform/linux/desktop-files/ProgramNames.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "platform/linux/applications/LinuxApplicationBundles.h"
+#include "platform/linux/desktop-files/LinuxApplicationBundles.h"
 
 #include <algorithm>
 
@@ -6,7 +6,7 @@
 #include <QLocale>
 #include <QStandardPaths>
 
-#include "platform/linux/applications/LauncherTable.h"
+#include "platform/linux/desktop-files/LauncherTable.h"
 
 namespace quorvane {
 namespace {

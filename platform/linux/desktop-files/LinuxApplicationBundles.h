@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "platform/ApplicationBundles.h"
-#include "platform/linux/applications/DesktopEntries.h"
+#include "platform/linux/desktop-files/DesktopEntries.h"
 
 namespace quorvane {
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "platform/linux/applications/DesktopEntries.h"
+#include "platform/linux/desktop-files/DesktopEntries.h"
 
 namespace quorvane {
 

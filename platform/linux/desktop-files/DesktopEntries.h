@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/linux/applications/DesktopEntry.h"
+#include "platform/linux/desktop-files/DesktopEntry.h"
 
 namespace quorvane {
 

@@ -1,11 +1,11 @@
-#include "platform/linux/applications/ChoosableApplications.h"
+#include "platform/linux/desktop-files/ChoosableApplications.h"
 
 #include <utility>
 
 #include <QStandardPaths>
 
-#include "platform/linux/applications/LauncherTable.h"
-#include "platform/linux/applications/MenuEntries.h"
+#include "platform/linux/desktop-files/LauncherTable.h"
+#include "platform/linux/desktop-files/MenuEntries.h"
 
 namespace quorvane {
 namespace {

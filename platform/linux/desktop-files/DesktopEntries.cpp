@@ -1,4 +1,4 @@
-#include "platform/linux/applications/DesktopEntries.h"
+#include "platform/linux/desktop-files/DesktopEntries.h"
 
 #include <algorithm>
 #include <chrono>
@@ -9,7 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "platform/linux/applications/ProgramNames.h"
+#include "platform/linux/desktop-files/ProgramNames.h"
 
 namespace quorvane {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/linux/applications/DesktopEntries.h"
+#include "platform/linux/desktop-files/DesktopEntries.h"
 
 namespace quorvane {
 

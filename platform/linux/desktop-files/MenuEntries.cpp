@@ -1,4 +1,4 @@
-#include "platform/linux/applications/MenuEntries.h"
+#include "platform/linux/desktop-files/MenuEntries.h"
 
 #include <algorithm>
 

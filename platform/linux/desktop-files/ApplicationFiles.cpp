@@ -1,9 +1,9 @@
-#include "platform/linux/applications/ApplicationFiles.h"
+#include "platform/linux/desktop-files/ApplicationFiles.h"
 
 #include <unistd.h>
 
-#include "platform/linux/applications/LauncherTable.h"
-#include "platform/linux/applications/ProgramNames.h"
+#include "platform/linux/desktop-files/LauncherTable.h"
+#include "platform/linux/desktop-files/ProgramNames.h"
 
 namespace quorvane {
 
