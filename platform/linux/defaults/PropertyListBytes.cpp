@@ -1,5 +1,7 @@
 #include "platform/linux/defaults/PropertyListBytes.h"
 
+#include <algorithm>
+
 #include <plist/plist.h>
 
 #include "platform/linux/defaults/PropertyListShape.h"
@@ -9,6 +11,13 @@ namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF"; // some editors write one, libplist knows none
 constexpr std::string_view binaryMark = "bplist";
+
+/// How large a binary list may become when all that it shares is copied: those that programs write share
+/// texts and numbers, and hardly grow.
+std::size_t largestExpansion(std::size_t size) {
+    constexpr std::size_t always = std::size_t{1} << 20, timesAsMuch = 16;
+    return std::min(maximumPropertyListSize, always + timesAsMuch * size);
+}
 
 } // namespace
 
@@ -21,7 +30,7 @@ PropertyListNode readPropertyList(std::string_view bytes) {
     // small hostile file could exhaust the stack or the memory. The reader is not left to its guess, either:
     // newer ones know formats that are not looked through here.
     if (bytes.starts_with(binaryMark)) {
-        if (isHarmlessBinary(bytes, maximumPropertyListNesting, maximumPropertyListSize))
+        if (isHarmlessBinary(bytes, maximumPropertyListNesting, largestExpansion(bytes.size())))
             plist_from_bin(bytes.data(), size, &node);
     } else if (isHarmlessXml(bytes, maximumPropertyListNesting)) {
         plist_from_xml(bytes.data(), size, &node);
