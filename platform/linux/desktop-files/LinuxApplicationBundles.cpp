@@ -35,7 +35,8 @@ bool isStyledLikeDesktopFiles(std::string_view id) {
 
 std::optional<std::string> LinuxApplicationBundles::absolutePathForAppBundle(std::string_view id) const {
     if (const auto entry = entries_.withId(id)) return entry->path;
-    if (id.empty() || isStyledLikeDesktopFiles(id)) return std::nullopt;
+    // A launcher is known by that name whether it has the file or not.
+    if (id.empty() || (isStyledLikeDesktopFiles(id) && !launcherOfDesktopId(id))) return std::nullopt;
     const auto name = QString::fromUtf8(id.data(), qsizetype(id.size()));
     const auto program = name.contains('/') ? name : QStandardPaths::findExecutable(name);
     return (program.isEmpty() ? name : program).toStdString();

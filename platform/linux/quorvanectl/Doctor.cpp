@@ -67,6 +67,10 @@ std::vector<Finding> diagnose(const Symptoms& symptoms) {
     lookAtInputMethod(symptoms, findings);
     for (const auto& switcher : symptoms.otherSwitchers)
         findings.push_back({switcher + " runs, and switches layouts, too", "let only one of the two do it"});
+    if (!symptoms.layoutKeeper.empty())
+        findings.push_back(
+            {symptoms.layoutKeeper + " keeps a layout for each window or program, and puts it back",
+             "have it keep one layout for all of them"});
     if (!symptoms.isSettingsFolderWritable)
         findings.push_back(
             {symptoms.settingsFolder + " cannot be written", "chown and chmod it to be yours"});

@@ -18,6 +18,8 @@ struct Symptoms {
     std::size_t declaredLayouts = 2; ///< How many the user has asked the X server for.
     std::string inputMethod;         ///< That programs are told to use: "ibus", "fcitx" or something else.
     std::vector<std::string> otherSwitchers; ///< Running programs that switch layouts by themselves.
+    std::string
+        layoutKeeper; ///< What of the desktop keeps a layout for each window or program; empty: nothing.
     std::string settingsFolder;
     bool isSettingsFolderWritable = true;
     std::optional<PropertyList> status; ///< What the running program says; none when it does not run.

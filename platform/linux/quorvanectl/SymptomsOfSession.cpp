@@ -7,10 +7,12 @@
 #include <system_error>
 
 #include <QDBusConnectionInterface>
+#include <QStandardPaths>
 #include <unistd.h>
 
 #include "platform/linux/WaylandSession.h"
 #include "platform/linux/defaults/LinuxUserDefaults.h"
+#include "platform/linux/quorvanectl/LayoutKeepers.h"
 #include "platform/linux/x11/XConnection.h"
 #include "platform/linux/x11/XProperties.h"
 #include "platform/linux/x11/XcbReply.h"
@@ -80,6 +82,9 @@ Symptoms symptomsOfSession(AgentLink& agent) {
     symptoms.inputMethod = qgetenv("QT_IM_MODULE").toStdString();
     if (symptoms.inputMethod.empty()) symptoms.inputMethod = qgetenv("GTK_IM_MODULE").toStdString();
     symptoms.otherSwitchers = runningSwitchers();
+    symptoms.layoutKeeper =
+        layoutKeeper(qEnvironmentVariable("XDG_CURRENT_DESKTOP"),
+                     QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
     const auto folder = LinuxUserDefaults::configFolder();
     symptoms.settingsFolder = folder.string();
     symptoms.isSettingsFolderWritable = !folder.empty() && isWritable(folder);

@@ -1,5 +1,9 @@
 // The command-line tool, with the running program and without it.
 
+#include <filesystem>
+#include <fstream>
+
+#include <QTemporaryDir>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -7,6 +11,7 @@
 #include "linux/support/TestWindow.h"
 #include "platform/linux/preferences/KeyNames.h"
 #include "platform/linux/quorvanectl/Doctor.h"
+#include "platform/linux/quorvanectl/LayoutKeepers.h"
 #include "settings/Keys.h"
 #include "virtual-desktop/ProgramSession.h"
 #include "virtual-desktop/WaitUntil.h"
@@ -123,6 +128,43 @@ TEST(Tool, LoadsNothingToDrawWith) {
         EXPECT_THAT(libraries, testing::Not(HasSubstr(drawing)));
 }
 
+TEST(Doctor, KnowsWhatOfADesktopKeepsLayouts) {
+    const std::string panel = "xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml";
+    const auto plugIn = [](const char* policy) {
+        return std::string("<channel><property name='plugins'><property name='plugin-1' value='pager'/>"
+                           "<property name='plugin-7' type='string' value='xkb'>") +
+               policy + "</property></property></channel>";
+    };
+    const struct {
+        const char* desktop;
+        std::string file, contents, keeper;
+    } cases[] = {
+        {"KDE", "kxkbrc", "[Layout]\nUse=true\nSwitchMode=Window\n", "Keyboard settings"},
+        {"KDE", "kxkbrc", "[Layout]\nUse=false\nSwitchMode=Window\n", ""},
+        {"KDE", "kxkbrc", "[Layout]\nUse=true\nLayoutList=us,ru\n", ""},
+        {"KDE", "none", "", ""},
+        {"GNOME:KDE", "kxkbrc", "[Layout]\nUse=true\nSwitchMode=WinClass\n", "Keyboard settings"},
+        {"XFCE", "kxkbrc", "[Layout]\nUse=true\nSwitchMode=Window\n", ""},
+        {"LXQt", "lxqt/panel.conf", "[tray]\ntype=tray\n[kb2]\nkeeper_type=window\n", "Keyboard Indicator"},
+        {"LXQt", "lxqt/panel.conf", "[kb2]\nkeeper_type=global\n", ""},
+        {"LXQt", "lxqt/panel.conf", "[kb2]\ntype=kbindicator\n", ""},
+        {"XFCE", panel, plugIn(""), "Keyboard Layouts"},
+        {"XFCE", panel, plugIn("<property name='group-policy' type='int' value='1'/>"), "Keyboard Layouts"},
+        {"XFCE", panel, plugIn("<property name='group-policy' type='int' value='0'/>"), ""},
+        {"XFCE", panel, "<channel><property name='plugin-1' value='pager'/></channel>", ""},
+        {"XFCE", panel, "<channel", ""},
+    };
+    for (const auto& [desktop, file, contents, keeper] : cases) {
+        const QTemporaryDir folder;
+        const auto path = std::filesystem::path(folder.path().toStdString()) / file;
+        std::filesystem::create_directories(path.parent_path());
+        std::ofstream(path) << contents;
+        const auto found = layoutKeeper(desktop, folder.path());
+        EXPECT_TRUE(keeper.empty() ? found.empty() : found.find(keeper) != std::string::npos)
+            << desktop << ", " << contents << ": " << found;
+    }
+}
+
 TEST(Doctor, FindsEachFaultAlone) {
     using Dictionary = PropertyList::Dictionary;
     const auto status = [](const char* key, PropertyList value) -> PropertyList {
@@ -142,6 +184,7 @@ TEST(Doctor, FindsEachFaultAlone) {
         {{.inputMethod = "ibus", .status = well}, "IBus"},
         {{.inputMethod = "fcitx", .status = well}, "Fcitx5"},
         {{.otherSwitchers = {"kbdd"}, .status = well}, "kbdd"},
+        {{.layoutKeeper = "the panel", .status = well}, "the panel"},
         {{.settingsFolder = "/x", .isSettingsFolderWritable = false, .status = well}, "/x"},
         {{.status = status("isPaused", true)}, "paused"},
         {{.status = status("settingsTrouble", "no room")}, "no room"},

@@ -113,8 +113,11 @@ TEST_F(X11WorkspaceTest, AProgramWithoutDesktopFileIsTheSameWhicheverWayItIsName
 
     // What is in the user's table, whether it runs or not.
     const LinuxApplicationBundles bundles(session_.entries);
-    const std::pair<std::string, std::optional<std::string>> rows[] = {
-        {"named", "named"}, {"Kupfer.py", "Kupfer.py"}, {"sh", "sh"}, {"org.maker.Removed", std::nullopt}};
+    const std::pair<std::string, std::optional<std::string>> rows[] = {{"named", "named"},
+                                                                       {"Kupfer.py", "Kupfer.py"},
+                                                                       {"sh", "sh"},
+                                                                       {"org.maker.Removed", std::nullopt},
+                                                                       {"org.kde.krunner", "KRunner"}};
     for (const auto& [id, name] : rows) {
         const auto path = bundles.absolutePathForAppBundle(id);
         EXPECT_EQ(path ? std::optional(bundles.displayNameAtPath(*path)) : std::nullopt, name) << id;
