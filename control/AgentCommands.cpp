@@ -96,7 +96,8 @@ KnownNames AgentCommands::knownNames() const {
                     const auto path = desktop_.applicationBundles.absolutePathForAppBundle(name);
                     return path && path->find('/') != std::string::npos;
                 },
-            .sources = [this] { return knownSources(); }};
+            .sources = [this] { return knownSources(); },
+            .isSourceID = [](std::string_view) { return false; }};
 }
 
 std::vector<Named> AgentCommands::knownApplications() const {

@@ -25,18 +25,24 @@ KnownNames::Found choose(std::string_view what, std::string_view text, const std
     return {std::nullopt, std::move(failure)};
 }
 
+bool isUnknown(const KnownNames::Found& found) {
+    return !found.one && found.failure.document["candidates"].isNothing();
+}
+
 } // namespace
 
 KnownNames::Found KnownNames::application(std::string_view text, const std::vector<Named>& moreOfThem) const {
     auto found = choose("application", text, joined(applications(), moreOfThem));
-    const bool isUnknown = !found.one && found.failure.document["candidates"].isNothing();
-    if (isUnknown && isProgram(text)) return {Named{std::string(text), std::string(text)}, {}};
+    if (isUnknown(found) && isProgram(text)) return {Named{std::string(text), std::string(text)}, {}};
     return found;
 }
 
-KnownNames::Found KnownNames::source(std::string_view text, const std::vector<Named>& moreOfThem) const {
-    if (!sources) return {Named{std::string(text), std::string(text)}, {}};
-    return choose("input source", text, joined(sources(), moreOfThem));
+KnownNames::Found KnownNames::source(std::string_view text, const std::vector<std::string>& settings) const {
+    auto found = choose("input source", text, sources());
+    if (!isUnknown(found)) return found;
+    const bool isSet = std::ranges::find(settings, text) != settings.end();
+    if (isSet || isSourceID(text)) return {Named{std::string(text), std::string(text)}, {}};
+    return found;
 }
 
 } // namespace quorvane

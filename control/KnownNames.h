@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -15,8 +16,10 @@ struct KnownNames {
     std::function<std::vector<Named>()> applications; ///< That run or are installed.
     std::function<bool(std::string_view)> isProgram;  ///< There is a program of this name or path.
 
-    /// Without a function nobody knows which sources there are, and an id is taken as it stands.
     std::function<std::vector<Named>()> sources;
+
+    /// It has the form of a source's id. Where nobody knows which sources there are, ids of that form do.
+    std::function<bool(std::string_view)> isSourceID;
 
     /// Either what was meant, or what is to be told.
     struct Found {
@@ -25,7 +28,9 @@ struct KnownNames {
     };
 
     Found application(std::string_view text, const std::vector<Named>& moreOfThem) const;
-    Found source(std::string_view text, const std::vector<Named>& moreOfThem) const;
+
+    /// `settings`: the ids of sources that are set somewhere, and perhaps not there any more.
+    Found source(std::string_view text, const std::vector<std::string>& settings) const;
 };
 
 } // namespace quorvane

@@ -51,14 +51,13 @@ KnownNames::Found SettingsCommands::source(std::string_view text) const {
 }
 
 std::string SettingsCommands::nameOfSource(const std::string& id) const {
-    if (!names_.sources) return id;
     const auto known = names_.sources();
     const auto found = std::ranges::find(known, id, &Named::id);
     return found == known.end() ? id : found->name;
 }
 
 /// A source that was taken away can still be named where it is set.
-std::vector<Named> SettingsCommands::sourcesInUse() const {
+std::vector<std::string> SettingsCommands::sourcesInUse() const {
     std::set<std::string> ids;
     if (auto id = defaultInput(standard_)) ids.insert(*id);
     for (const auto& id : keysOf(standard_.objectForKey(key::shortcutOfInput)))
@@ -66,7 +65,7 @@ std::vector<Named> SettingsCommands::sourcesInUse() const {
     const auto rules = standard_.objectForKey(key::autoInput);
     for (const auto& application : keysOf(rules))
         if (auto id = AppRule::ofApplication(rules, application).id()) ids.insert(*id);
-    return namedById({ids.begin(), ids.end()});
+    return {ids.begin(), ids.end()};
 }
 
 PropertyList SettingsCommands::sourceDocument(const std::optional<std::string>& id) const {

@@ -48,7 +48,7 @@ public:
     std::string nameOfSource(const std::string& id) const;
 
 private:
-    std::vector<Named> sourcesInUse() const;
+    std::vector<std::string> sourcesInUse() const;
     PropertyList ruleDocument(const Named& application) const;
     PropertyList sourceDocument(const std::optional<std::string>& id) const;
     PropertyList shortcutDocument(const Named& source) const;

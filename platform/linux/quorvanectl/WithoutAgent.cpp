@@ -1,5 +1,6 @@
 #include "platform/linux/quorvanectl/WithoutAgent.h"
 
+#include <algorithm>
 #include <map>
 #include <string_view>
 
@@ -19,6 +20,13 @@ std::vector<Named> installedApplications(DesktopEntries& entries) {
     for (const auto& entry : choosableApplications(entries))
         installed.push_back({entry->id, entry->name});
     return installed;
+}
+
+/// Who could say which sources there are does not run.
+bool isSourceID(std::string_view text) {
+    constexpr std::string_view kinds[] = {"xkb:", "ibus:", "fcitx:"};
+    return std::ranges::any_of(
+        kinds, [text](auto kind) { return text.starts_with(kind) && text.size() > kind.size(); });
 }
 
 CommandResult applications(DesktopEntries& entries) {
@@ -50,7 +58,8 @@ std::optional<CommandResult> runWithoutAgent(const std::string& command, const C
                                    const auto path = bundles.absolutePathForAppBundle(name);
                                    return path && path->find('/') != std::string::npos;
                                },
-                           .sources = {}};
+                           .sources = [] { return std::vector<Named>(); },
+                           .isSourceID = isSourceID};
     Settings settings(stores, names,
                       {.settingsChanged =
                            [&] {

@@ -104,6 +104,7 @@ TEST_F(Control, SetsWithoutTheProgramWhatCountsWhenItRuns) {
         for (const auto* command : {"status", "sources", "watch", "pause"})
             EXPECT_EQ(ask({command}).status, 3) << command;
         EXPECT_EQ(ask({"select", "us"}).said, "quorvanectl: Quorvane does not run\n");
+        EXPECT_EQ(ask({"rule", "rofi", "Russian"}).said, "quorvanectl: unknown input source \"Russian\"\n");
         EXPECT_EQ(ask({"rule", "rofi", hasBus ? "xkb:de" : "xkb:ru"}).status, 0);
         EXPECT_THAT(ask({"doctor"}).said,
                     HasSubstr(hasBus ? "Quorvane does not run: start" : "there is no session bus"));
