@@ -1,5 +1,8 @@
 #include "app/AppDelegate.h"
 
+#include <cstdint>
+#include <string>
+
 #include "input/CompanionMessages.h"
 #include "settings/FormerLaunchers.h"
 #include "settings/Keys.h"
@@ -189,7 +192,11 @@ void AppDelegate::reset() {
 }
 
 void AppDelegate::restart() {
-    desktop_.processes.launch(desktop_.facts.relaunchPath, desktop_.facts.relaunchArguments);
+    auto arguments = desktop_.facts.relaunchArguments;
+    if (switchPause_.isOn() && !desktop_.facts.pausedArgument.empty())
+        arguments.push_back(desktop_.facts.pausedArgument +
+                            std::to_string(static_cast<std::int64_t>(switchPause_.end().value_or(0))));
+    desktop_.processes.launch(desktop_.facts.relaunchPath, arguments);
     desktop_.processes.exit(0);
 }
 

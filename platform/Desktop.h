@@ -58,6 +58,10 @@ struct DesktopFacts {
     /// What starts a new instance of this program.
     std::string relaunchPath = "/usr/bin/open";
     std::vector<std::string> relaunchArguments;
+
+    /// What tells a new instance that the user has paused switching: an argument that ends in the time until
+    /// when, in seconds since 1970, or 0. Empty: nothing does.
+    std::string pausedArgument;
 };
 
 /// Everything the program asks of a desktop, handed out in one place. Seen whole only by the program's hub

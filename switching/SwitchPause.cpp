@@ -14,6 +14,14 @@ void SwitchPause::pause(std::optional<double> seconds) {
     changed.emit();
 }
 
+void SwitchPause::pauseUntil(double time) {
+    const double seconds = time - clock_.secondsSince1970();
+    if (time == 0)
+        pause({});
+    else if (seconds > 0)
+        pause(seconds);
+}
+
 void SwitchPause::resume() {
     stopWaiting();
     if (std::exchange(isOn_, false)) changed.emit();

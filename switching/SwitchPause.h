@@ -8,7 +8,7 @@
 
 namespace quorvane {
 
-/// The user wants no automatic switch for a while. Not remembered beyond this process.
+/// The user wants no automatic switch for a while. It is stored nowhere, and so ends with the session.
 class SwitchPause {
 public:
     SwitchPause(RunLoop& runLoop, const WallClock& clock) : runLoop_(runLoop), clock_(clock) {}
@@ -18,6 +18,9 @@ public:
 
     /// That many seconds from now on, whatever was said before; with none, until somebody resumes.
     void pause(std::optional<double> seconds);
+    /// Until then, in seconds since 1970, if that is still to come; 0: until somebody resumes.
+    void pauseUntil(double time);
+
     void resume();
 
     bool isOn() const { return isOn_; }

@@ -1,8 +1,24 @@
 #include "platform/linux/LaunchArguments.h"
 
+#include <charconv>
+#include <cstdint>
 #include <map>
 
 namespace quorvane {
+namespace {
+
+std::optional<double> timeIn(std::string_view argument) {
+    const std::string_view name = launch_argument::pausedUntil;
+    std::int64_t seconds = 0;
+    if (!argument.starts_with(name)) return std::nullopt;
+    argument.remove_prefix(name.size());
+    const auto* end = argument.data() + argument.size();
+    const auto read = std::from_chars(argument.data(), end, seconds);
+    if (read.ec != std::errc() || read.ptr != end) return std::nullopt;
+    return static_cast<double>(seconds);
+}
+
+} // namespace
 
 LaunchArguments::LaunchArguments(std::span<const char* const> arguments) {
     const std::map<std::string_view, bool*> known{{launch_argument::newInstance, &isNewInstance},
@@ -13,6 +29,8 @@ LaunchArguments::LaunchArguments(std::span<const char* const> arguments) {
     for (const std::string_view argument : arguments) {
         if (const auto found = known.find(argument); found != known.end())
             *found->second = true;
+        else if (const auto time = timeIn(argument))
+            pausedUntil = time;
         else if (unknown.empty())
             unknown = argument;
     }

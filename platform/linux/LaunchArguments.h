@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -11,6 +12,10 @@ namespace launch_argument {
 
 /// By the instance that it replaces: wait for that one to end, instead of asking it to reopen.
 inline constexpr const char* newInstance = "--new-instance";
+
+/// By the instance that it replaces: the user has paused switching. Until when, in seconds since 1970, stands
+/// behind it; 0: until somebody resumes.
+inline constexpr const char* pausedUntil = "--paused-until=";
 
 /// By the session, at login: leave when an instance runs already, and do not ask it to reopen.
 inline constexpr const char* atLogin = "--at-login";
@@ -29,6 +34,7 @@ struct LaunchArguments {
     explicit LaunchArguments(std::span<const char* const> arguments);
 
     bool isNewInstance = false;
+    std::optional<double> pausedUntil;
     bool isAtLogin = false;
     bool opensPreferences = false;
     bool asksForHelp = false;

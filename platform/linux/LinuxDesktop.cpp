@@ -48,6 +48,7 @@ DesktopFacts factsOfX11() {
         .helpPage = helpPage(),
         .relaunchPath = QCoreApplication::applicationFilePath().toStdString(),
         .relaunchArguments = {launch_argument::newInstance},
+        .pausedArgument = launch_argument::pausedUntil,
     };
 }
 

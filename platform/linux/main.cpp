@@ -68,6 +68,7 @@ int runProgram(quorvane::XConnection& x, const quorvane::LaunchArguments& argume
     const auto serverLoss = x.onLost([&application] { application.terminate(); });
 
     quorvane::AppDelegate program(linuxDesktop.desktop());
+    if (arguments.pausedUntil) program.controlled().pause.pauseUntil(*arguments.pausedUntil);
     quorvane::AgentCommands commands(linuxDesktop.desktop(), linuxDesktop.report(), program.controlled());
     const quorvane::ControlService controlService(quorvane::sessionBus(), commands);
     // Until the reminder is answered, it is what the user is shown who launches the program again; the window

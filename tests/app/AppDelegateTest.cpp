@@ -139,6 +139,27 @@ TEST_F(ProgramTest, TheToolTipSaysProgramSourceAndWhy) {
         EXPECT_EQ(play("| " + story), lines);
 }
 
+TEST_F(ProgramTest, ARelaunchGoesOnPausing) {
+    desktop_.desktop.facts.pausedArgument = "--until=";
+    const auto argument = [&](const std::string& story) {
+        play(story);
+        EXPECT_THROW(program_->restart(), SimulatedExit);
+        const auto line = desktop_.journal.take().front();
+        return line.substr(line.find(".app") + 4);
+    };
+    launch();
+    EXPECT_EQ(argument("| pause:50"), " --until=1700000050; exit 0");
+    EXPECT_EQ(argument("| pause"), " --until=0; exit 0");
+    EXPECT_EQ(argument("| resume"), "; exit 0");
+    auto& pause = program_->controlled().pause;
+    pause.pauseUntil(1'699'999'999);
+    EXPECT_FALSE(pause.isOn()) << "it has ended meanwhile";
+    pause.pauseUntil(1'700'000'050);
+    EXPECT_TRUE(pause.isOn() && pause.end() == 1'700'000'050);
+    pause.pauseUntil(0);
+    EXPECT_TRUE(pause.isOn() && !pause.end());
+}
+
 TEST_F(ProgramTest, ClosingThePreferencesRelaunchesOnlyWhileTheStatusItemIsHidden) {
     const std::string stops =
         "set up off; preferences level 0; preferences behavior 0; set up '*Start Setup'; post "

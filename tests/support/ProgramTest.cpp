@@ -143,7 +143,11 @@ const std::map<std::string, ProgramTest::Event, std::less<>>& ProgramTest::event
              test.desktop_.distributedNotifications.postFromOutside(
                  {name, PropertyList::Dictionary{{"X", 100}, {"Y", 50}, {"Width", 500}}});
          }},
-        {"pause", [](Test& test, const Text&) { test.program_->controlled().pause.pause({}); }},
+        {"pause",
+         [](Test& test, const Text& seconds) {
+             test.program_->controlled().pause.pause(seconds.empty() ? std::nullopt
+                                                                     : std::optional(std::stod(seconds)));
+         }},
         {"resume", [](Test& test, const Text&) { test.program_->controlled().pause.resume(); }},
         // the program's own window
         {"preferences", [](Test& test, const Text&) { test.program_->openPreferences(); }},

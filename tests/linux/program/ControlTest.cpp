@@ -96,6 +96,11 @@ TEST_F(Control, AnswersAndChangesWhatTheProgramDoesAtOnce) {
     EXPECT_EQ(session_.group(), 1U);
     EXPECT_EQ(ask({"resume"}).status, 0);
     EXPECT_TRUE(session_.waitForGroup(0)) << "the default source";
+
+    session_.program.reset();
+    session_.program.emplace(QUORVANE_PROGRAM, QStringList{"--paused-until=0"});
+    EXPECT_TRUE(
+        waitUntil([] { return ask({"status"}).said.find("switching\tpaused\n") != std::string::npos; }));
 }
 
 TEST_F(Control, SetsWithoutTheProgramWhatCountsWhenItRuns) {
