@@ -6,7 +6,6 @@
 
 #include "app/LaunchAtLoginController.h"
 #include "app/LoginItemsReminder.h"
-#include "settings/SettingsMirror.h"
 #include "app/StatusBarIcon.h"
 #include "app/StatusToolTip.h"
 #include "control/AgentCommands.h"
@@ -19,6 +18,7 @@
 #include "input/StateTip.h"
 #include "platform/Desktop.h"
 #include "preferences/AppPrefsWindowController.h"
+#include "settings/SettingsMirror.h"
 #include "shortcuts/PTHotKeyCenter.h"
 #include "switching/AppChangeHandler.h"
 #include "switching/InputDecision.h"

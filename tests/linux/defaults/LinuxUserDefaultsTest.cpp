@@ -41,7 +41,8 @@ struct LinuxUserDefaultsTest : testing::Test {
 
 TEST_F(LinuxUserDefaultsTest, ProcessesThatWriteAtOnceLoseNothing) {
     QProcess others[3];
-    constexpr auto script = R"(for i in $(seq 25); do "$0" defaults write suite %1-$i -int $i || exit 1; done)";
+    constexpr auto script =
+        R"(for i in $(seq 25); do "$0" defaults write suite %1-$i -int $i || exit 1; done)";
     for (int process = 0; process < 3; ++process)
         others[process].start("sh", {"-c", QString(script).arg(process), QUORVANECTL});
     int written = 0;

@@ -24,6 +24,25 @@ TEST(PropertyListBytesTest, ReadsBinaryListsAndByteOrderMarks) {
     }
 }
 
+/// A binary list of arrays, each of which has the next one twice.
+std::string doubling(int levels) {
+    std::string objects = "bplist00", offsets;
+    for (int level = 0; level <= levels; ++level) {
+        offsets += static_cast<char>(objects.size());
+        const auto next = static_cast<char>(level + 1);
+        objects += level < levels ? std::string{'\xa2', next, next} : std::string{'\x10', '\x01'};
+    }
+    const auto number = [](std::size_t value) { return std::string(7, '\0') + static_cast<char>(value); };
+    const auto trailer =
+        std::string(6, '\0') + "\x01\x01" + number(offsets.size()) + number(0) + number(objects.size());
+    return objects + offsets + trailer;
+}
+
+TEST(PropertyListBytes, DoNotGrowMuchWhereTheyShare) {
+    EXPECT_TRUE(readPropertyList(doubling(12)));
+    EXPECT_FALSE(readPropertyList(doubling(20)));
+}
+
 TEST(PropertyListBytesTest, TurnsAwayWhatWouldExhaustTheParser) {
     constexpr int deep = 1'000'000;
     const auto arrays = repeated("<array>", deep);

@@ -37,7 +37,9 @@ public:
     static QByteArray dictionary(const QByteArray& entries) {
         return "<plist version=\"1.0\">\n<dict>" + entries + "</dict></plist>\n";
     }
-    static int tool(const QStringList& arguments) { return QProcess::execute(QUORVANECTL, QStringList("defaults") + arguments); }
+    static int tool(const QStringList& arguments) {
+        return QProcess::execute(QUORVANECTL, QStringList("defaults") + arguments);
+    }
 
 private:
     QTemporaryDir folder_;
