@@ -108,7 +108,7 @@ int doctor(AgentLink& agent, bool wantsJson) {
         print(jsonOf(list));
     } else {
         for (const auto& [problem, remedy] : findings)
-            print(problem + ": " + remedy + "\n");
+            std::printf("%s: %s\n", problem.c_str(), remedy.c_str());
         if (findings.empty()) print("nothing is missing or odd\n");
     }
     return findings.empty() ? 0 : static_cast<int>(CommandStatus::failed);
