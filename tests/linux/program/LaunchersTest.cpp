@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "linux/support/Groups.h"
 #include "linux/support/Keyboard.h"
 #include "linux/support/TestWindow.h"
 #include "settings/AppRule.h"

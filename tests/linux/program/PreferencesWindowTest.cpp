@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "linux/support/AccessibleTree.h"
+#include "linux/support/Groups.h"
 #include "linux/support/Keyboard.h"
 #include "linux/support/Portal.h"
 #include "linux/support/TestWindow.h"

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "linux/support/Keyboard.h"
+#include "linux/support/Groups.h"
 #include "linux/support/TestWindow.h"
 #include "settings/Keys.h"
 #include "virtual-desktop/TextProgram.h"

@@ -7,7 +7,4 @@ namespace quorvane {
 // Keys, by the numbers of the hardware: they go through no layout.
 constexpr std::uint8_t escape = 9, tab = 23, enter = 36, control = 37, space = 65, down = 116;
 
-// The groups of a session's layouts.
-constexpr unsigned us = 0, ru = 1, de = 2;
-
 } // namespace quorvane
