@@ -5,10 +5,10 @@
 
 #include <xcb/xtest.h>
 
-#include "platform/linux/keyboard/XcbXkb.h"
-#include "platform/linux/windows/WindowManagerRequests.h"
 #include "platform/linux/x11/XProperties.h"
 #include "platform/linux/x11/XcbReply.h"
+#include "platform/linux/x11/keyboard/XcbXkb.h"
+#include "platform/linux/x11/windows/WindowManagerRequests.h"
 
 namespace quorvane {
 

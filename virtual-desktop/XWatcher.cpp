@@ -2,8 +2,8 @@
 
 #include <poll.h>
 
-#include "platform/linux/keyboard/XcbXkb.h"
 #include "platform/linux/x11/XcbReply.h"
+#include "platform/linux/x11/keyboard/XcbXkb.h"
 
 namespace quorvane {
 

@@ -27,9 +27,9 @@ std::string helpPage() {
     return QUrl::fromLocalFile(page.canonicalFilePath()).toEncoded().toStdString();
 }
 
-DesktopFacts factsOfX11() {
+DesktopFacts factsOfLinux() {
     return {
-        // A layout of the X server takes effect at once, and an input method as soon as the program in front
+        // A layout takes effect at once, and an input method as soon as the program in front
         // can take one, which its daemon's class waits for. A wait would only send the first keys to the
         // wrong source.
         .switchDelay = 0,
@@ -64,79 +64,85 @@ std::string autostartFolder() {
     return QStandardPaths::writableLocation(QStandardPaths::ConfigLocation).toStdString() + "/autostart";
 }
 
+const InputMethodIcons icons{drawLettersIcon, referencedIcon};
+
 } // namespace
 
-LinuxDesktop::LinuxDesktop(XConnection& x)
+LinuxDesktop::LinuxDesktop(const SessionStart& startSession)
     : defaults_(LinuxUserDefaults::configFolder(), maker::bundleIdentifier)
     , distributedNotifications_(maker::distributedNotificationInterface,
                                 [this] { defaults_.flushPendingWrites(); })
     , busApplications_(applicationsWithoutWindows())
     , desktopEntries_(DesktopEntries::ofEnvironment())
-    , identities_(x, desktopEntries_)
-    , otherNames_(defaults_, identities_, desktopEntries_)
-    , launchers_(x)
-    , workspace_(x, identities_, launchers_, &busApplications_)
-    , screens_(x, workspace_, qGuiApp->devicePixelRatio())
-    , windowList_(x, identities_, workspace_, screens_, launchers_)
-    , globalEvents_(x)
-    , hotKeys_(x)
-    , cursor_(x, qGuiApp->devicePixelRatio())
-    , layouts_(x, drawLettersIcon)
-    , ibus_(layouts_, {drawLettersIcon, referencedIcon})
-    , fcitx5_(sessionBus(), layouts_, {drawLettersIcon, referencedIcon})
-    , inputSources_(layouts_, {&fcitx5_, &ibus_})
+    , applications_(desktopEntries_, &busApplications_)
+    , otherNames_(defaults_, applications_.owners, desktopEntries_)
+    , session_(startSession(applications_))
+    , parts_(session_->parts())
+    , ibus_(parts_.hasIBusEngines ? std::nullopt
+                                  : std::optional<IBusInputSources>(std::in_place, parts_.layouts, icons))
+    , fcitx5_(sessionBus(), parts_.layouts, icons)
+    , inputSources_(parts_.name, parts_.layouts, daemons())
     , activationsForInput_(
-          workspace_.addObserver(WorkspaceNotification::didActivateApplication,
-                                 [this](const auto& application) { activated(application); }))
-    , departuresForInput_(workspace_.addObserver(WorkspaceNotification::didLeaveFront,
-                                                 [this](const auto&) { frontApplication_.reset(); }))
+          applications_.workspace.addObserver(WorkspaceNotification::didActivateApplication,
+                                              [this](const auto& application) { activated(application); }))
+    , departuresForInput_(applications_.workspace.addObserver(
+          WorkspaceNotification::didLeaveFront, [this](const auto&) { frontApplication_.reset(); }))
     , fcitx5Availability_(fcitx5_.availabilityChanged.connect([this] { watchSwitchesByHand(); }))
     , selectionChanges_(inputSources_.selectionChanged.connect([this] {
         distributedNotifications_.deliverLocally(
             {std::string(selectedKeyboardInputSourceChangedNotification), {}});
     }))
-    , application_(x)
+    , application_(parts_.windowHost)
     , applicationBundles_(desktopEntries_,
                           [](const std::string& icon) {
                               return std::make_shared<ApplicationIcon>(QString::fromStdString(icon));
                           })
-    , interfaceFiles_(x, screens_, notifications_)
+    , interfaceFiles_(parts_.indicator, parts_.windowHost, parts_.printedKeyboard, notifications_)
     , settingsNotices_(defaults_.health(), interfaceFiles_.notices())
-    , activations_(workspace_.addObserver(WorkspaceNotification::didActivateApplication,
-                                          [this](const auto&) { interfaceFiles_.raiseIndicator(); }))
+    , activations_(
+          applications_.workspace.addObserver(WorkspaceNotification::didActivateApplication,
+                                              [this](const auto&) { interfaceFiles_.raiseIndicator(); }))
     // A window that now fills the screen covers it.
-    , frontWindowChanges_(windowList_.addFrontWindowObserver([this] { interfaceFiles_.raiseIndicator(); }))
-    , launcherChanges_(launchers_.onChange([this] { interfaceFiles_.raiseIndicator(); }))
-    , statusBar_(x)
-    , alerts_(x)
+    , frontWindowChanges_(
+          parts_.windowList.addFrontWindowObserver([this] { interfaceFiles_.raiseIndicator(); }))
+    , launcherChanges_(applications_.launchers.onChange([this] { interfaceFiles_.raiseIndicator(); }))
+    , statusBar_(parts_.x)
+    , alerts_(parts_.windowHost)
     , openPanel_(desktopEntries_)
     , processes_([this] { defaults_.flushPendingWrites(); })
     , loginItems_(autostartFolder(), std::string(maker::bundleIdentifier),
                   QCoreApplication::applicationFilePath().toStdString())
-    , desktop_{.facts = factsOfX11(),
+    , desktop_{.facts = factsOfLinux(),
                .alerts = alerts_,
                .application = application_,
                .applicationBundles = applicationBundles_,
                .clock = clock_,
-               .cursor = cursor_,
+               .cursor = parts_.cursor,
                .distributedNotifications = distributedNotifications_,
-               .globalEvents = globalEvents_,
-               .hotKeys = hotKeys_,
+               .globalEvents = parts_.globalEvents,
+               .hotKeys = parts_.hotKeys,
                .images = images_,
                .interfaceFiles = interfaceFiles_,
                .links = links_,
                .log = log_,
                .loginItems = loginItems_,
                .notifications = notifications_,
-               .windowList = windowList_,
+               .windowList = parts_.windowList,
                .openPanel = openPanel_,
                .processes = processes_,
                .runLoop = runLoop_,
-               .screens = screens_,
+               .screens = parts_.screens,
                .statusBar = statusBar_,
                .inputSources = inputSources_,
                .defaults = defaults_,
-               .workspace = workspace_} {}
+               .workspace = applications_.workspace} {}
+
+/// In the order in which they are preferred.
+std::vector<InputMethodDaemon*> LinuxDesktop::daemons() {
+    std::vector<InputMethodDaemon*> daemons{&fcitx5_};
+    if (ibus_) daemons.push_back(&*ibus_);
+    return daemons;
+}
 
 /// The program decides about applications, not about their windows.
 void LinuxDesktop::activated(const RunningApplication& application) {
@@ -152,7 +158,7 @@ void LinuxDesktop::activated(const RunningApplication& application) {
 void LinuxDesktop::watchSwitchesByHand() {
     switchesByHand_.end();
     if (!fcitx5_.isAvailable()) return;
-    switchesByHand_ = globalEvents_.addGlobalMonitor(
+    switchesByHand_ = parts_.globalEvents.addGlobalMonitor(
         eventMask(EventType::leftMouseUp) | eventMask(EventType::flagsChanged), [this](const Event& event) {
             if (!(event.modifierFlags & switchingModifiers)) fcitx5_.userMayHaveSwitched();
         });

@@ -6,7 +6,6 @@
 #include "platform/linux/LinuxLog.h"
 #include "platform/linux/LinuxProcesses.h"
 #include "platform/linux/applications/OtherNames.h"
-#include "platform/linux/applications/X11Workspace.h"
 #include "platform/linux/control/LinuxDesktopReport.h"
 #include "platform/linux/dbus/BusApplications.h"
 #include "platform/linux/dbus/DBusNotificationCenter.h"
@@ -15,9 +14,6 @@
 #include "platform/linux/input-methods/SessionInputSources.h"
 #include "platform/linux/input-methods/fcitx5/Fcitx5InputSources.h"
 #include "platform/linux/input-methods/ibus/IBusInputSources.h"
-#include "platform/linux/keyboard/X11EventMonitor.h"
-#include "platform/linux/keyboard/X11HotKeys.h"
-#include "platform/linux/keyboard/XkbInputSources.h"
 #include "platform/linux/open-panel/QtOpenPanel.h"
 #include "platform/linux/preferences/SettingsNotices.h"
 #include "platform/linux/qt/QtAlerts.h"
@@ -27,17 +23,16 @@
 #include "platform/linux/qt/QtLinks.h"
 #include "platform/linux/qt/QtRunLoop.h"
 #include "platform/linux/qt/QtStatusBar.h"
-#include "platform/linux/windows/X11Cursor.h"
-#include "platform/linux/windows/X11Screens.h"
-#include "platform/linux/windows/X11WindowList.h"
+#include "platform/linux/session/Session.h"
 
 namespace quorvane {
 
-/// The X11 desktop this process runs on: every port, in the order in which one needs the other.
+/// The desktop this process runs on: a session and what all sessions share, every port in the order in which
+/// one needs the other.
 class LinuxDesktop {
 public:
-    /// Needs a QApplication. The connection must outlive it.
-    explicit LinuxDesktop(XConnection& x);
+    /// Needs a QApplication.
+    explicit LinuxDesktop(const SessionStart& startSession);
     LinuxDesktop(const LinuxDesktop&) = delete;
     LinuxDesktop& operator=(const LinuxDesktop&) = delete;
 
@@ -46,6 +41,7 @@ public:
     const DesktopReport& report() const { return report_; }
 
 private:
+    std::vector<InputMethodDaemon*> daemons();
     void activated(const RunningApplication& application);
 
     /// The user switches Fcitx5 with modifier keys and the mouse; Fcitx5 does not always tell.
@@ -58,17 +54,11 @@ private:
     BusApplications busApplications_;
 
     DesktopEntries desktopEntries_;
-    ApplicationIdentities identities_;
-    OtherNames otherNames_;
-    X11Launchers launchers_;
-    X11Workspace workspace_;
-    X11Screens screens_;
-    X11WindowList windowList_;
-    X11EventMonitor globalEvents_;
-    X11HotKeys hotKeys_;
-    X11Cursor cursor_;
-    XkbInputSources layouts_;
-    IBusInputSources ibus_;
+    SessionApplications applications_;
+    OtherNames otherNames_; ///< Made before the session tells of windows.
+    std::unique_ptr<Session> session_;
+    SessionParts parts_;
+    std::optional<IBusInputSources> ibus_; ///< None where the session has its engines.
     Fcitx5InputSources fcitx5_;
     SessionInputSources inputSources_;
     std::optional<std::string> frontApplication_;
@@ -94,7 +84,8 @@ private:
     LinuxProcesses processes_;
     AutostartLoginItems loginItems_;
     LinuxLog log_;
-    LinuxDesktopReport report_{identities_, workspace_, inputSources_, defaults_.health()};
+    LinuxDesktopReport report_{applications_.owners, applications_.workspace, inputSources_,
+                               defaults_.health()};
 
     Desktop desktop_;
 };

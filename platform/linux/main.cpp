@@ -19,9 +19,11 @@
 #include "platform/linux/dbus/SessionBus.h"
 #include "platform/linux/input-methods/ibus/IBusTextInput.h"
 #include "platform/linux/localization/Translations.h"
+#include "platform/linux/qt/LettersIcon.h"
 #include "platform/linux/qt/ProgramIcon.h"
 #include "platform/linux/qt/TemplateIcon.h"
 #include "platform/linux/x11/SingleInstance.h"
+#include "platform/linux/x11/X11Session.h"
 
 namespace {
 
@@ -61,8 +63,10 @@ int runProgram(quorvane::XConnection& x, const quorvane::LaunchArguments& argume
     if (arguments.isNewInstance) instance.waitForTheOtherToEnd();
     if (!instance.becomeTheOne(arguments.isAtLogin ? leaveIt : askItToReopen)) return 0;
 
-    const quorvane::ColorScheme colorScheme(x);
-    quorvane::LinuxDesktop linuxDesktop(x);
+    const quorvane::ColorScheme colorScheme(&x);
+    quorvane::LinuxDesktop linuxDesktop([&x](quorvane::SessionApplications& applications) {
+        return std::make_unique<quorvane::X11Session>(x, applications, quorvane::drawLettersIcon);
+    });
     auto& application = linuxDesktop.application();
     const quorvane::UnixSignals signals([&application] { application.terminate(); });
     const auto serverLoss = x.onLost([&application] { application.terminate(); });

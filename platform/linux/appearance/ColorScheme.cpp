@@ -19,17 +19,17 @@ PreferredScheme schemeOfTheme(std::string_view themeName) {
     return isDark ? PreferredScheme::dark : PreferredScheme::light;
 }
 
-ColorScheme::ColorScheme(XConnection& x) {
+ColorScheme::ColorScheme(XConnection* x) {
     const bool isColouredByDesktop = QApplication::palette() != QApplication::style()->standardPalette();
     if (isColouredByDesktop) return;
     portal_.emplace([this] { apply(); });
-    settings_.emplace(x, [this] { apply(); });
+    if (x) settings_.emplace(*x, [this] { apply(); });
     apply();
 }
 
 void ColorScheme::apply() {
     auto wanted = portal_->preferred();
-    if (wanted == PreferredScheme::none)
+    if (wanted == PreferredScheme::none && settings_)
         wanted = schemeOfTheme(settings_->text("Net/ThemeName").value_or(""));
     const bool isDark = wanted == PreferredScheme::dark;
     if (std::exchange(isDark_, isDark) == isDark) return;

@@ -16,8 +16,9 @@ PreferredScheme schemeOfTheme(std::string_view themeName);
 /// desktop colours Qt's programs itself, its colours stay.
 class ColorScheme {
 public:
-    /// Needs a QApplication. The connection must outlive this object.
-    explicit ColorScheme(XConnection& x);
+    /// Needs a QApplication. The connection must outlive this object; without one (null) the theme is
+    /// not known.
+    explicit ColorScheme(XConnection* x);
 
 private:
     void apply();

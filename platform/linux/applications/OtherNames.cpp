@@ -9,10 +9,10 @@
 
 namespace quorvane {
 
-OtherNames::OtherNames(UserDefaultsStores& stores, ApplicationIdentities& identities, DesktopEntries& entries)
+OtherNames::OtherNames(UserDefaultsStores& stores, WindowOwners& owners, DesktopEntries& entries)
     : stores_(stores)
     , entries_(entries)
-    , renames_(identities.renamed.connect([this](const std::string& wmClass, const std::string& program) {
+    , renames_(owners.renamed.connect([this](const std::string& wmClass, const std::string& program) {
         if (programs_.insert_or_assign(wmClass, program).second) takeOver();
     }))
     , changes_(stores.standardUserDefaults().addObserver(key::autoInput, [this](auto) { quiet_.start(); })) {

@@ -8,7 +8,7 @@
 
 #include "platform/Subscription.h"
 #include "platform/UserDefaults.h"
-#include "platform/linux/applications/ApplicationIdentities.h"
+#include "platform/linux/applications/WindowOwners.h"
 
 namespace quorvane {
 
@@ -19,7 +19,7 @@ namespace quorvane {
 class OtherNames {
 public:
     /// All three must outlive this object.
-    OtherNames(UserDefaultsStores& stores, ApplicationIdentities& identities, DesktopEntries& entries);
+    OtherNames(UserDefaultsStores& stores, WindowOwners& owners, DesktopEntries& entries);
 
 private:
     std::optional<std::string> presentOf(const std::string& id) const;

@@ -1,25 +1,20 @@
 #pragma once
 
-#include <optional>
-#include <span>
 #include <string>
-#include <vector>
-
-#include "platform/linux/x11/XConnection.h"
 
 namespace quorvane {
 
-/// What a window says about the application it belongs to. Empty where it says nothing.
+/// What a window, or its session, says about the application it belongs to. Empty where nothing is said.
 struct WindowFacts {
     std::string gtkApplicationId;
     std::string kdeDesktopFile; ///< An id, or the name or path of the file.
-    std::string wmClass;
+    std::string desktopFile;    ///< The same, as a Wayland compositor tells it.
+    std::string wmClass;        ///< Of a window of Wayland, its app id.
     std::string wmInstance;
     int pid = 0;
     bool isPartOfDesktop = false; ///< A panel or the desktop's background, which no user calls a program.
-};
 
-/// Asks all the windows in one round trip. None for a window that has vanished.
-std::vector<std::optional<WindowFacts>> factsOf(XConnection& x, std::span<const xcb_window_t> windows);
+    bool operator==(const WindowFacts&) const = default;
+};
 
 } // namespace quorvane

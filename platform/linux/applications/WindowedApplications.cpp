@@ -6,7 +6,7 @@
 
 namespace quorvane {
 
-bool WindowedApplications::add(xcb_window_t window, const WindowOwner& owner, bool isHidden) {
+bool WindowedApplications::add(WindowId window, const WindowOwner& owner, bool isHidden) {
     const auto known = std::ranges::find(windows_, window, &Window::window);
     if (known != windows_.end()) {
         known->isOpen = true;
@@ -21,7 +21,7 @@ bool WindowedApplications::add(xcb_window_t window, const WindowOwner& owner, bo
     return true;
 }
 
-bool WindowedApplications::withdraw(xcb_window_t window) {
+bool WindowedApplications::withdraw(WindowId window) {
     const auto closed = std::ranges::find(windows_, window, &Window::window);
     if (closed == windows_.end()) return false;
     closed->isOpen = false;
@@ -29,7 +29,7 @@ bool WindowedApplications::withdraw(xcb_window_t window) {
         windows_, [&](const auto& each) { return each.isOpen && each.isOfSameApplication(*closed); });
 }
 
-bool WindowedApplications::remove(xcb_window_t window) {
+bool WindowedApplications::remove(WindowId window) {
     const bool wasLast = withdraw(window);
     std::erase_if(windows_, [&](const auto& each) { return each.window == window; });
     for (auto& application : applications_) {
@@ -39,18 +39,18 @@ bool WindowedApplications::remove(xcb_window_t window) {
     return wasLast;
 }
 
-void WindowedApplications::disown(xcb_window_t window) {
+void WindowedApplications::disown(WindowId window) {
     const auto application = applicationOf(window);
     remove(window);
     if (!application || !application->bundleIdentifier || windowOf(*application->bundleIdentifier)) return;
     std::erase_if(applications_, [&](const auto& each) { return each.id == application->bundleIdentifier; });
 }
 
-bool WindowedApplications::contains(xcb_window_t window) const {
+bool WindowedApplications::contains(WindowId window) const {
     return find(window);
 }
 
-bool WindowedApplications::setHidden(xcb_window_t window, bool isHidden) {
+bool WindowedApplications::setHidden(WindowId window, bool isHidden) {
     const auto changed = std::ranges::find(windows_, window, &Window::window);
     if (changed == windows_.end()) return false;
     const bool wasHidden = std::ranges::all_of(
@@ -59,7 +59,7 @@ bool WindowedApplications::setHidden(xcb_window_t window, bool isHidden) {
     return wasHidden && !isHidden;
 }
 
-std::optional<RunningApplication> WindowedApplications::applicationOf(xcb_window_t window) const {
+std::optional<RunningApplication> WindowedApplications::applicationOf(WindowId window) const {
     const auto* known = find(window);
     if (!known) return std::nullopt;
     const auto& owner = known->owner;
@@ -96,7 +96,7 @@ RunningApplication WindowedApplications::describe(const Application& application
             isPartOfDesktop ? ActivationPolicy::accessory : ActivationPolicy::regular, application.pid};
 }
 
-const WindowedApplications::Window* WindowedApplications::find(xcb_window_t window) const {
+const WindowedApplications::Window* WindowedApplications::find(WindowId window) const {
     const auto known = std::ranges::find(windows_, window, &Window::window);
     return known == windows_.end() ? nullptr : &*known;
 }

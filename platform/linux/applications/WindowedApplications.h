@@ -5,10 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include <xcb/xproto.h>
-
 #include "platform/Workspace.h"
-#include "platform/linux/applications/ApplicationIdentities.h"
+#include "platform/linux/applications/WindowOwners.h"
 
 namespace quorvane {
 
@@ -21,29 +19,29 @@ namespace quorvane {
 class WindowedApplications {
 public:
     /// True when the window's application was not running before. A window that is known was shown again.
-    bool add(xcb_window_t window, const WindowOwner& owner, bool isHidden);
+    bool add(WindowId window, const WindowOwner& owner, bool isHidden);
 
     // The window was closed: withdrawn, so that its program may show it again, or destroyed. True if it was
     // the last one of its application that was open.
-    bool withdraw(xcb_window_t window);
-    bool remove(xcb_window_t window);
+    bool withdraw(WindowId window);
+    bool remove(WindowId window);
 
     /// The window turned out to belong to another application.
-    void disown(xcb_window_t window);
+    void disown(WindowId window);
 
-    bool contains(xcb_window_t window) const;
+    bool contains(WindowId window) const;
 
     /// True when all windows of the window's application were hidden until now.
-    bool setHidden(xcb_window_t window, bool isHidden);
+    bool setHidden(WindowId window, bool isHidden);
 
     /// As the process that has the window; an application may run more than once.
-    std::optional<RunningApplication> applicationOf(xcb_window_t window) const;
+    std::optional<RunningApplication> applicationOf(WindowId window) const;
     std::optional<RunningApplication> withId(std::string_view id) const;
     std::vector<RunningApplication> all() const;
 
 private:
     struct Window {
-        xcb_window_t window;
+        WindowId window;
         WindowOwner owner;
         bool isHidden;
         bool isOpen = true;
@@ -58,7 +56,7 @@ private:
         int pid; ///< Of its first window.
     };
 
-    const Window* find(xcb_window_t window) const;
+    const Window* find(WindowId window) const;
     const Window* windowOf(std::string_view id) const;
     const Application* find(std::string_view id) const;
     bool isRunning(const Application& application) const;

@@ -7,14 +7,14 @@ namespace quorvane {
 
 std::vector<DesktopReport::InstalledApplication> LinuxDesktopReport::installedApplications() const {
     std::vector<InstalledApplication> applications;
-    for (const auto& entry : choosableApplications(identities_.entries()))
+    for (const auto& entry : choosableApplications(owners_.entries()))
         applications.push_back({entry->id, entry->name});
     return applications;
 }
 
 std::string LinuxDesktopReport::recognition() const {
     const auto window = workspace_.activeWindow();
-    const auto* owner = window == XCB_WINDOW_NONE ? nullptr : identities_.ownerOf(window);
+    const auto* owner = window == noWindow ? nullptr : owners_.ownerOf(window);
     return owner ? owner->recognisedBy : std::string();
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/DesktopReport.h"
-#include "platform/linux/applications/ApplicationIdentities.h"
-#include "platform/linux/applications/X11Workspace.h"
+#include "platform/linux/applications/SessionWorkspace.h"
+#include "platform/linux/applications/WindowOwners.h"
 #include "platform/linux/defaults/SettingsHealth.h"
 #include "platform/linux/input-methods/SessionInputSources.h"
 
@@ -11,9 +11,9 @@ namespace quorvane {
 class LinuxDesktopReport : public DesktopReport {
 public:
     /// All must outlive it.
-    LinuxDesktopReport(ApplicationIdentities& identities, const X11Workspace& workspace,
+    LinuxDesktopReport(const WindowOwners& owners, const SessionWorkspace& workspace,
                        const SessionInputSources& inputSources, const SettingsHealth& health)
-        : identities_(identities)
+        : owners_(owners)
         , workspace_(workspace)
         , inputSources_(inputSources)
         , health_(health) {}
@@ -24,8 +24,8 @@ public:
     std::string settingsTrouble() const override;
 
 private:
-    ApplicationIdentities& identities_;
-    const X11Workspace& workspace_;
+    const WindowOwners& owners_;
+    const SessionWorkspace& workspace_;
     const SessionInputSources& inputSources_;
     const SettingsHealth& health_;
 };

@@ -4,17 +4,17 @@
 #include <string>
 #include <string_view>
 
-#include "platform/linux/keyboard/XkbInputSources.h"
+#include "platform/linux/keyboard/LayoutSources.h"
 
 namespace quorvane {
 
-/// The X server's layout under an input method. Input methods read letters of the Latin alphabet, and
+/// The keyboard's layout under an input method. Input methods read letters of the Latin alphabet, and
 /// programs that know no input methods have nothing but the layout. Nobody's list of layouts is changed.
 class LayoutUnderneath {
 public:
-    explicit LayoutUnderneath(XkbInputSources& layouts) : layouts_(layouts) {}
+    explicit LayoutUnderneath(LayoutSources& layouts) : layouts_(layouts) {}
 
-    /// Whether the X server has that keyboard layout now.
+    /// Whether the keyboard has that layout now.
     bool has(std::string_view id) const { return !layouts_.createInputSourceList(id).empty(); }
 
     /// Before the source of this id is selected: its own layout if it is one that the server has, else the
@@ -24,7 +24,7 @@ public:
 private:
     bool isLatin(const std::string& id);
 
-    XkbInputSources& layouts_;
+    LayoutSources& layouts_;
     std::map<std::string, bool> isLatin_; ///< By id, those that were asked for: it takes milliseconds.
 };
 

@@ -5,8 +5,10 @@
 
 namespace quorvane {
 
-SessionInputSources::SessionInputSources(XkbInputSources& layouts, std::vector<InputMethodDaemon*> daemons)
-    : layouts_(layouts)
+SessionInputSources::SessionInputSources(std::string session, LayoutSources& layouts,
+                                         std::vector<InputMethodDaemon*> daemons)
+    : session_(std::move(session))
+    , layouts_(layouts)
     , underneath_(layouts)
     , daemons_(std::move(daemons))
     , chosen_(firstAvailable()) {
@@ -25,7 +27,7 @@ TextInputSources* SessionInputSources::firstAvailable() const {
 
 std::string_view SessionInputSources::provider() const {
     const auto daemon = std::ranges::find(daemons_, chosen_);
-    return daemon == daemons_.end() ? "X11" : (*daemon)->name();
+    return daemon == daemons_.end() ? std::string_view(session_) : (*daemon)->name();
 }
 
 void SessionInputSources::chooseAgain() {

@@ -6,20 +6,21 @@
 
 #include "platform/linux/input-methods/InputMethodDaemon.h"
 #include "platform/linux/input-methods/LayoutUnderneath.h"
-#include "platform/linux/keyboard/XkbInputSources.h"
+#include "platform/linux/keyboard/LayoutSources.h"
 
 namespace quorvane {
 
 /// The input sources of the user's session: those of the first input method daemon that is available, else
-/// the X server's layouts. Chosen anew whenever a daemon comes, hangs or goes.
+/// the keyboard's layouts. Chosen anew whenever a daemon comes, hangs or goes.
 ///
 /// While there is none, an input method that a daemon has listed before can be selected all the same: the
 /// layout underneath is, until the daemon is there. One that no daemon has listed yet changes nothing until
 /// one does.
 class SessionInputSources : public TextInputSources {
 public:
-    /// `daemons` are in the order in which they are preferred. All must outlive this object.
-    SessionInputSources(XkbInputSources& layouts, std::vector<InputMethodDaemon*> daemons);
+    /// `session` is the name of what has the layouts: "X11". `daemons` are in the order in which they are
+    /// preferred. All must outlive this object.
+    SessionInputSources(std::string session, LayoutSources& layouts, std::vector<InputMethodDaemon*> daemons);
     SessionInputSources(const SessionInputSources&) = delete;
     SessionInputSources& operator=(const SessionInputSources&) = delete;
 
@@ -33,7 +34,7 @@ public:
     /// See `InputMethodDaemon`.
     void applicationActivated(const std::string& application, int process);
 
-    /// Whose sources they are now: the name of a daemon, or "X11".
+    /// Whose sources they are now: the name of a daemon, or of the session.
     std::string_view provider() const;
 
     /// Another source is selected now.
@@ -50,7 +51,8 @@ private:
     void selectAgain();
     void changed(const TextInputSources& where);
 
-    XkbInputSources& layouts_;
+    std::string session_;
+    LayoutSources& layouts_;
     LayoutUnderneath underneath_;
     std::vector<InputMethodDaemon*> daemons_;
     TextInputSources* chosen_;

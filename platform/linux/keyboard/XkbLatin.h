@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/keyboard/XkbLayouts.h"
+#include "platform/linux/keyboard/XkbLayout.h"
 
 namespace quorvane {
 

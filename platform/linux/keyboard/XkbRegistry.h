@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/keyboard/XkbLayouts.h"
+#include "platform/linux/keyboard/XkbLayout.h"
 
 namespace quorvane {
 

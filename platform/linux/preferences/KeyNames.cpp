@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
 #include <iterator>
 #include <string_view>
 #include <utility>
@@ -12,8 +11,6 @@
 #include <xkbcommon/xkbcommon.h>
 
 #include "platform/linux/keyboard/KeyCodes.h"
-#include "platform/linux/keyboard/XcbXkb.h"
-#include "platform/linux/x11/XcbReply.h"
 
 namespace quorvane {
 namespace {
@@ -51,46 +48,8 @@ constexpr NamedKey namedKeys[] = {
 /// Of XK_dead_grave and those that follow it, which no code point stands for.
 constexpr std::u16string_view accents = u"`´^~¯˘˙¨°˝ˇ¸˛";
 
-constexpr std::size_t mostGroups = 4;
-
-/// What the keys type without modifiers, in each layout.
-using KeysymsOfGroups = std::array<std::map<std::uint8_t, std::uint32_t>, mostGroups>;
-
-void addKey(KeysymsOfGroups& groups, std::uint8_t keycode, const xcb_xkb_key_sym_map_t& key) {
-    const auto* const keysyms = xcb_xkb_key_sym_map_syms(&key);
-    const std::size_t groupCount = key.groupInfo & 0xf;
-    for (std::size_t group = 0; group < mostGroups && groupCount; ++group) {
-        const auto place = group % groupCount * key.width; // A key with fewer groups uses them in turn.
-        if (place < key.nSyms) groups[group][keycode] = keysyms[place];
-    }
-}
-
-KeysymsOfGroups readGroups(XConnection& x) {
-    KeysymsOfGroups groups;
-    auto* xcb = x.xcb();
-    const auto* extension = xcb_get_extension_data(xcb, &xcb_xkb_id);
-    if (!extension || !extension->present) return groups;
-    const auto first = xcb_get_setup(xcb)->min_keycode;
-    const auto count = static_cast<std::uint8_t>(xcb_get_setup(xcb)->max_keycode - first + 1);
-    xcb_discard_reply(xcb, xcb_xkb_use_extension(xcb, 1, 0).sequence);
-    const auto cookie = xcb_xkb_get_map(xcb, XCB_XKB_ID_USE_CORE_KBD, 0, XCB_XKB_MAP_PART_KEY_SYMS, 0, 0,
-                                        first, count, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0);
-    const XcbReply<xcb_xkb_get_map_reply_t> reply(xcb_xkb_get_map_reply(xcb, cookie, nullptr));
-    if (!reply) return groups;
-    xcb_xkb_get_map_map_t map{};
-    xcb_xkb_get_map_map_unpack(xcb_xkb_get_map_map(reply.get()), reply->nTypes, reply->nKeySyms,
-                               reply->nKeyActions, reply->totalActions, reply->totalKeyBehaviors,
-                               reply->virtualMods, reply->totalKeyExplicit, reply->totalModMapKeys,
-                               reply->totalVModMapKeys, reply->present, &map);
-    auto keycode = reply->firstKeySym;
-    for (auto key = xcb_xkb_get_map_map_syms_rtrn_iterator(reply.get(), &map); key.rem;
-         xcb_xkb_key_sym_map_next(&key))
-        addKey(groups, keycode++, *key.data);
-    return groups;
-}
-
 /// Whether it types most of the Latin alphabet.
-bool isLatin(const std::map<std::uint8_t, std::uint32_t>& keysyms) {
+bool isLatin(const TypedKeysyms& keysyms) {
     constexpr int mostOfTheAlphabet = 14;
     return std::ranges::count_if(keysyms, [](const auto& key) {
                return key.second >= XK_a && key.second <= XK_z;
@@ -116,12 +75,12 @@ QString nameOfNamed(const NamedKey& key) {
 
 } // namespace
 
-KeyNames KeyNames::read(XConnection& x) {
-    auto groups = readGroups(x);
-    auto* const latin = std::ranges::find_if(groups, isLatin);
-    KeyNames names;
-    names.keysyms_ = std::move(latin == groups.end() ? groups.front() : *latin);
-    return names;
+KeyNames::KeyNames(std::vector<TypedKeysyms> layouts) {
+    const auto latin = std::ranges::find_if(layouts, isLatin);
+    if (latin != layouts.end())
+        keysyms_ = std::move(*latin);
+    else if (!layouts.empty())
+        keysyms_ = std::move(layouts.front());
 }
 
 int KeyNames::widestName(const QFontMetrics& font) {

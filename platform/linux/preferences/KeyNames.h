@@ -1,12 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
+#include <vector>
 
 #include <QFontMetrics>
 #include <QString>
 
-#include "platform/linux/x11/XConnection.h"
+#include "platform/linux/keyboard/PrintedKeyboard.h"
 
 namespace quorvane {
 
@@ -15,8 +15,8 @@ class KeyNames {
 public:
     KeyNames() = default;
 
-    /// Asks the server, one round trip. Without its answer only keys that type nothing have names.
-    static KeyNames read(XConnection& x);
+    /// Without layouts only keys that type nothing have names.
+    explicit KeyNames(std::vector<TypedKeysyms> layouts);
 
     /// The longest of the names that keys have without a keyboard.
     static int widestName(const QFontMetrics& font);
@@ -25,7 +25,7 @@ public:
     QString nameOf(std::int64_t keyCode) const;
 
 private:
-    std::map<std::uint8_t, std::uint32_t> keysyms_; ///< By X keycode.
+    TypedKeysyms keysyms_; ///< By X keycode.
 };
 
 } // namespace quorvane

@@ -48,8 +48,8 @@ struct QtPreferences::Widgets {
 };
 
 QtPreferences::Widgets::Widgets(const Neighbours& neighbours)
-    : keyboard(neighbours.x)
-    , window(neighbours.x, neighbours.notifications)
+    : keyboard(neighbours.keyboard)
+    , window(neighbours.host, neighbours.notifications)
     , form([this] {
         Ui::Preferences made;
         made.setupUi(&window);

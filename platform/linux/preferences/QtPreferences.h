@@ -4,8 +4,9 @@
 
 #include "platform/NotificationCenter.h"
 #include "platform/PreferencesInterface.h"
+#include "platform/linux/keyboard/PrintedKeyboard.h"
 #include "platform/linux/preferences/Notices.h"
-#include "platform/linux/x11/XConnection.h"
+#include "platform/linux/qt/WindowHost.h"
 
 namespace quorvane {
 
@@ -14,7 +15,8 @@ class QtPreferences : public PreferencesInterface {
 public:
     /// What the window needs of the desktop; all of it must outlive the window.
     struct Neighbours {
-        XConnection& x;
+        WindowHost& host;
+        PrintedKeyboard& keyboard;
         NotificationCenter& notifications;
         Notices& notices;
     };

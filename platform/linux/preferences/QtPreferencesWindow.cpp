@@ -11,8 +11,7 @@
 #include <QShortcut>
 #include <QWindow>
 
-#include "platform/linux/qt/BringToUser.h"
-#include "platform/linux/windows/WindowManagerRequests.h"
+#include "platform/linux/x11/windows/WindowManagerRequests.h"
 
 namespace quorvane {
 namespace {
@@ -36,8 +35,8 @@ QIcon inColour(const QIcon& shape, QSize size, double scale, const QPalette& pal
 
 } // namespace
 
-QtPreferencesWindow::QtPreferencesWindow(XConnection& x, NotificationCenter& notifications)
-    : x_(x)
+QtPreferencesWindow::QtPreferencesWindow(WindowHost& host, NotificationCenter& notifications)
+    : host_(host)
     , notifications_(notifications) {
     auto* closeKey = new QShortcut(QKeySequence(QKeySequence::Close), this);
     connect(closeKey, &QShortcut::activated, this, &QWidget::close);
@@ -50,11 +49,11 @@ void QtPreferencesWindow::setStyle(const WindowStyle& style) {
 }
 
 void QtPreferencesWindow::setLevel(int level) {
-    if (isVisible()) keepAboveOthers(x_, static_cast<xcb_window_t>(winId()), level > 0);
+    if (isVisible()) host_.keepAboveOthers(*this, level > 0);
 }
 
 void QtPreferencesWindow::setCollectionBehavior(unsigned behavior) {
-    if (isVisible()) showOnAllDesktops(x_, static_cast<xcb_window_t>(winId()), behavior != 0);
+    if (isVisible()) host_.showOnAllDesktops(*this, behavior != 0);
 }
 
 void QtPreferencesWindow::setFrameOrigin(Point origin) {
@@ -63,7 +62,7 @@ void QtPreferencesWindow::setFrameOrigin(Point origin) {
 
 void QtPreferencesWindow::makeKeyAndOrderFront() {
     if (!isVisible()) fitScreen();
-    bringToUser(x_, *this);
+    host_.bringToUser(*this);
 }
 
 /// Before it opens: never larger than what the screen has room for, frame and all.

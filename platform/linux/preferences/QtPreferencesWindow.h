@@ -6,7 +6,7 @@
 
 #include "platform/NotificationCenter.h"
 #include "platform/Window.h"
-#include "platform/linux/x11/XConnection.h"
+#include "platform/linux/qt/WindowHost.h"
 
 namespace quorvane {
 
@@ -14,7 +14,7 @@ namespace quorvane {
 class QtPreferencesWindow : public QMainWindow, public Window {
 public:
     /// Posts to the centre when the user closes it. Both must outlive this object.
-    QtPreferencesWindow(XConnection& x, NotificationCenter& notifications);
+    QtPreferencesWindow(WindowHost& host, NotificationCenter& notifications);
 
     std::string title() const override { return windowTitle().toStdString(); }
     void setStyle(const WindowStyle& style) override;
@@ -40,7 +40,7 @@ private:
     void applyPalette();
     void fitScreen();
 
-    XConnection& x_;
+    WindowHost& host_;
     NotificationCenter& notifications_;
     bool isMovableByBackground_ = false;
     std::optional<QPoint> pressedAt_; ///< Where on the background the button was pressed that is still held.

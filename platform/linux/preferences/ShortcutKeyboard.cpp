@@ -1,27 +1,24 @@
 #include "platform/linux/preferences/ShortcutKeyboard.h"
 
+#include <utility>
+
 #include <QCoreApplication>
 
 #include "platform/GlobalEventMonitor.h"
-#include "platform/linux/x11/XcbReply.h"
 
 namespace quorvane {
 
-ShortcutKeyboard::ShortcutKeyboard(XConnection& x)
-    : x_(x)
-    , events_(x.onEvent([this](const auto& event) {
-        if (!isKnown_ || !isKeyboardMapEvent(x_, event)) return;
-        isKnown_ = false;
-        changed.emit();
-    })) {
-    selectKeyboardMapEvents(x);
-}
+ShortcutKeyboard::ShortcutKeyboard(PrintedKeyboard& keyboard)
+    : keyboard_(keyboard)
+    , changes_(keyboard.changed.connect([this] {
+        if (std::exchange(isKnown_, false)) changed.emit();
+    })) {}
 
 void ShortcutKeyboard::read() {
     if (isKnown_) return;
     isKnown_ = true;
-    bits_ = ModifierBits::read(x_).value_or(ModifierBits{});
-    names_ = KeyNames::read(x_);
+    bits_ = keyboard_.modifierBits();
+    names_ = KeyNames(keyboard_.typedKeysyms());
 }
 
 RecorderBehaviour::Modifiers ShortcutKeyboard::modifiersOfState(std::uint32_t state) {
@@ -29,11 +26,11 @@ RecorderBehaviour::Modifiers ShortcutKeyboard::modifiersOfState(std::uint32_t st
     const struct {
         unsigned bit;
         std::uint64_t flag; ///< 0: a lock, which hot keys do not mind.
-    } known[] = {{XCB_MOD_MASK_CONTROL, ModifierFlag::control},
+    } known[] = {{ModifierBits::control, ModifierFlag::control},
                  {bits_.option, ModifierFlag::option},
-                 {XCB_MOD_MASK_SHIFT, ModifierFlag::shift},
+                 {ModifierBits::shift, ModifierFlag::shift},
                  {bits_.command, ModifierFlag::command},
-                 {XCB_MOD_MASK_LOCK, 0},
+                 {ModifierBits::capsLock, 0},
                  {bits_.numLock, 0}};
     RecorderBehaviour::Modifiers modifiers;
     unsigned others = state & 0xff; // The rest are the mouse's buttons and the group.
@@ -46,9 +43,7 @@ RecorderBehaviour::Modifiers ShortcutKeyboard::modifiersOfState(std::uint32_t st
 }
 
 RecorderBehaviour::Modifiers ShortcutKeyboard::heldModifiers() {
-    const XcbReply<xcb_query_pointer_reply_t> state(
-        xcb_query_pointer_reply(x_.xcb(), xcb_query_pointer(x_.xcb(), x_.root()), nullptr));
-    return modifiersOfState(state ? state->mask : 0);
+    return modifiersOfState(keyboard_.heldState());
 }
 
 QString ShortcutKeyboard::textOfModifiers(std::uint64_t flags) {

@@ -5,21 +5,21 @@
 #include <QString>
 
 #include "platform/Signal.h"
-#include "platform/linux/keyboard/ModifierBits.h"
+#include "platform/linux/keyboard/PrintedKeyboard.h"
 #include "platform/linux/preferences/KeyNames.h"
 #include "settings/InputShortcut.h"
 #include "shortcuts/RecorderBehaviour.h"
 
 namespace quorvane {
 
-/// The keyboard as whoever records shortcuts sees it. Asks the server only when it is asked itself, and again
-/// after the keyboard's map has changed.
+/// The keyboard in the terms of shortcuts. Asks what it knows only when it is asked itself, and again after
+/// the keyboard's map has changed.
 class ShortcutKeyboard {
 public:
-    /// The connection must outlive this object.
-    explicit ShortcutKeyboard(XConnection& x);
+    /// What is given must outlive this object.
+    explicit ShortcutKeyboard(PrintedKeyboard& keyboard);
 
-    /// The modifiers in the state of an X event, as `ModifierFlag`s; locks are none.
+    /// The modifiers in the state of a key event, as `ModifierFlag`s; locks are none.
     RecorderBehaviour::Modifiers modifiersOfState(std::uint32_t state);
 
     /// The modifiers that are held at this moment.
@@ -36,11 +36,11 @@ public:
 private:
     void read();
 
-    XConnection& x_;
+    PrintedKeyboard& keyboard_;
     bool isKnown_ = false;
     ModifierBits bits_;
     KeyNames names_;
-    Subscription events_;
+    Subscription changes_;
 };
 
 } // namespace quorvane

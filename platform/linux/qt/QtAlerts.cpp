@@ -9,7 +9,6 @@
 #include <QPushButton>
 #include <QShowEvent>
 
-#include "platform/linux/qt/BringToUser.h"
 #include "platform/linux/qt/MainWindow.h"
 
 namespace quorvane {
@@ -24,7 +23,7 @@ constexpr const char* lookOfTexts = "QLabel#qt_msgbox_label { font-weight: bold;
 /// A message box that shows an alert, and reads the answer from it.
 class AlertBox : public QMessageBox {
 public:
-    AlertBox(XConnection& x, const Alert& alert, QWidget* parent) : QMessageBox(parent), x_(x) {
+    AlertBox(WindowHost& host, const Alert& alert, QWidget* parent) : QMessageBox(parent), host_(host) {
         // Minimised, it would block the program where nobody sees why.
         setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                        Qt::WindowCloseButtonHint);
@@ -59,18 +58,18 @@ protected:
         // A window manager may keep the focus where it is when a window opens unasked.
         if (!event->spontaneous())
             QMetaObject::invokeMethod(
-                this, [this] { bringToUser(x_, *this); }, Qt::QueuedConnection);
+                this, [this] { host_.bringToUser(*this); }, Qt::QueuedConnection);
     }
 
 private:
-    XConnection& x_;
+    WindowHost& host_;
     QList<QAbstractButton*> buttons_;
 };
 
 } // namespace
 
 AlertAnswer QtAlerts::runModal(const Alert& alert) {
-    AlertBox box(x_, alert, nullptr);
+    AlertBox box(host_, alert, nullptr);
     // The agent has no other window that would bring the alert to the user's eyes.
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
     box.exec();
@@ -78,7 +77,7 @@ AlertAnswer QtAlerts::runModal(const Alert& alert) {
 }
 
 void QtAlerts::beginSheet(const Alert& alert, std::function<void(const AlertAnswer&)> completion) {
-    auto* box = new AlertBox(x_, alert, mainWindow());
+    auto* box = new AlertBox(host_, alert, mainWindow());
     box->setAttribute(Qt::WA_DeleteOnClose);
     QObject::connect(box, &QDialog::finished, box,
                      [box, completion = std::move(completion)] { completion(box->answer()); });

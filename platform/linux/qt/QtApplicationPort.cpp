@@ -4,7 +4,6 @@
 
 #include <QApplication>
 
-#include "platform/linux/qt/BringToUser.h"
 #include "platform/linux/qt/MainWindow.h"
 
 namespace quorvane {
@@ -23,7 +22,7 @@ void QtApplicationPort::activateIgnoringOtherApps() {
     std::stable_partition(windows.begin(), windows.end(),
                           [](const QWidget* window) { return !window->isModal(); });
     for (auto* window : windows)
-        bringToUser(x_, *window);
+        host_.bringToUser(*window);
 }
 
 void QtApplicationPort::terminate() {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Application.h"
-#include "platform/linux/x11/XConnection.h"
+#include "platform/linux/qt/WindowHost.h"
 
 namespace quorvane {
 
@@ -9,7 +9,7 @@ namespace quorvane {
 class QtApplicationPort : public Application {
 public:
     /// The connection must outlive this object.
-    explicit QtApplicationPort(XConnection& x) : x_(x) {}
+    explicit QtApplicationPort(WindowHost& host) : host_(host) {}
 
     std::string localizedString(std::string_view key) const override;
     std::string shortVersion() const override;
@@ -17,7 +17,7 @@ public:
     void terminate() override;
 
 private:
-    XConnection& x_;
+    WindowHost& host_;
 };
 
 } // namespace quorvane

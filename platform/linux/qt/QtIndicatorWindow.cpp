@@ -7,10 +7,10 @@
 
 namespace quorvane {
 
-QtIndicatorWindow::QtIndicatorWindow(XConnection& x, const X11Screens& screens)
-    : screens_(screens)
-    , native_(x,
-              [this] { return style_.isMovableByWindowBackground && iconView_.mouseDownCanMoveWindow(); }) {
+QtIndicatorWindow::QtIndicatorWindow(IndicatorSurface& surface) : surface_(surface) {
+    surface_.mayBeDragged = [this] {
+        return style_.isMovableByWindowBackground && iconView_.mouseDownCanMoveWindow();
+    };
     changed_.setSingleShot(true);
     QObject::connect(&changed_, &QTimer::timeout, &changed_, [this] { update(); });
 }
@@ -23,8 +23,7 @@ void QtIndicatorWindow::setStyle(const WindowStyle& style) {
 }
 
 void QtIndicatorWindow::setFrameOrigin(Point origin) {
-    const auto points = screens_.points();
-    native_.moveTo(points.topLeftPixel(origin, indicatorSizeInPixels(points.scale)));
+    surface_.moveTo(origin);
 }
 
 void QtIndicatorWindow::makeKeyAndOrderFront() {
@@ -41,11 +40,11 @@ void QtIndicatorWindow::orderOut() {
 void QtIndicatorWindow::update() {
     const auto icon = isIconHidden_ ? QImage() : icon_;
     if (!isOrderedIn_ || (icon.isNull() && isBoxHidden_)) {
-        native_.hide();
+        surface_.hide();
         return;
     }
     const QColor ground = style_.hasClearBackground ? Qt::transparent : Qt::white;
-    native_.show(drawIndicator(icon, !isBoxHidden_, ground, screens_.points().scale));
+    surface_.show(drawIndicator(icon, !isBoxHidden_, ground, surface_.scale()));
 }
 
 void QtIndicatorWindow::IconView::setHidden(bool hidden) {

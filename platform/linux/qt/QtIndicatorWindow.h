@@ -4,20 +4,19 @@
 #include <QTimer>
 
 #include "platform/Window.h"
-#include "platform/linux/windows/PictureWindow.h"
-#include "platform/linux/windows/X11Screens.h"
+#include "platform/linux/qt/IndicatorSurface.h"
 
 namespace quorvane {
 
 /// The floating indicator: a small window with the icon of the current input source, and a box behind the
-/// icon. Drawn by Qt, but no window of Qt's: those cannot be placed at every pixel of a dense screen.
+/// icon. Drawn by Qt, but no window of Qt's.
 ///
 /// An empty clear window is no window at all, since it would still catch the mouse. Changes are shown when
 /// control returns to the event loop, several at once in one step.
 class QtIndicatorWindow : public Window {
 public:
-    /// The connection and the screens must outlive this object.
-    QtIndicatorWindow(XConnection& x, const X11Screens& screens);
+    /// The surface must outlive this object.
+    explicit QtIndicatorWindow(IndicatorSurface& surface);
 
     std::string title() const override { return {}; }
     void setStyle(const WindowStyle& style) override;
@@ -32,7 +31,7 @@ public:
     View& iconBox() { return iconBox_; }
 
     /// Other windows have come to the front: the indicator belongs above them.
-    void raise() { native_.raise(); }
+    void raise() { surface_.raise(); }
 
 private:
     class IconView : public quorvane::IconView {
@@ -55,7 +54,7 @@ private:
 
     void update();
 
-    const X11Screens& screens_;
+    IndicatorSurface& surface_;
     WindowStyle style_;
     QImage icon_;
     bool isOrderedIn_ = true; ///< As the interface file has it.
@@ -63,7 +62,6 @@ private:
     bool isBoxHidden_ = true;
     IconView iconView_{*this};
     IconBox iconBox_{*this};
-    PictureWindow native_;
     QTimer changed_;
 };
 

@@ -4,8 +4,8 @@
 
 namespace quorvane {
 
-/// The window that is ordered in and out so that a selection reaches the front program. A layout of the X
-/// server reaches every program at once, and a real window would take the focus for a moment: so there is
+/// The window that is ordered in and out so that a selection reaches the front program. A layout
+/// reaches every program at once, and a real window would take the focus for a moment: so there is
 /// none.
 class QtInterfaceFiles::NoWindow : public Window {
 public:
@@ -20,16 +20,16 @@ public:
 };
 
 struct QtInterfaceFiles::Windows {
-    Windows(XConnection& x, const X11Screens& screens) : inputIconWindow(x, screens) {}
+    explicit Windows(IndicatorSurface& indicator) : inputIconWindow(indicator) {}
 
     NoWindow window;
     QtIndicatorWindow inputIconWindow;
 };
 
-QtInterfaceFiles::QtInterfaceFiles(XConnection& x, const X11Screens& screens,
+QtInterfaceFiles::QtInterfaceFiles(IndicatorSurface& indicator, WindowHost& host, PrintedKeyboard& keyboard,
                                    NotificationCenter& notifications)
-    : neighbours_{x, notifications, notices_}
-    , windows_(std::make_unique<Windows>(x, screens)) {}
+    : neighbours_{host, keyboard, notifications, notices_}
+    , windows_(std::make_unique<Windows>(indicator)) {}
 
 QtInterfaceFiles::~QtInterfaceFiles() = default;
 

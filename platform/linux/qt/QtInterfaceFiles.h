@@ -4,8 +4,7 @@
 
 #include "platform/InterfaceFiles.h"
 #include "platform/linux/preferences/QtPreferences.h"
-#include "platform/linux/windows/X11Screens.h"
-#include "platform/linux/x11/XConnection.h"
+#include "platform/linux/qt/IndicatorSurface.h"
 
 namespace quorvane {
 
@@ -13,7 +12,8 @@ namespace quorvane {
 class QtInterfaceFiles : public InterfaceFiles {
 public:
     /// Everything given must outlive this object and the windows it makes.
-    QtInterfaceFiles(XConnection& x, const X11Screens& screens, NotificationCenter& notifications);
+    QtInterfaceFiles(IndicatorSurface& indicator, WindowHost& host, PrintedKeyboard& keyboard,
+                     NotificationCenter& notifications);
     ~QtInterfaceFiles() override;
 
     MainInterface mainInterface() override;

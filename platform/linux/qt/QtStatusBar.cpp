@@ -25,7 +25,7 @@ constexpr int toolTipDelay = 200; // milliseconds
 
 class QtStatusItem : public StatusItem {
 public:
-    explicit QtStatusItem(XConnection& x) : readiness_(x, [this] { makeTrayItem(); }) {
+    explicit QtStatusItem(XConnection* x) : readiness_(x, [this] { makeTrayItem(); }) {
         toolTipTimer_.setSingleShot(true);
         toolTipTimer_.setInterval(toolTipDelay);
         QObject::connect(&toolTipTimer_, &QTimer::timeout, &toolTipTimer_, [this] { tellToolTip(); });

@@ -9,12 +9,13 @@ namespace quorvane {
 class QtStatusBar : public StatusBar {
 public:
     /// The connection must outlive this object and its items.
-    explicit QtStatusBar(XConnection& x) : x_(x) {}
+    /// Without an X server (null) there are no trays of the older kind.
+    explicit QtStatusBar(XConnection* x) : x_(x) {}
 
     std::unique_ptr<StatusItem> statusItemWithLength(double length) override;
 
 private:
-    XConnection& x_;
+    XConnection* x_;
 };
 
 } // namespace quorvane

@@ -29,7 +29,7 @@ xcb_atom_t traySelection(XConnection& x) {
 
 } // namespace
 
-TrayReadiness::TrayReadiness(XConnection& x, std::function<void()> ready) : x_(x), ready_(std::move(ready)) {
+TrayReadiness::TrayReadiness(XConnection* x, std::function<void()> ready) : x_(x), ready_(std::move(ready)) {
     sessionBus().connect(busService, busPath, busService, QStringLiteral("NameOwnerChanged"),
                          {watcherService}, QString(), this, SLOT(ownerChanged(QString, QString, QString)));
     if (!sessionBus().isConnected()) {
@@ -86,24 +86,27 @@ void TrayReadiness::toldByWatcher(const QDBusMessage& answer) {
     if (hasWatcher_ && !isSilent) finish();
 }
 
-void TrayReadiness::lookForOlderTray() {
+bool TrayReadiness::hasOlderTray() const {
+    if (!x_) return false;
     const XcbReply<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
-        x_.xcb(), xcb_get_selection_owner(x_.xcb(), traySelection(x_)), nullptr));
-    if (owner && owner->owner != XCB_NONE) {
-        finish();
-        return;
-    }
+        x_->xcb(), xcb_get_selection_owner(x_->xcb(), traySelection(*x_)), nullptr));
+    return owner && owner->owner != XCB_NONE;
+}
+
+void TrayReadiness::lookForOlderTray() {
+    if (hasOlderTray()) return finish();
     logLine("no system tray: the status item cannot be seen");
-    watchForOlderTray();
+    if (x_) watchForOlderTray();
 }
 
 /// A tray tells everybody on the root window when it has come.
 void TrayReadiness::watchForOlderTray() {
-    x_.selectRootEvents(XCB_EVENT_MASK_STRUCTURE_NOTIFY);
-    trays_ = x_.onEvent([this](const xcb_generic_event_t& event) {
+    x_->selectRootEvents(XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    trays_ = x_->onEvent([this](const xcb_generic_event_t& event) {
         if ((event.response_type & 0x7f) != XCB_CLIENT_MESSAGE || !ready_) return;
         const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(event);
-        const bool isTray = message.type == x_.atom("MANAGER") && message.data.data32[1] == traySelection(x_);
+        const bool isTray =
+            message.type == x_->atom("MANAGER") && message.data.data32[1] == traySelection(*x_);
         if (isTray && !hasWatcher_) finish();
     });
 }

@@ -19,8 +19,9 @@ class TrayReadiness : public QObject {
     Q_OBJECT
 
 public:
-    /// `ready` is called once, from the event loop. The connection must outlive this object.
-    TrayReadiness(XConnection& x, std::function<void()> ready);
+    /// `ready` is called once, from the event loop. The connection must outlive this object; without one
+    /// (null) there are no trays of the older kind.
+    TrayReadiness(XConnection* x, std::function<void()> ready);
 
 private:
     Q_SLOT void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
@@ -28,11 +29,12 @@ private:
     void toldOfOwner(const QDBusMessage& answer);
     void askWatcher();
     void toldByWatcher(const QDBusMessage& answer);
+    bool hasOlderTray() const;
     void lookForOlderTray();
     void watchForOlderTray();
     void finish();
 
-    XConnection& x_;
+    XConnection* x_;
     std::function<void()> ready_; ///< Empty once it was called.
     bool hasWatcher_ = false;     ///< Somebody owns the watcher's name, answering or not.
     Subscription trays_;

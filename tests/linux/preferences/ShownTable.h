@@ -8,10 +8,10 @@
 #include <QComboBox>
 #include <gtest/gtest.h>
 
-#include "platform/linux/keyboard/X11HotKeys.h"
 #include "platform/linux/preferences/QtTableView.h"
 #include "platform/linux/qt/ApplicationIcon.h"
-#include "platform/linux/windows/StackedWindow.h"
+#include "platform/linux/x11/keyboard/X11HotKeys.h"
+#include "platform/linux/x11/windows/StackedWindow.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "preferences/ShortcutTable.h"
 #include "settings/InputShortcut.h"

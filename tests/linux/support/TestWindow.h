@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/windows/WindowStack.h"
+#include "platform/linux/x11/windows/WindowStack.h"
 #include "virtual-desktop/ChildProcess.h"
 
 namespace quorvane {

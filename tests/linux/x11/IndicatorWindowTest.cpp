@@ -6,11 +6,11 @@
 #include <gtest/gtest.h>
 
 #include "linux/x11/X11Session.h"
-#include "platform/linux/keyboard/X11EventMonitor.h"
 #include "platform/linux/qt/QtImage.h"
 #include "platform/linux/qt/QtIndicatorWindow.h"
-#include "platform/linux/windows/X11Cursor.h"
-#include "platform/linux/windows/X11WindowList.h"
+#include "platform/linux/x11/keyboard/X11EventMonitor.h"
+#include "platform/linux/x11/windows/X11Cursor.h"
+#include "platform/linux/x11/windows/X11WindowList.h"
 
 namespace quorvane {
 namespace {

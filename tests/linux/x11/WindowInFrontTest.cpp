@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/linux/applications/WindowInFront.h"
+#include "platform/linux/x11/applications/WindowInFront.h"
 
 namespace quorvane {
 namespace {

@@ -8,9 +8,9 @@
 #include "contracts/ScreensContract.h"
 #include "contracts/WorkspaceContract.h"
 #include "linux/x11/X11Session.h"
-#include "platform/linux/keyboard/X11EventMonitor.h"
-#include "platform/linux/windows/X11Screens.h"
-#include "platform/linux/windows/X11WindowList.h"
+#include "platform/linux/x11/keyboard/X11EventMonitor.h"
+#include "platform/linux/x11/windows/X11Screens.h"
+#include "platform/linux/x11/windows/X11WindowList.h"
 
 namespace quorvane {
 namespace {

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "linux/x11/X11Session.h"
-#include "platform/linux/keyboard/X11EventMonitor.h"
+#include "platform/linux/x11/keyboard/X11EventMonitor.h"
 
 namespace quorvane {
 namespace {

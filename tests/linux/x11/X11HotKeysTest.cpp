@@ -3,8 +3,8 @@
 #include "contracts/HotKeysContract.h"
 #include "linux/x11/X11Session.h"
 #include "platform/linux/keyboard/KeyCodes.h"
-#include "platform/linux/keyboard/X11HotKeys.h"
-#include "platform/linux/keyboard/XkbKeyboard.h"
+#include "platform/linux/x11/keyboard/X11HotKeys.h"
+#include "platform/linux/x11/keyboard/XkbKeyboard.h"
 
 namespace quorvane {
 namespace {

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "linux/support/TestWindow.h"
-#include "platform/linux/applications/X11Workspace.h"
 #include "platform/linux/x11/XcbReply.h"
+#include "platform/linux/x11/applications/X11Applications.h"
 #include "virtual-desktop/ScratchFolders.h"
 #include "virtual-desktop/WaitUntil.h"
 #include "virtual-desktop/XClient.h"

@@ -1,7 +1,7 @@
 #include <QProcess>
 
 #include "contracts/TextInputSourcesContract.h"
-#include "platform/linux/keyboard/XkbInputSources.h"
+#include "platform/linux/keyboard/LayoutInputSources.h"
 #include "virtual-desktop/WaitUntil.h"
 #include "virtual-desktop/XServer.h"
 

@@ -8,6 +8,7 @@
 #include <QStandardPaths>
 
 #include "platform/linux/Log.h"
+#include "platform/linux/keyboard/XkbLayout.h"
 
 namespace quorvane {
 namespace {
@@ -34,7 +35,7 @@ void logMisunderstanding(const char* what) {
 
 } // namespace
 
-Fcitx5InputSources::Fcitx5InputSources(const QDBusConnection& bus, XkbInputSources& layouts,
+Fcitx5InputSources::Fcitx5InputSources(const QDBusConnection& bus, LayoutSources& layouts,
                                        InputMethodIcons icons)
     : layouts_(layouts)
     , underneath_(layouts)

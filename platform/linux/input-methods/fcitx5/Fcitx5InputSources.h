@@ -28,7 +28,7 @@ namespace quorvane {
 class Fcitx5InputSources : public InputMethodDaemon {
 public:
     /// The layouts must outlive this object.
-    Fcitx5InputSources(const QDBusConnection& bus, XkbInputSources& layouts, InputMethodIcons icons);
+    Fcitx5InputSources(const QDBusConnection& bus, LayoutSources& layouts, InputMethodIcons icons);
 
     std::vector<InputSource> createInputSourceList(std::optional<std::string_view> id = {}) const override;
     std::optional<InputSource> copyCurrentKeyboardInputSource() const override;
@@ -62,7 +62,7 @@ private:
     void tellSelection();
     const Fcitx5InputMethod& described(const InputSource& source) const;
 
-    XkbInputSources& layouts_;
+    LayoutSources& layouts_;
     LayoutUnderneath underneath_;
     InputMethodIcons icons_;
 

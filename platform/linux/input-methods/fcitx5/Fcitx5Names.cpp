@@ -1,6 +1,6 @@
 #include "platform/linux/input-methods/fcitx5/Fcitx5Names.h"
 
-#include "platform/linux/keyboard/XkbLayouts.h"
+#include "platform/linux/keyboard/XkbLayout.h"
 
 namespace quorvane {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <set>
 
-#include "platform/linux/keyboard/XkbLayouts.h"
+#include "platform/linux/keyboard/XkbLayout.h"
 
 namespace quorvane {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "platform/linux/Log.h"
 #include "platform/linux/dbus/GLibRefs.h"
-#include "platform/linux/keyboard/XkbLayouts.h"
+#include "platform/linux/keyboard/XkbLayout.h"
 
 namespace quorvane {
 namespace {

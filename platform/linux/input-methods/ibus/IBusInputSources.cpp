@@ -7,6 +7,7 @@
 
 #include "platform/linux/Log.h"
 #include "platform/linux/input-methods/ibus/IBusEnabledEngines.h"
+#include "platform/linux/keyboard/XkbLayout.h"
 
 namespace quorvane {
 namespace {
@@ -25,7 +26,7 @@ std::string nameOf(const IBusEngine& engine) {
 
 } // namespace
 
-IBusInputSources::IBusInputSources(XkbInputSources& layouts, InputMethodIcons icons)
+IBusInputSources::IBusInputSources(LayoutSources& layouts, InputMethodIcons icons)
     : layouts_(layouts)
     , underneath_(layouts)
     , icons_(std::move(icons))

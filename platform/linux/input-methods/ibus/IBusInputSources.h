@@ -13,7 +13,7 @@
 #include "platform/linux/input-methods/ibus/IBusEngines.h"
 #include "platform/linux/input-methods/ibus/IBusSelection.h"
 #include "platform/linux/input-methods/ibus/IBusSettings.h"
-#include "platform/linux/keyboard/XkbInputSources.h"
+#include "platform/linux/keyboard/LayoutSources.h"
 
 namespace quorvane {
 
@@ -22,7 +22,7 @@ namespace quorvane {
 class IBusInputSources final : public InputMethodDaemon {
 public:
     /// The layouts must outlive this object.
-    IBusInputSources(XkbInputSources& layouts, InputMethodIcons icons);
+    IBusInputSources(LayoutSources& layouts, InputMethodIcons icons);
     ~IBusInputSources() override;
 
     std::vector<InputSource> createInputSourceList(std::optional<std::string_view> id = {}) const override;
@@ -49,7 +49,7 @@ private:
     std::vector<const IBusEngine*> enabled() const;
     InputSource sourceOf(const std::string& id) const;
 
-    XkbInputSources& layouts_;
+    LayoutSources& layouts_;
     LayoutUnderneath underneath_;
     InputMethodIcons icons_;
 

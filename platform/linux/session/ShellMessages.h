@@ -1,0 +1,70 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+
+#include "platform/Signal.h"
+#include "platform/linux/applications/WindowId.h"
+#include "platform/linux/session/CompositorWindow.h"
+
+namespace quorvane {
+
+/// An input source as a shell tells of it.
+struct ShellSource {
+    std::string id; ///< As rules have it: `xkb:ru:phonetic`, `ibus:libpinyin`.
+    std::string name;
+    std::string shortName;
+
+    bool operator==(const ShellSource&) const = default;
+};
+
+/// What a script inside a compositor tells this program on the session bus: the object that its calls are
+/// for. Only the connection that owns the compositor's own name is heard; a call of anybody else is refused,
+/// and logged once. Every method on the bus has a signal here.
+class ShellMessages : public QDBusVirtualObject {
+    Q_OBJECT
+
+public:
+    /// `shell` is the compositor's name on the bus: "org.kde.KWin".
+    ShellMessages(const QDBusConnection& bus, const QString& shell);
+    ~ShellMessages() override;
+
+    // Where on the bus, under the name of the program, scripts find it.
+    static QString path();
+    static QString interface();
+
+    Signal<WindowId, const CompositorWindow&> windowChanged;
+    Signal<WindowId> windowClosed;
+    Signal<WindowId> windowActivated; ///< None: nobody is in front.
+    Signal<const std::string& /*desktopId*/, bool /*isOpen*/> launcherChanged;
+    Signal<unsigned> hotKeyPressed;
+    Signal<const std::vector<ShellSource>&, const std::string& /*current*/> sourcesChanged;
+    Signal<const std::string& /*current*/> sourceChanged;
+
+    Signal<> shellCame; ///< A compositor has the name now: the first one, or another one.
+    Signal<> shellWent;
+    bool isShellThere() const { return !owner_.isEmpty(); }
+
+    QString introspect(const QString& path) const override;
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+
+private:
+    Q_SLOT void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
+    void setOwner(const QString& owner);
+    bool take(const QDBusMessage& message);
+    WindowId numberOf(const QString& window);
+
+    QDBusConnection bus_;
+    QString shell_;
+    QString owner_;                       ///< The connection that is heard; empty while nobody is.
+    std::map<QString, WindowId> numbers_; ///< Shells tell windows apart by texts.
+    WindowId lastNumber_ = noWindow;
+    bool hasRefused_ = false;
+};
+
+} // namespace quorvane
