@@ -7,6 +7,8 @@
 #include "platform/linux/preferences/NoticeStrip.h"
 #include "platform/linux/preferences/QtPreferences.h"
 #include "platform/linux/preferences/SettingsNotices.h"
+#include "platform/linux/x11/keyboard/X11PrintedKeyboard.h"
+#include "platform/linux/x11/windows/X11WindowHost.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "preferences/CheckBoxBinding.h"
 
@@ -15,11 +17,13 @@ namespace {
 
 TEST(QtPreferences, TellsItsNoticesWhereverItsWindowIsByThen) {
     const auto x = XConnection::open();
+    X11WindowHost host(*x);
+    X11PrintedKeyboard keyboard(*x);
     NotificationCenter notifications;
     Notices notices;
     notices.set("second", "B");
     qputenv("XDG_SESSION_TYPE", "wayland");
-    QtPreferences preferences({*x, notifications, notices});
+    QtPreferences preferences({host, keyboard, notifications, notices});
     qunsetenv("XDG_SESSION_TYPE");
     const auto windows = QApplication::topLevelWidgets();
     ASSERT_EQ(windows.size(), 1);
@@ -38,12 +42,14 @@ TEST(QtPreferences, TellsItsNoticesWhereverItsWindowIsByThen) {
 
 TEST(QtPreferences, OptionsShowAndStoreTheSettingsTheyAreNamedAfter) {
     const auto x = XConnection::open();
+    X11WindowHost host(*x);
+    X11PrintedKeyboard keyboard(*x);
     NotificationCenter notifications;
     Notices notices;
     Journal journal;
     SimulatedUserDefaults defaults{journal};
     auto& standard = defaults.standardUserDefaults();
-    QtPreferences preferences({*x, notifications, notices});
+    QtPreferences preferences({host, keyboard, notifications, notices});
     standard.setBool(true, "followWindow");
     const auto bindings = bindCheckBoxes(preferences.outlets().options, standard);
     const auto checkBoxes = QApplication::topLevelWidgets().first()->findChildren<QCheckBox*>();
