@@ -2,7 +2,6 @@
 #include <QCheckBox>
 #include <gtest/gtest.h>
 
-#include "platform/linux/WaylandSession.h"
 #include "platform/linux/preferences/CellTable.h"
 #include "platform/linux/preferences/NoticeStrip.h"
 #include "platform/linux/preferences/QtPreferences.h"
@@ -22,9 +21,7 @@ TEST(QtPreferences, TellsItsNoticesWhereverItsWindowIsByThen) {
     NotificationCenter notifications;
     Notices notices;
     notices.set("second", "B");
-    qputenv("XDG_SESSION_TYPE", "wayland");
-    QtPreferences preferences({host, keyboard, notifications, notices});
-    qunsetenv("XDG_SESSION_TYPE");
+    QtPreferences preferences({host, keyboard, notifications, notices, "what the session is like"});
     const auto windows = QApplication::topLevelWidgets();
     ASSERT_EQ(windows.size(), 1);
     const auto* strip = windows.first()->findChild<NoticeStrip*>();
@@ -37,7 +34,7 @@ TEST(QtPreferences, TellsItsNoticesWhereverItsWindowIsByThen) {
     notices.set("second", "");
     EXPECT_EQ(told(), "");
     const auto* table = windows.first()->findChild<CellTable*>("autoInputByApplicationTableView");
-    EXPECT_EQ(table->property("emptyText").toString(), waylandNotice());
+    EXPECT_EQ(table->property("emptyText").toString(), "what the session is like");
 }
 
 TEST(QtPreferences, OptionsShowAndStoreTheSettingsTheyAreNamedAfter) {
@@ -49,7 +46,7 @@ TEST(QtPreferences, OptionsShowAndStoreTheSettingsTheyAreNamedAfter) {
     Journal journal;
     SimulatedUserDefaults defaults{journal};
     auto& standard = defaults.standardUserDefaults();
-    QtPreferences preferences({host, keyboard, notifications, notices});
+    QtPreferences preferences({host, keyboard, notifications, notices, {}});
     standard.setBool(true, "followWindow");
     const auto bindings = bindCheckBoxes(preferences.outlets().options, standard);
     const auto checkBoxes = QApplication::topLevelWidgets().first()->findChildren<QCheckBox*>();
