@@ -56,8 +56,10 @@ public:
 private:
     Q_SLOT void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
     void setOwner(const QString& owner);
-    bool take(const QDBusMessage& message);
     WindowId numberOf(const QString& window);
+
+    struct Method;
+    static const Method* methodNamed(const QString& name);
 
     QDBusConnection bus_;
     QString shell_;

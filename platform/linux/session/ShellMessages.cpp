@@ -1,0 +1,203 @@
+#include "platform/linux/session/ShellMessages.h"
+
+#include <utility>
+
+#include <QDBusArgument>
+#include <QDBusPendingCallWatcher>
+#include <QVariant>
+
+#include "platform/linux/Log.h"
+#include "platform/linux/control/ControlAddress.h"
+
+namespace quorvane {
+namespace {
+
+const QString busService = QStringLiteral("org.freedesktop.DBus");
+const QString busPath = QStringLiteral("/org/freedesktop/DBus");
+
+constexpr auto introspection = R"xml(
+  <interface name="%1">
+    <!-- A window was opened, or is different now. -->
+    <method name="WindowChanged">
+      <arg name="window" type="s" direction="in"/>
+      <arg name="desktopFile" type="s" direction="in"/>
+      <arg name="class" type="s" direction="in"/>
+      <arg name="title" type="s" direction="in"/>
+      <arg name="pid" type="i" direction="in"/>
+      <arg name="isHidden" type="b" direction="in"/>
+      <arg name="x" type="i" direction="in"/>
+      <arg name="y" type="i" direction="in"/>
+      <arg name="width" type="i" direction="in"/>
+      <arg name="height" type="i" direction="in"/>
+    </method>
+    <method name="WindowClosed"><arg name="window" type="s" direction="in"/></method>
+    <!-- The user types into this window; empty: into none. -->
+    <method name="WindowActivated"><arg name="window" type="s" direction="in"/></method>
+    <method name="LauncherChanged">
+      <arg name="desktopId" type="s" direction="in"/>
+      <arg name="isOpen" type="b" direction="in"/>
+    </method>
+    <method name="HotKeyPressed"><arg name="number" type="i" direction="in"/></method>
+    <!-- Identifier, name and short name of each; identifiers are those of rules. -->
+    <method name="SourcesChanged">
+      <arg name="sources" type="a(sss)" direction="in"/>
+      <arg name="current" type="s" direction="in"/>
+    </method>
+    <method name="SourceChanged"><arg name="current" type="s" direction="in"/></method>
+  </interface>
+)xml";
+
+std::string textAt(const QVariantList& arguments, int place) {
+    return arguments.at(place).toString().toStdString();
+}
+
+CompositorWindow windowOf(const QVariantList& arguments) {
+    CompositorWindow window;
+    window.facts.desktopFile = textAt(arguments, 1);
+    window.facts.wmClass = textAt(arguments, 2);
+    window.title = textAt(arguments, 3);
+    window.facts.pid = arguments.at(4).toInt();
+    window.isHidden = arguments.at(5).toBool();
+    window.bounds = {arguments.at(6).toDouble(), arguments.at(7).toDouble(), arguments.at(8).toDouble(),
+                     arguments.at(9).toDouble()};
+    return window;
+}
+
+std::vector<ShellSource> sourcesOf(const QVariant& argument) {
+    std::vector<ShellSource> sources;
+    const auto array = argument.value<QDBusArgument>();
+    array.beginArray();
+    while (!array.atEnd()) {
+        QString id;
+        QString name;
+        QString shortName;
+        array.beginStructure();
+        array >> id >> name >> shortName;
+        array.endStructure();
+        sources.push_back({id.toStdString(), name.toStdString(), shortName.toStdString()});
+    }
+    array.endArray();
+    return sources;
+}
+
+} // namespace
+
+struct ShellMessages::Method {
+    QString name;
+    QString signature;
+    void (*take)(ShellMessages&, const QVariantList& arguments);
+};
+
+/// The method of this name; null when there is none.
+const ShellMessages::Method* ShellMessages::methodNamed(const QString& name) {
+    static const Method methods[] = {
+        {"WindowChanged", "ssssibiiii",
+         [](auto& self, const auto& arguments) {
+             const auto window = self.numberOf(arguments.at(0).toString());
+             self.windowChanged.emit(window, windowOf(arguments));
+         }},
+        {"WindowClosed", "s",
+         [](auto& self, const auto& arguments) {
+             const auto known = self.numbers_.extract(arguments.at(0).toString());
+             if (known) self.windowClosed.emit(known.mapped());
+         }},
+        {"WindowActivated", "s",
+         [](auto& self, const auto& arguments) {
+             self.windowActivated.emit(self.numberOf(arguments.at(0).toString()));
+         }},
+        {"LauncherChanged", "sb",
+         [](auto& self, const auto& arguments) {
+             self.launcherChanged.emit(textAt(arguments, 0), arguments.at(1).toBool());
+         }},
+        {"HotKeyPressed", "i",
+         [](auto& self, const auto& arguments) {
+             const int number = arguments.at(0).toInt();
+             if (number >= 0) self.hotKeyPressed.emit(static_cast<unsigned>(number));
+         }},
+        {"SourcesChanged", "a(sss)s",
+         [](auto& self, const auto& arguments) {
+             self.sourcesChanged.emit(sourcesOf(arguments.at(0)), textAt(arguments, 1));
+         }},
+        {"SourceChanged", "s",
+         [](auto& self, const auto& arguments) { self.sourceChanged.emit(textAt(arguments, 0)); }},
+    };
+    for (const auto& method : methods) {
+        if (method.name == name) return &method;
+    }
+    return nullptr;
+}
+
+ShellMessages::ShellMessages(const QDBusConnection& bus, const QString& shell) : bus_(bus), shell_(shell) {
+    if (!bus_.isConnected()) return;
+    bus_.registerVirtualObject(path(), this);
+    bus_.connect(busService, busPath, busService, QStringLiteral("NameOwnerChanged"), {shell_}, QString(),
+                 this, SLOT(ownerChanged(QString, QString, QString)));
+    auto question = QDBusMessage::createMethodCall(busService, busPath, busService, "GetNameOwner");
+    question.setArguments({shell_});
+    auto* answer = new QDBusPendingCallWatcher(bus_.asyncCall(question), this);
+    // The bus tells in the order in which things happen, this answer, too.
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+        answer->deleteLater();
+        if (!answer->isError()) setOwner(answer->reply().arguments().value(0).toString());
+    });
+}
+
+ShellMessages::~ShellMessages() {
+    bus_.unregisterObject(path());
+}
+
+QString ShellMessages::path() {
+    return control_address::path() + "/Session";
+}
+
+QString ShellMessages::interface() {
+    return control_address::service() + ".Session";
+}
+
+QString ShellMessages::introspect(const QString& path) const {
+    return path == ShellMessages::path() ? QString(introspection).arg(interface()) : QString();
+}
+
+bool ShellMessages::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
+    if (!message.interface().isEmpty() && message.interface() != interface()) return false;
+    const auto* method = methodNamed(message.member());
+    if (!method) return false;
+    if (message.service() != owner_) {
+        if (!std::exchange(hasRefused_, true))
+            logLine("a program that is not " + shell_.toStdString() +
+                    " tells of the session on the bus: it is not heard");
+        return connection.send(
+            message.createErrorReply(QDBusError::AccessDenied, "only " + shell_ + " is heard"));
+    }
+    if (message.signature() != method->signature) {
+        logLine("the message " + method->name.toStdString() + " of " + shell_.toStdString() +
+                " is malformed: it is ignored");
+        return connection.send(message.createErrorReply(QDBusError::InvalidArgs,
+                                                        method->name + " takes (" + method->signature + ")"));
+    }
+    method->take(*this, message.arguments());
+    return !message.isReplyRequired() || connection.send(message.createReply());
+}
+
+void ShellMessages::ownerChanged(const QString& /*name*/, const QString& /*oldOwner*/,
+                                 const QString& newOwner) {
+    setOwner(newOwner);
+}
+
+void ShellMessages::setOwner(const QString& owner) {
+    if (owner == owner_) return;
+    const bool wasThere = isShellThere();
+    owner_ = owner;
+    numbers_.clear(); // Another one's windows are other windows.
+    if (wasThere) shellWent.emit();
+    if (isShellThere()) shellCame.emit();
+}
+
+WindowId ShellMessages::numberOf(const QString& window) {
+    if (window.isEmpty()) return noWindow;
+    const auto [known, isNew] = numbers_.try_emplace(window, lastNumber_ + 1);
+    if (isNew) ++lastNumber_;
+    return known->second;
+}
+
+} // namespace quorvane
