@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/linux/keyboard/XkbLatin.h"
+#include "platform/linux/keyboard/XkbLayoutKeys.h"
 
 namespace quorvane {
 

@@ -32,6 +32,7 @@ struct SessionParts {
     WindowHost& windowHost;
     PrintedKeyboard& printedKeyboard;
     XConnection* x = nullptr; ///< Null where there is no X server.
+    std::string notice;       ///< What its user should know, in their language; empty: nothing.
 };
 
 /// A session: X11's, or that of one Wayland compositor. From its beginning it tells of windows, and what it
