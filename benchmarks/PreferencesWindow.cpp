@@ -13,6 +13,8 @@
 
 #include "input/CompanionLink.h"
 #include "platform/linux/LinuxDesktop.h"
+#include "platform/linux/qt/LettersIcon.h"
+#include "platform/linux/x11/X11Session.h"
 #include "preferences/AppPrefsWindowController.h"
 #include "settings/AppRule.h"
 #include "settings/Maker.h"
@@ -81,7 +83,9 @@ std::vector<double> scroll(QTableView& table) {
 
 void measure(int openings) {
     const auto x = XConnection::open();
-    LinuxDesktop linuxDesktop(*x);
+    LinuxDesktop linuxDesktop([&](SessionApplications& applications) {
+        return std::make_unique<X11Session>(*x, applications, drawLettersIcon);
+    });
     auto& desktop = linuxDesktop.desktop();
     const CompanionLink companion(desktop.workspace, desktop.defaults, desktop.distributedNotifications);
     PTHotKeyCenter hotKeys(desktop.hotKeys);

@@ -18,10 +18,12 @@ find_program(CCACHE ccache)
 if(CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1
                                   "${CCACHE}")
+  set(CMAKE_C_COMPILER_LAUNCHER "${CMAKE_CXX_COMPILER_LAUNCHER}")
   set(CMAKE_OBJCXX_COMPILER_LAUNCHER "${CMAKE_CXX_COMPILER_LAUNCHER}")
 endif()
 
-add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion
+                    $<$<NOT:$<COMPILE_LANGUAGE:C>>:-Wnon-virtual-dtor> $<$<NOT:$<COMPILE_LANGUAGE:C>>:-Woverloaded-virtual>
                     -Wno-missing-field-initializers) # aggregates have defaults: naming some members is the point
 if(CMAKE_SYSTEM_NAME STREQUAL "Darwin")
   # What a newer SDK calls deprecated is the only way on the oldest system.

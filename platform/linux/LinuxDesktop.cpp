@@ -97,7 +97,7 @@ LinuxDesktop::LinuxDesktop(const SessionStart& startSession)
                           [](const std::string& icon) {
                               return std::make_shared<ApplicationIcon>(QString::fromStdString(icon));
                           })
-    , interfaceFiles_(parts_.indicator, parts_.windowHost, parts_.printedKeyboard, notifications_)
+    , interfaceFiles_(parts_, notifications_)
     , settingsNotices_(defaults_.health(), interfaceFiles_.notices())
     , activations_(
           applications_.workspace.addObserver(WorkspaceNotification::didActivateApplication,
@@ -133,6 +133,7 @@ LinuxDesktop::LinuxDesktop(const SessionStart& startSession)
                .runLoop = runLoop_,
                .screens = parts_.screens,
                .statusBar = statusBar_,
+               .switchingAhead = parts_.switchingAhead,
                .inputSources = inputSources_,
                .defaults = defaults_,
                .workspace = applications_.workspace} {}

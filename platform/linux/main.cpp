@@ -12,6 +12,7 @@
 #include "platform/linux/LaunchArguments.h"
 #include "platform/linux/LinuxDesktop.h"
 #include "platform/linux/Log.h"
+#include "platform/linux/OpenedSession.h"
 #include "platform/linux/UnixSignals.h"
 #include "platform/linux/WaylandSession.h"
 #include "platform/linux/appearance/ColorScheme.h"
@@ -19,23 +20,12 @@
 #include "platform/linux/dbus/SessionBus.h"
 #include "platform/linux/input-methods/ibus/IBusTextInput.h"
 #include "platform/linux/localization/Translations.h"
-#include "platform/linux/qt/LettersIcon.h"
 #include "platform/linux/qt/ProgramIcon.h"
 #include "platform/linux/qt/TemplateIcon.h"
-#include "platform/linux/x11/SingleInstance.h"
-#include "platform/linux/x11/X11Session.h"
 
 namespace {
 
 constexpr const char* inputMethodVariable = "QT_IM_MODULE";
-
-/// Qt ends the process where it finds no display, so it is looked for first.
-bool hasDisplay() {
-    auto* connection = xcb_connect(nullptr, nullptr);
-    const bool works = xcb_connection_has_error(connection) == 0;
-    xcb_disconnect(connection);
-    return works;
-}
 
 bool usesIBus() {
     return qgetenv(inputMethodVariable) == "ibus";
@@ -43,8 +33,7 @@ bool usesIBus() {
 
 /// How QApplication is to find the environment.
 struct EnvironmentOfToolkit {
-    // In a Wayland session Qt would choose Wayland, where this program has no windows to look after.
-    quorvane::EnvironmentWhile platform{"QT_QPA_PLATFORM", "xcb"};
+    quorvane::EnvironmentWhile platform;
     // Session managers start what is connected to them again at login, whatever the user chose, and without
     // the argument that keeps the window closed then. An agent that starts by its login item needs none.
     quorvane::EnvironmentWhile sessionManager{"SESSION_MANAGER", std::nullopt};
@@ -52,24 +41,22 @@ struct EnvironmentOfToolkit {
     // this program's own windows use IBus in a way of their own.
     std::optional<quorvane::EnvironmentWhile> inputMethod;
 
-    EnvironmentOfToolkit() {
+    explicit EnvironmentOfToolkit(const char* display) : platform("QT_QPA_PLATFORM", display) {
         if (usesIBus()) inputMethod.emplace(inputMethodVariable, "compose");
     }
 };
 
-int runProgram(quorvane::XConnection& x, const quorvane::LaunchArguments& arguments) {
-    quorvane::SingleInstance instance(x);
+int runProgram(const quorvane::OpenedSession& session, const quorvane::LaunchArguments& arguments) {
+    auto& instance = session.instance();
     using enum quorvane::SingleInstance::IfAnotherRuns;
     if (arguments.isNewInstance) instance.waitForTheOtherToEnd();
     if (!instance.becomeTheOne(arguments.isAtLogin ? leaveIt : askItToReopen)) return 0;
 
-    const quorvane::ColorScheme colorScheme(&x);
-    quorvane::LinuxDesktop linuxDesktop([&x](quorvane::SessionApplications& applications) {
-        return std::make_unique<quorvane::X11Session>(x, applications, quorvane::drawLettersIcon);
-    });
+    const quorvane::ColorScheme colorScheme(session.x());
+    quorvane::LinuxDesktop linuxDesktop(session.start());
     auto& application = linuxDesktop.application();
     const quorvane::UnixSignals signals([&application] { application.terminate(); });
-    const auto serverLoss = x.onLost([&application] { application.terminate(); });
+    const auto sessionLoss = session.onLost([&application] { application.terminate(); });
 
     quorvane::AppDelegate program(linuxDesktop.desktop());
     if (arguments.pausedUntil) program.controlled().pause.pauseUntil(*arguments.pausedUntil);
@@ -110,11 +97,13 @@ int main(int argc, char** argv) {
     }
     // GLib wakes its threads to end them when they have been idle for a while; it may let them sleep.
     g_thread_pool_set_max_idle_time(0);
-    if (!hasDisplay()) {
+    const auto kind = quorvane::sessionThere();
+    // Qt ends the process where it finds no display.
+    if (!quorvane::hasDisplay(kind)) {
         quorvane::logLine("no X server: DISPLAY names none that can be reached");
         return 1;
     }
-    std::optional<EnvironmentOfToolkit> environment(std::in_place);
+    std::optional<EnvironmentOfToolkit> environment(std::in_place, quorvane::toolkitPlatform(kind));
     QApplication qt(argc, argv);
     environment.reset();
     QApplication::setApplicationName(QStringLiteral("Quorvane"));
@@ -128,13 +117,14 @@ int main(int argc, char** argv) {
     QPixmapCache::setCacheLimit(0);
 
     // Logged in English: no translation is there yet.
-    if (quorvane::isWaylandSession()) quorvane::logLine(quorvane::waylandNotice().toStdString());
+    if (kind == quorvane::SessionKind::otherWayland)
+        quorvane::logLine(quorvane::waylandNotice().toStdString());
     quorvane::installTranslations();
 
-    const auto x = quorvane::XConnection::open();
-    if (!x) {
+    const auto session = quorvane::OpenedSession::open(kind);
+    if (!session) {
         quorvane::logLine("no X server: the connection was refused");
         return 1;
     }
-    return runProgram(*x, arguments);
+    return runProgram(*session, arguments);
 }

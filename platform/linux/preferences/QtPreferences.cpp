@@ -2,7 +2,6 @@
 
 #include <QScrollArea>
 
-#include "platform/linux/WaylandSession.h"
 #include "platform/linux/preferences/QtOutlets.h"
 #include "platform/linux/preferences/QtPreferencesWindow.h"
 #include "platform/linux/preferences/QtTableView.h"
@@ -72,6 +71,10 @@ QtPreferences::Widgets::Widgets(const Neighbours& neighbours)
     , shortcuts(*form.shortcutTableView) {
     form.shortcutTableView->setKeyboard(keyboard);
     showNotices(neighbours.notices);
+    if (!neighbours.sessionNotice.empty()) {
+        form.autoInputByApplicationTableView->setProperty("emptyText",
+                                                          QString::fromStdString(neighbours.sessionNotice));
+    }
     makePagesScroll(*form.tabView);
     window.dressUp();
 }
@@ -80,7 +83,6 @@ void QtPreferences::Widgets::showNotices(Notices& notices) {
     const auto show = [this, &notices] { form.noticeStrip->setText(QString::fromStdString(notices.text())); };
     noticeChanges = notices.changed.connect(show);
     show();
-    if (isWaylandSession()) form.autoInputByApplicationTableView->setProperty("emptyText", waylandNotice());
 }
 
 QtPreferences::QtPreferences(const Neighbours& neighbours)

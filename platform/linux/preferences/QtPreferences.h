@@ -19,6 +19,7 @@ public:
         PrintedKeyboard& keyboard;
         NotificationCenter& notifications;
         Notices& notices;
+        std::string sessionNotice; ///< Shown where a list is empty; empty: nothing is.
     };
 
     explicit QtPreferences(const Neighbours& neighbours);

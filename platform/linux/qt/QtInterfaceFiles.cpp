@@ -26,10 +26,9 @@ struct QtInterfaceFiles::Windows {
     QtIndicatorWindow inputIconWindow;
 };
 
-QtInterfaceFiles::QtInterfaceFiles(IndicatorSurface& indicator, WindowHost& host, PrintedKeyboard& keyboard,
-                                   NotificationCenter& notifications)
-    : neighbours_{host, keyboard, notifications, notices_}
-    , windows_(std::make_unique<Windows>(indicator)) {}
+QtInterfaceFiles::QtInterfaceFiles(const SessionParts& session, NotificationCenter& notifications)
+    : neighbours_{session.windowHost, session.printedKeyboard, notifications, notices_, session.notice}
+    , windows_(std::make_unique<Windows>(session.indicator)) {}
 
 QtInterfaceFiles::~QtInterfaceFiles() = default;
 

@@ -4,7 +4,7 @@
 
 #include "platform/InterfaceFiles.h"
 #include "platform/linux/preferences/QtPreferences.h"
-#include "platform/linux/qt/IndicatorSurface.h"
+#include "platform/linux/session/Session.h"
 
 namespace quorvane {
 
@@ -12,8 +12,7 @@ namespace quorvane {
 class QtInterfaceFiles : public InterfaceFiles {
 public:
     /// Everything given must outlive this object and the windows it makes.
-    QtInterfaceFiles(IndicatorSurface& indicator, WindowHost& host, PrintedKeyboard& keyboard,
-                     NotificationCenter& notifications);
+    QtInterfaceFiles(const SessionParts& session, NotificationCenter& notifications);
     ~QtInterfaceFiles() override;
 
     MainInterface mainInterface() override;

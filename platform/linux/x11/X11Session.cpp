@@ -7,8 +7,9 @@
 namespace quorvane {
 
 X11Session::X11Session(XConnection& x, SessionApplications& applications,
-                       LayoutInputSources::DrawIcon drawIcon)
+                       LayoutInputSources::DrawIcon drawIcon, std::string notice)
     : x_(x)
+    , notice_(std::move(notice))
     , owners_(x, applications.owners)
     , launchers_(x, applications.launchers)
     , applications_(x, owners_, applications.workspace)
@@ -34,7 +35,8 @@ SessionParts X11Session::parts() {
             .indicator = indicator_,
             .windowHost = windowHost_,
             .printedKeyboard = printedKeyboard_,
-            .x = &x_};
+            .x = &x_,
+            .notice = notice_};
 }
 
 } // namespace quorvane

@@ -20,13 +20,15 @@ namespace quorvane {
 class X11Session : public Session {
 public:
     /// Needs a QApplication. Both must outlive this object. `drawIcon` makes the template icon of a layout
-    /// out of two letters.
-    X11Session(XConnection& x, SessionApplications& applications, LayoutInputSources::DrawIcon drawIcon);
+    /// out of two letters. `notice` is what the user of this session should know.
+    X11Session(XConnection& x, SessionApplications& applications, LayoutInputSources::DrawIcon drawIcon,
+               std::string notice = {});
 
     SessionParts parts() override;
 
 private:
     XConnection& x_;
+    std::string notice_;
     X11WindowOwners owners_; ///< Each of these sees an event before those below it.
     X11Launchers launchers_;
     X11Applications applications_;

@@ -6,6 +6,8 @@
 #include "platform/linux/input-methods/SessionInputSources.h"
 #include "platform/linux/input-methods/fcitx5/Fcitx5InputSources.h"
 #include "platform/linux/input-methods/fcitx5/Fcitx5Names.h"
+#include "platform/linux/keyboard/LayoutInputSources.h"
+#include "platform/linux/x11/keyboard/XkbKeyboard.h"
 #include "virtual-desktop/Fcitx5Daemon.h"
 #include "virtual-desktop/ScratchFolders.h"
 #include "virtual-desktop/SessionBus.h"
@@ -70,13 +72,14 @@ struct Fcitx5Session {
         drawn.push_back(what);
         return nullptr;
     }
-    XkbInputSources layouts{*x, [this](const auto& letters) { return draw(letters); }};
+    XkbKeyboard keyboard{*x};
+    LayoutInputSources layouts{keyboard, [this](const auto& letters) { return draw(letters); }};
     Fcitx5InputSources sources{connection,
                                layouts,
                                {.draw = [this](const auto& letters) { return draw(letters); },
                                 .find = [this](const auto& reference) { return draw("find " + reference); }}};
     /// What the rest of the program sees. It repeats selections when the daemon was too busy to answer.
-    SessionInputSources desktop{layouts, {&sources}};
+    SessionInputSources desktop{"X11", layouts, {&sources}};
 };
 
 class Fcitx5Bench : public TextInputSourcesBench {

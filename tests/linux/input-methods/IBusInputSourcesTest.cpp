@@ -7,7 +7,9 @@
 #include "contracts/TextInputSourcesContract.h"
 #include "platform/linux/input-methods/ibus/IBusInputSources.h"
 #include "platform/linux/input-methods/ibus/IBusTextInput.h"
+#include "platform/linux/keyboard/LayoutInputSources.h"
 #include "platform/linux/x11/XcbReply.h"
+#include "platform/linux/x11/keyboard/XkbKeyboard.h"
 #include "virtual-desktop/IBusDaemon.h"
 #include "virtual-desktop/WaitUntil.h"
 #include "virtual-desktop/XClient.h"
@@ -47,7 +49,8 @@ struct IBusSession {
         icons.push_back(letters);
         return nullptr;
     }
-    XkbInputSources layouts{*x, [this](const auto& letters) { return draw(letters); }};
+    XkbKeyboard keyboard{*x};
+    LayoutInputSources layouts{keyboard, [this](const auto& letters) { return draw(letters); }};
     IBusInputSources sources{layouts,
                              {.draw = [this](const auto& letters) { return draw(letters); },
                               .find = [this](const auto& reference) { return draw("find " + reference); }}};

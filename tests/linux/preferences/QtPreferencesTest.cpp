@@ -2,11 +2,12 @@
 #include <QCheckBox>
 #include <gtest/gtest.h>
 
-#include "platform/linux/WaylandSession.h"
 #include "platform/linux/preferences/CellTable.h"
 #include "platform/linux/preferences/NoticeStrip.h"
 #include "platform/linux/preferences/QtPreferences.h"
 #include "platform/linux/preferences/SettingsNotices.h"
+#include "platform/linux/x11/keyboard/X11PrintedKeyboard.h"
+#include "platform/linux/x11/windows/X11WindowHost.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "preferences/CheckBoxBinding.h"
 
@@ -15,12 +16,12 @@ namespace {
 
 TEST(QtPreferences, TellsItsNoticesWhereverItsWindowIsByThen) {
     const auto x = XConnection::open();
+    X11WindowHost host(*x);
+    X11PrintedKeyboard keyboard(*x);
     NotificationCenter notifications;
     Notices notices;
     notices.set("second", "B");
-    qputenv("XDG_SESSION_TYPE", "wayland");
-    QtPreferences preferences({*x, notifications, notices});
-    qunsetenv("XDG_SESSION_TYPE");
+    QtPreferences preferences({host, keyboard, notifications, notices, "what the session is like"});
     const auto windows = QApplication::topLevelWidgets();
     ASSERT_EQ(windows.size(), 1);
     const auto* strip = windows.first()->findChild<NoticeStrip*>();
@@ -33,17 +34,19 @@ TEST(QtPreferences, TellsItsNoticesWhereverItsWindowIsByThen) {
     notices.set("second", "");
     EXPECT_EQ(told(), "");
     const auto* table = windows.first()->findChild<CellTable*>("autoInputByApplicationTableView");
-    EXPECT_EQ(table->property("emptyText").toString(), waylandNotice());
+    EXPECT_EQ(table->property("emptyText").toString(), "what the session is like");
 }
 
 TEST(QtPreferences, OptionsShowAndStoreTheSettingsTheyAreNamedAfter) {
     const auto x = XConnection::open();
+    X11WindowHost host(*x);
+    X11PrintedKeyboard keyboard(*x);
     NotificationCenter notifications;
     Notices notices;
     Journal journal;
     SimulatedUserDefaults defaults{journal};
     auto& standard = defaults.standardUserDefaults();
-    QtPreferences preferences({*x, notifications, notices});
+    QtPreferences preferences({host, keyboard, notifications, notices, {}});
     standard.setBool(true, "followWindow");
     const auto bindings = bindCheckBoxes(preferences.outlets().options, standard);
     const auto checkBoxes = QApplication::topLevelWidgets().first()->findChildren<QCheckBox*>();

@@ -8,6 +8,7 @@
 #include "platform/GlobalEventMonitor.h"
 #include "platform/linux/localization/Translations.h"
 #include "platform/linux/preferences/ShortcutRecorder.h"
+#include "platform/linux/x11/keyboard/X11PrintedKeyboard.h"
 #include "virtual-desktop/XServer.h"
 
 namespace quorvane {
@@ -154,7 +155,8 @@ int contrastIn(const QImage& image, const QColor& ground) {
 
 TEST(ShortcutRecorder, CanBeReadInEveryAppearanceAndLanguage) {
     const auto x = XConnection::open();
-    ShortcutKeyboard keyboard(*x);
+    X11PrintedKeyboard printed(*x);
+    ShortcutKeyboard keyboard(printed);
     ShortcutRecorder recorder(keyboard, nullptr);
     for (const auto& [text, window] :
          {std::pair(Qt::black, QColor(239, 239, 239)), std::pair(Qt::white, QColor(53, 53, 53))}) {

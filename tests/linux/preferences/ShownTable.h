@@ -11,6 +11,7 @@
 #include "platform/linux/preferences/QtTableView.h"
 #include "platform/linux/qt/ApplicationIcon.h"
 #include "platform/linux/x11/keyboard/X11HotKeys.h"
+#include "platform/linux/x11/keyboard/X11PrintedKeyboard.h"
 #include "platform/linux/x11/windows/StackedWindow.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "preferences/ShortcutTable.h"
@@ -120,7 +121,8 @@ struct ShownTable : TableSource {
     std::set<int> asked; ///< The rows that the table has wanted to know.
     XClient user;
     std::unique_ptr<XConnection> x = XConnection::open();
-    ShortcutKeyboard keyboard{*x};
+    X11PrintedKeyboard printed{*x};
+    ShortcutKeyboard keyboard{printed};
     CellTable table;
     QtTableView port{table};
     Journal journal;

@@ -12,6 +12,8 @@
 #include "platform/linux/preferences/KeyNames.h"
 #include "platform/linux/quorvanectl/Doctor.h"
 #include "platform/linux/quorvanectl/LayoutKeepers.h"
+#include "platform/linux/x11/XConnection.h"
+#include "platform/linux/x11/keyboard/KeyboardMap.h"
 #include "settings/Keys.h"
 #include "virtual-desktop/ProgramSession.h"
 #include "virtual-desktop/WaitUntil.h"
@@ -70,7 +72,7 @@ TEST_F(Control, AnswersAndChangesWhatTheProgramDoesAtOnce) {
         EXPECT_THAT(answer.said, HasSubstr(said));
     }
     const auto x = XConnection::open();
-    const auto printed = KeyNames::read(*x);
+    const auto printed = KeyNames(readTypedKeysyms(*x));
     for (const auto key : QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZ1234567890`-=[];'\\,./"))
         EXPECT_EQ(printed.nameOf(shortcutOfText("Ctrl+" + QString(key).toStdString())->keyCode), key);
     session_.type({37, 64, 42}); // Control, Alt, G

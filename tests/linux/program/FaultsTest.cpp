@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <QDir>
+#include <QLocalServer>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -54,9 +55,11 @@ TEST_F(Faults, WithoutTrayBusAndWindowManagerAndInAWaylandSessionItSaysSoOnceAnd
     session_.manager->end();
     session_.manager.reset();
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/bus");
-    qputenv("XDG_SESSION_TYPE", "wayland");
+    QLocalServer compositor; // One that nobody knows.
+    ASSERT_TRUE(compositor.listen(qgetenv("XDG_RUNTIME_DIR") + "/wayland-9"));
+    qputenv("WAYLAND_DISPLAY", "wayland-9");
     session_.startProgram();
-    qunsetenv("XDG_SESSION_TYPE");
+    qunsetenv("WAYLAND_DISPLAY");
     session_.setRule("First", "xkb:ru");
     const auto errors = session_.program->errors().toStdString();
     for (const auto* line :

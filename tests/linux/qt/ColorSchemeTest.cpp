@@ -57,12 +57,12 @@ bool becomes(bool dark) {
 TEST(ColorScheme, IsThePortalsOrElseTheThemes) {
     const auto x = XConnection::open();
     std::optional<Portal> portal(1);
-    std::optional<ColorScheme> scheme(*x);
+    std::optional<ColorScheme> scheme(x.get());
     EXPECT_TRUE(becomes(true)) << "at start";
     for (const unsigned now : {2U, 1U, 0U})
         EXPECT_TRUE((portal->change(now), becomes(now == 1))) << now;
     portal.reset();
-    scheme.emplace(*x);
+    scheme.emplace(x.get());
     std::optional<SettingsManager> manager("Greybird-dark");
     EXPECT_TRUE(becomes(true)) << "a manager that comes later";
     for (const auto* theme : {"Greybird", "Adwaita-Dark", "Ark", "dark"}) {

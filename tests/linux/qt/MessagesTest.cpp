@@ -8,6 +8,7 @@
 #include "linux/support/Keyboard.h"
 #include "platform/linux/qt/PlainText.h"
 #include "platform/linux/qt/QtAlerts.h"
+#include "platform/linux/x11/windows/X11WindowHost.h"
 #include "virtual-desktop/WaitUntil.h"
 #include "virtual-desktop/XClient.h"
 
@@ -17,7 +18,8 @@ namespace {
 TEST(QtAlerts, ShowASheetOnTheOpenWindowWhileThatIsThere) {
     XClient user;
     const auto x = XConnection::open();
-    QtAlerts alerts(*x);
+    X11WindowHost host(*x);
+    QtAlerts alerts(host);
     constexpr std::uint8_t none = 0;
     for (const auto& [key, answer] :
          {std::pair(enter, alertFirstButtonReturn), {escape, alertFirstButtonReturn + 1}, {none, 0}}) {

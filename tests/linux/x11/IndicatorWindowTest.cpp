@@ -5,11 +5,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "linux/x11/X11Session.h"
+#include "linux/x11/ServerSession.h"
 #include "platform/linux/qt/QtImage.h"
 #include "platform/linux/qt/QtIndicatorWindow.h"
 #include "platform/linux/x11/keyboard/X11EventMonitor.h"
 #include "platform/linux/x11/windows/X11Cursor.h"
+#include "platform/linux/x11/windows/X11Indicator.h"
 #include "platform/linux/x11/windows/X11WindowList.h"
 
 namespace quorvane {
@@ -17,7 +18,7 @@ namespace {
 
 /// A desktop with an indicator that the program has set up.
 struct Shown {
-    Shown(X11Session& desktop, double scale)
+    Shown(ServerSession& desktop, double scale)
         : session(desktop)
         , screens(*desktop.x, desktop.workspace, scale) {
         indicator.setStyle({.hasClearBackground = true, .isMovableByWindowBackground = true});
@@ -28,30 +29,31 @@ struct Shown {
     /// The native window; none while there is none to be seen.
     StackedWindow native() {
         for (const auto& each : stackedWindows(*session.x)) {
-            const auto* owner = session.identities.ownerOf(each.window);
+            const auto* owner = session.owners.ownerOf(each.window);
             if (each.isVisible && owner && owner->isThisProcess) return each;
         }
         return {};
     }
 
-    X11Session& session;
+    ServerSession& session;
     X11Screens screens;
-    QtIndicatorWindow indicator{*session.x, screens};
+    X11Indicator surface{*session.x, screens};
+    QtIndicatorWindow indicator{surface};
 };
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
 
 TEST(IndicatorWindowTest, StandsAtThePixelAskedForOnEveryKindOfScreen) {
-    X11Session session;
+    ServerSession session;
     XServer::splitScreen("LEFT", "*RIGHT");
     const TestWindow other({"at=101,51,301,201", "class=Other"});
     ASSERT_TRUE(session.waitForFront("Other"));
     const auto pixels = stackedWindow(*session.x, other.window()).bounds;
     for (const double scale : {1.0, 2.0}) {
         Shown shown(session, scale);
-        const X11WindowList list(*session.x, session.identities, session.workspace, shown.screens,
-                                 session.launchers);
+        const X11WindowList list(*session.x, session.owners, session.workspace, shown.screens,
+                                 session.known.launchers);
         EXPECT_EQ(list.windows().front().bounds, (Rect{(pixels.x - 800) / scale, pixels.y / scale,
                                                        pixels.width / scale, pixels.height / scale}));
         EXPECT_EQ(shown.screens.mainScreen()->frame, (Rect{-800 / scale, 0, 800 / scale, 900 / scale}));
@@ -76,7 +78,7 @@ TEST(IndicatorWindowTest, StandsAtThePixelAskedForOnEveryKindOfScreen) {
 
 class IndicatorOnWindowManager : public testing::TestWithParam<const char*> {
 protected:
-    X11Session session_{GetParam()};
+    ServerSession session_{GetParam()};
     Shown shown_{session_, 1};
 };
 INSTANTIATE_TEST_SUITE_P(X11, IndicatorOnWindowManager, testing::Values("openbox", "xfwm4"),
@@ -122,7 +124,7 @@ TEST_P(IndicatorOnWindowManager, IsDraggedExactlyAndWithoutTellingAnybody) {
 }
 
 TEST(IndicatorWindowTest, HasTheShapeOfWhatIsDrawn) {
-    X11Session session;
+    ServerSession session;
     Shown shown(session, 1);
     shown.indicator.setFrameOrigin({400, 500});
     const auto pixel = [&](int x, int y) {
@@ -148,16 +150,16 @@ TEST(IndicatorWindowTest, HasTheShapeOfWhatIsDrawn) {
 class X11WindowListTest : public testing::TestWithParam<const char*> {
 protected:
     std::vector<WindowDescription> readAfresh() {
-        return X11WindowList(*session_.x, session_.identities, session_.workspace, screens_,
-                             session_.launchers)
+        return X11WindowList(*session_.x, session_.owners, session_.workspace, screens_,
+                             session_.known.launchers)
             .windows();
     }
     /// The requests that are made by the time that this returns.
     unsigned requests() { return xcb_no_operation(session_.x->xcb()).sequence; }
 
-    X11Session session_{GetParam()};
+    ServerSession session_{GetParam()};
     X11Screens screens_{*session_.x, session_.workspace, 2};
-    X11WindowList list_{*session_.x, session_.identities, session_.workspace, screens_, session_.launchers};
+    X11WindowList list_{*session_.x, session_.owners, session_.workspace, screens_, session_.known.launchers};
 };
 INSTANTIATE_TEST_SUITE_P(X11, X11WindowListTest, testing::Values("openbox", "xfwm4"),
                          [](const auto& instance) { return std::string(instance.param); });

@@ -7,7 +7,7 @@
 #include "contracts/OnScreenWindowListContract.h"
 #include "contracts/ScreensContract.h"
 #include "contracts/WorkspaceContract.h"
-#include "linux/x11/X11Session.h"
+#include "linux/x11/ServerSession.h"
 #include "platform/linux/x11/keyboard/X11EventMonitor.h"
 #include "platform/linux/x11/windows/X11Screens.h"
 #include "platform/linux/x11/windows/X11WindowList.h"
@@ -22,7 +22,7 @@ public:
     bool waitUntil(const std::function<bool()>& condition) override { return quorvane::waitUntil(condition); }
 
 protected:
-    X11Session session_;
+    ServerSession session_;
 };
 
 class X11WorkspaceBench : public X11Bench<WorkspaceBench> {
@@ -84,7 +84,7 @@ private:
 
     std::map<std::string, TestWindow> windows_;
     X11Screens screens_{*session_.x, session_.workspace, 1};
-    X11WindowList list_{*session_.x, session_.identities, session_.workspace, screens_, session_.launchers};
+    X11WindowList list_{*session_.x, session_.owners, session_.workspace, screens_, session_.known.launchers};
 };
 
 class X11ScreensBench : public X11Bench<ScreensBench> {

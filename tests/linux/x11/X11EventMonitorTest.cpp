@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "linux/x11/X11Session.h"
+#include "linux/x11/ServerSession.h"
 #include "platform/linux/x11/keyboard/X11EventMonitor.h"
 
 namespace quorvane {
@@ -18,7 +18,7 @@ protected:
     }
 
     static constexpr std::uint8_t leftShift = 50, leftControl = 37, capsLock = 66;
-    X11Session session_;
+    ServerSession session_;
     X11EventMonitor monitor_{*session_.x};
     std::vector<std::uint64_t> flags_;
     Subscription subscription_;

@@ -1,7 +1,7 @@
 #include <map>
 
 #include "contracts/HotKeysContract.h"
-#include "linux/x11/X11Session.h"
+#include "linux/x11/ServerSession.h"
 #include "platform/linux/keyboard/KeyCodes.h"
 #include "platform/linux/x11/keyboard/X11HotKeys.h"
 #include "platform/linux/x11/keyboard/XkbKeyboard.h"
@@ -27,7 +27,7 @@ TEST(KeyCodes, NameEachPositionOnceEitherWay) {
         EXPECT_EQ(xKeycodeOf(keyCode), key) << keyCode;
 }
 
-struct Session : X11Session {
+struct Session : ServerSession {
     /// Another program takes a key. False when somebody has it in this very state.
     bool take(std::uint8_t key, int state) {
         const auto request = xcb_grab_key_checked(other->xcb(), 0, x->root(), std::uint16_t(state), key,

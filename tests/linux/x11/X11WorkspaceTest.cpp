@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "linux/x11/X11Session.h"
+#include "linux/x11/ServerSession.h"
 #include "platform/linux/applications/OtherNames.h"
 #include "platform/linux/defaults/LinuxUserDefaults.h"
 #include "platform/linux/desktop-files/ApplicationFiles.h"
@@ -32,7 +32,7 @@ protected:
         return path;
     }
 
-    X11Session session_;
+    ServerSession session_;
     Ids activated_;
     Ids launched_;
     Subscription activations_ = noteInto(activated_, WorkspaceNotification::didActivateApplication);
@@ -81,7 +81,7 @@ TEST_F(X11WorkspaceTest, KnowsTheApplicationOfAWindow) {
     for (const auto& each : windows) {
         const TestWindow window(each.properties, each.program);
         session_.handleWhatHappened(); // The number of the last window, which has ended, is this one's, too.
-        const auto* owner = session_.identities.ownerOf(window.window());
+        const auto* owner = session_.owners.ownerOf(window.window());
         ASSERT_TRUE(owner);
         EXPECT_EQ(owner->id, each.id) << each.properties.join(' ').toStdString();
         EXPECT_EQ(owner->pid, window.pid());
@@ -97,7 +97,7 @@ TEST_F(X11WorkspaceTest, AProgramWithoutDesktopFileIsTheSameWhicheverWayItIsName
     };
     setRuleInput(standard, "Named", "ru");
     setRuleInput(standard, chosen.toStdString(), "de");
-    const OtherNames names(stores, session_.identities, session_.entries);
+    const OtherNames names(stores, session_.known.owners, session_.entries);
     EXPECT_EQ(rule("chosen"), "de");
     EXPECT_EQ(bundleIdentifierOfFile(session_.entries, chosen.toStdString()), "chosen");
     EXPECT_EQ(rule("named"), std::nullopt) << "nobody knows yet whose class it is";
@@ -201,9 +201,10 @@ TEST_F(X11WorkspaceTest, LivesThroughARestartOfTheWindowManagerAndFollowsTheFocu
     EXPECT_TRUE(waitUntil([&] { // The window manager tells later than the server.
         return session_.user.values(session_.user.root(), "_NET_ACTIVE_WINDOW") == std::vector{beta.window()};
     }));
-    const X11Workspace later(*session_.x, session_.identities, session_.launchers, nullptr);
-    EXPECT_EQ(later.frontmostApplication()->bundleIdentifier, "Beta") << "what was there before";
-    EXPECT_EQ(later.activeWindow(), beta.window());
+    SessionApplications later(session_.entries, nullptr);
+    const X11Applications telling(*session_.x, session_.owners, later.workspace);
+    EXPECT_EQ(later.workspace.frontmostApplication()->bundleIdentifier, "Beta") << "what was there before";
+    EXPECT_EQ(later.workspace.activeWindow(), beta.window());
 }
 
 TEST_F(X11WorkspaceTest, FollowsAWindowThatGetsItsClassLate) {

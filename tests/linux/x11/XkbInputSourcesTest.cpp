@@ -2,6 +2,7 @@
 
 #include "contracts/TextInputSourcesContract.h"
 #include "platform/linux/keyboard/LayoutInputSources.h"
+#include "platform/linux/x11/keyboard/XkbKeyboard.h"
 #include "virtual-desktop/WaitUntil.h"
 #include "virtual-desktop/XServer.h"
 
@@ -47,10 +48,11 @@ struct XkbSession {
     std::unique_ptr<XConnection> x = XConnection::open(), userX = XConnection::open();
     XkbKeyboard user{*userX};
     std::vector<std::string> drawn;
-    XkbInputSources sources{*x, [this](const std::string& letters) {
-                                drawn.push_back(letters);
-                                return nullptr;
-                            }};
+    XkbKeyboard keyboard{*x};
+    LayoutInputSources sources{keyboard, [this](const std::string& letters) {
+                                   drawn.push_back(letters);
+                                   return nullptr;
+                               }};
 };
 
 class XkbBench : public TextInputSourcesBench {

@@ -6,8 +6,10 @@
 #include <utility>
 
 #include "linux/support/TestWindow.h"
+#include "platform/linux/session/SessionApplications.h"
 #include "platform/linux/x11/XcbReply.h"
 #include "platform/linux/x11/applications/X11Applications.h"
+#include "platform/linux/x11/applications/X11Launchers.h"
 #include "virtual-desktop/ScratchFolders.h"
 #include "virtual-desktop/WaitUntil.h"
 #include "virtual-desktop/XClient.h"
@@ -16,8 +18,8 @@
 namespace quorvane {
 
 /// A user's session for one test: a server of its own, a window manager and what the program makes of it.
-struct X11Session {
-    explicit X11Session(const QString& windowManager = "openbox") : manager(windowManager) {}
+struct ServerSession {
+    explicit ServerSession(const QString& windowManager = "openbox") : manager(windowManager) {}
 
     ScratchFolders folders;
     XServer server;
@@ -25,9 +27,11 @@ struct X11Session {
     XClient user;
     std::unique_ptr<XConnection> x = XConnection::open();
     DesktopEntries entries = DesktopEntries::ofEnvironment();
-    ApplicationIdentities identities{*x, entries};
-    X11Launchers launchers{*x};
-    X11Workspace workspace{*x, identities, launchers, nullptr};
+    SessionApplications known{entries, nullptr};
+    SessionWorkspace& workspace = known.workspace;
+    X11WindowOwners owners{*x, known.owners};
+    X11Launchers launchers{*x, known.launchers};
+    X11Applications applications{*x, owners, workspace};
 
     /// Has the program see everything that has happened on the server so far.
     void handleWhatHappened() {

@@ -1,4 +1,4 @@
-#include "platform/linux/x11/SingleInstance.h"
+#include "platform/linux/x11/X11SingleInstance.h"
 
 #include <chrono>
 #include <thread>
@@ -15,19 +15,19 @@ constexpr std::chrono::milliseconds pause(5);
 
 } // namespace
 
-SingleInstance::SingleInstance(XConnection& x) : x_(x), window_(xcb_generate_id(x.xcb())) {
+X11SingleInstance::X11SingleInstance(XConnection& x) : x_(x), window_(xcb_generate_id(x.xcb())) {
     x_.internAtoms({selectionName, reopenRequest});
     xcb_create_window(x_.xcb(), XCB_COPY_FROM_PARENT, window_, x_.root(), -1, -1, 1, 1, 0,
                       XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
 }
 
-xcb_window_t SingleInstance::owner() {
+xcb_window_t X11SingleInstance::owner() {
     const XcbReply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
         x_.xcb(), xcb_get_selection_owner(x_.xcb(), x_.atom(selectionName)), nullptr));
     return reply ? reply->owner : XCB_NONE;
 }
 
-bool SingleInstance::becomeTheOne(IfAnotherRuns ifAnotherRuns) {
+bool X11SingleInstance::becomeTheOne(IfAnotherRuns ifAnotherRuns) {
     // Two programs launched at once must not both find nobody, and the one that is asked must not end between
     // being found and being asked.
     xcb_grab_server(x_.xcb());
@@ -48,21 +48,21 @@ bool SingleInstance::becomeTheOne(IfAnotherRuns ifAnotherRuns) {
     return isTheOne;
 }
 
-bool SingleInstance::takeRequest() {
+bool X11SingleInstance::takeRequest() {
     const auto cookie =
         xcb_get_property(x_.xcb(), /*_delete=*/1, x_.root(), x_.atom(reopenRequest), XCB_ATOM_CARDINAL, 0, 1);
     const XcbReply<xcb_get_property_reply_t> request(xcb_get_property_reply(x_.xcb(), cookie, nullptr));
     return request && request->type != XCB_ATOM_NONE;
 }
 
-void SingleInstance::waitForTheOtherToEnd() {
+void X11SingleInstance::waitForTheOtherToEnd() {
     isSuccessor_ = true;
     const auto deadline = std::chrono::steady_clock::now() + longestWait;
     while (owner() != XCB_NONE && std::chrono::steady_clock::now() < deadline)
         std::this_thread::sleep_for(pause);
 }
 
-void SingleInstance::onReopen(const std::function<void()>& handler) {
+void X11SingleInstance::onReopen(const std::function<void()>& handler) {
     x_.selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
     reopen_ = x_.onEvent([this, handler](const xcb_generic_event_t& event) {
         if ((event.response_type & 0x7f) != XCB_PROPERTY_NOTIFY) return;

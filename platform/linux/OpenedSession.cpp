@@ -1,0 +1,63 @@
+#include "platform/linux/OpenedSession.h"
+
+#include <xcb/xcb.h>
+
+#include "platform/linux/WaylandSession.h"
+#include "platform/linux/dbus/BusSingleInstance.h"
+#include "platform/linux/dbus/SessionBus.h"
+#include "platform/linux/gnome/GnomeSession.h"
+#include "platform/linux/qt/LettersIcon.h"
+#include "platform/linux/qt/ReferencedIcon.h"
+#include "platform/linux/x11/X11Session.h"
+#include "platform/linux/x11/X11SingleInstance.h"
+
+namespace quorvane {
+namespace {
+
+/// A Wayland session that offers no way is used as an X server, for the programs that use it so.
+bool isOfX11(SessionKind kind) {
+    return kind == SessionKind::x11 || kind == SessionKind::otherWayland;
+}
+
+} // namespace
+
+bool hasDisplay(SessionKind kind) {
+    if (!isOfX11(kind)) return true; // It has just answered.
+    auto* connection = xcb_connect(nullptr, nullptr);
+    const bool works = xcb_connection_has_error(connection) == 0;
+    xcb_disconnect(connection);
+    return works;
+}
+
+const char* toolkitPlatform(SessionKind kind) {
+    return isOfX11(kind) ? "xcb" : "wayland";
+}
+
+std::unique_ptr<OpenedSession> OpenedSession::open(SessionKind kind) {
+    auto opened = std::unique_ptr<OpenedSession>(new OpenedSession(kind));
+    if (!isOfX11(kind)) {
+        opened->instance_ = std::make_unique<BusSingleInstance>(sessionBus());
+        return opened;
+    }
+    opened->x_ = XConnection::open();
+    if (!opened->x_) return nullptr;
+    opened->instance_ = std::make_unique<X11SingleInstance>(*opened->x_);
+    return opened;
+}
+
+SessionStart OpenedSession::start() const {
+    return [this](SessionApplications& applications) -> std::unique_ptr<Session> {
+        if (kind_ == SessionKind::gnome)
+            return std::make_unique<GnomeSession>(sessionBus(), applications,
+                                                  InputMethodIcons{drawLettersIcon, referencedIcon});
+        const auto notice =
+            kind_ == SessionKind::otherWayland ? waylandNotice().toStdString() : std::string();
+        return std::make_unique<X11Session>(*x_, applications, drawLettersIcon, notice);
+    };
+}
+
+Subscription OpenedSession::onLost(const std::function<void()>& handler) const {
+    return x_ ? x_->onLost(handler) : Subscription();
+}
+
+} // namespace quorvane

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/linux/keyboard/PrintedKeyboard.h"
+#include "platform/linux/keyboard/XkbLayout.h"
+
+namespace quorvane {
+
+// What the keys of a layout of the database give, without modifiers. Each compiles a keymap, which takes some
+// milliseconds.
+
+/// Whether its letter keys give Latin letters. False for layouts that are not installed.
+bool hasLatinLetters(const XkbLayout& layout);
+
+/// Empty for layouts that are not installed.
+TypedKeysyms typedKeysymsOf(const XkbLayout& layout);
+
+} // namespace quorvane
