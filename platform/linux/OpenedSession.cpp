@@ -4,7 +4,9 @@
 
 #include "platform/linux/dbus/BusSingleInstance.h"
 #include "platform/linux/dbus/SessionBus.h"
+#include "platform/linux/gnome/GnomeSession.h"
 #include "platform/linux/qt/LettersIcon.h"
+#include "platform/linux/qt/ReferencedIcon.h"
 #include "platform/linux/session/WaylandNotice.h"
 #include "platform/linux/x11/X11Session.h"
 #include "platform/linux/x11/X11SingleInstance.h"
@@ -37,6 +39,9 @@ std::unique_ptr<OpenedSession> OpenedSession::open(SessionKind kind) {
 
 SessionStart OpenedSession::start() const {
     return [this](SessionApplications& applications) -> std::unique_ptr<Session> {
+        if (kind_ == SessionKind::gnome)
+            return std::make_unique<GnomeSession>(sessionBus(), applications,
+                                                  InputMethodIcons{drawLettersIcon, referencedIcon});
         const auto notice =
             kind_ == SessionKind::otherWayland ? waylandNotice().toStdString() : std::string();
         return std::make_unique<X11Session>(*x_, applications, drawLettersIcon, notice);

@@ -12,6 +12,7 @@ using enum LauncherWindowKind;
 constexpr std::array launchers = {
     KnownLauncher{"Albert", "albert", "albert", managed},
     KnownLauncher{"dmenu", "dmenu", "dmenu", popUp},
+    KnownLauncher{"GNOME Activities", "gnome-shell", "org.gnome.Shell", popUp},
     KnownLauncher{"gmrun", "Gmrun", "gmrun", managed},
     KnownLauncher{"KRunner", "krunner", "org.kde.krunner", managed},
     KnownLauncher{"Kupfer", "Kupfer.py", "kupfer", managed},
