@@ -27,8 +27,9 @@ constexpr std::array launchers = {
 };
 
 bool isSameIgnoringCase(std::string_view left, std::string_view right) {
-    return std::ranges::equal(left, right, {}, [](unsigned char letter) { return std::tolower(letter); },
-                              [](unsigned char letter) { return std::tolower(letter); });
+    return std::ranges::equal(
+        left, right, {}, [](unsigned char letter) { return std::tolower(letter); },
+        [](unsigned char letter) { return std::tolower(letter); });
 }
 
 template <class Predicate>

@@ -1,22 +1,16 @@
 #include "platform/linux/sway/SwayWindows.h"
 
-#include <utility>
-
 #include "platform/linux/applications/RunningLauncher.h"
 #include "platform/linux/sway/SwayTree.h"
 
 namespace quorvane {
 
 SwayWindows::SwayWindows(SwayIpc& sway, CompositorWindows& windows)
-    : sway_(sway)
-    , windows_(windows)
-    , openings_(sway.opened.connect([this] {
-        isReading_ = false;
-        readTree();
-    }))
+    : windows_(windows)
+    , tree_(sway, SwayRequest::getTree, [this](const QJsonDocument& tree) { takeTree(tree.object()); })
     , events_(sway.happened.connect([this](SwayEvent type, const QJsonObject& event) {
         if (type == SwayEvent::window) handleWindow(event);
-        if (type == SwayEvent::workspace) readTree();
+        if (type == SwayEvent::workspace) readAnew();
     })) {}
 
 void SwayWindows::handleWindow(const QJsonObject& event) {
@@ -30,17 +24,7 @@ void SwayWindows::handleWindow(const QJsonObject& event) {
         windows_.activated(window);
         windows_.launcherMoved(nullptr);
     }
-    readTree();
-}
-
-void SwayWindows::readTree() {
-    isReadingAgain_ = isReading_;
-    if (std::exchange(isReading_, true)) return; // For the events that come until then, once more.
-    sway_.ask(SwayRequest::getTree, {}, [this](const QJsonDocument& answer) {
-        isReading_ = false;
-        takeTree(answer.object());
-        if (std::exchange(isReadingAgain_, false)) readTree();
-    });
+    readAnew();
 }
 
 void SwayWindows::takeTree(const QJsonObject& root) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/linux/session/CompositorWindows.h"
-#include "platform/linux/sway/SwayIpc.h"
+#include "platform/linux/sway/SwayReading.h"
 
 namespace quorvane {
 
@@ -13,18 +13,15 @@ public:
     /// Both must outlive this object.
     SwayWindows(SwayIpc& sway, CompositorWindows& windows);
 
-    /// Something else tells that it may be different.
-    void readTree();
+    /// Something else tells that the focus may have moved.
+    void readAnew() { tree_.readAnew(); }
 
 private:
     void handleWindow(const QJsonObject& event);
     void takeTree(const QJsonObject& root);
 
-    SwayIpc& sway_;
     CompositorWindows& windows_;
-    bool isReading_ = false;
-    bool isReadingAgain_ = false; ///< More has happened since it was asked for.
-    Subscription openings_;
+    SwayReading tree_;
     Subscription events_;
 };
 
