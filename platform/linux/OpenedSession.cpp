@@ -2,22 +2,14 @@
 
 #include <xcb/xcb.h>
 
-#include "platform/linux/WaylandSession.h"
 #include "platform/linux/dbus/BusSingleInstance.h"
 #include "platform/linux/dbus/SessionBus.h"
 #include "platform/linux/qt/LettersIcon.h"
+#include "platform/linux/session/WaylandNotice.h"
 #include "platform/linux/x11/X11Session.h"
 #include "platform/linux/x11/X11SingleInstance.h"
 
 namespace quorvane {
-namespace {
-
-/// A Wayland session that offers no way is used as an X server, for the programs that use it so.
-bool isOfX11(SessionKind kind) {
-    return kind == SessionKind::x11 || kind == SessionKind::otherWayland;
-}
-
-} // namespace
 
 bool hasDisplay(SessionKind kind) {
     if (!isOfX11(kind)) return true; // It has just answered.
