@@ -85,6 +85,10 @@ void AppDelegate::applicationDidFinishLaunching() {
     registerAllHotKey(standardDefaults_, hotKeyCenter_,
                       [this](const PTHotKey& hotKey) { inputHotKeyAction(hotKey); });
     observeLaunchersAndMouse();
+    // Changed rules are where it reads them once the observers above have been told.
+    if (desktop_.switchingAhead)
+        rulesAhead_.emplace(*desktop_.switchingAhead, desktop_.defaults, desktop_.workspace, companion_,
+                            switchPause_, inputDecision_);
 }
 
 void AppDelegate::observeDefaults() {

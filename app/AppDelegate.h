@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -25,6 +26,7 @@
 #include "switching/LauncherEpisodes.h"
 #include "switching/LauncherNews.h"
 #include "switching/LauncherWatch.h"
+#include "switching/RulesAhead.h"
 #include "switching/SwitchPause.h"
 
 namespace quorvane {
@@ -94,6 +96,7 @@ private:
     LauncherEpisodes launcherEpisodes_;
     LauncherWatch launcherWatch_; ///< This one, or on desktops that tell of launchers, the next.
     LauncherNews launcherNews_;
+    std::optional<RulesAhead> rulesAhead_; ///< Where the desktop can switch ahead.
     PTHotKeyCenter hotKeyCenter_;
     LoginItemsReminder loginItemsReminder_;
     LaunchAtLoginController launchAtLogin_;

@@ -7,6 +7,7 @@ set(QUORVANE_BUNDLE_IDENTIFIER "${QUORVANE_REVERSE_DNS_PREFIX}.Quorvane" CACHE S
     "Bundle identifier of this application, and the domain of its own defaults")
 set(QUORVANE_COMPANION_BUNDLE_IDENTIFIER "${QUORVANE_REVERSE_DNS_PREFIX}.Tandrel" CACHE STRING
     "Bundle identifier of the companion application")
+set(QUORVANE_SHELL_EXTENSION "quorvane@${QUORVANE_REVERSE_DNS_PREFIX}") # as GNOME Shell knows it
 # What starts this program at login, where that takes a program of its own.
 set(QUORVANE_LOGIN_ITEM_IDENTIFIER "${QUORVANE_REVERSE_DNS_PREFIX}.QuorvaneProHelper")
 set(QUORVANE_MAKER "The makers of Quorvane" CACHE STRING "Who makes this application, as users are told")

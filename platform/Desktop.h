@@ -22,6 +22,7 @@
 #include "platform/RunLoop.h"
 #include "platform/Screens.h"
 #include "platform/StatusBar.h"
+#include "platform/SwitchingAhead.h"
 #include "platform/SystemLog.h"
 #include "platform/TextInputSources.h"
 #include "platform/UserDefaults.h"
@@ -88,6 +89,7 @@ struct Desktop {
     RunLoop& runLoop;
     Screens& screens;
     StatusBar& statusBar;
+    SwitchingAhead* switchingAhead = nullptr; ///< Null where only the program switches.
     TextInputSources& inputSources;
     UserDefaultsStores& defaults;
     Workspace& workspace;

@@ -133,6 +133,7 @@ LinuxDesktop::LinuxDesktop(const SessionStart& startSession)
                .runLoop = runLoop_,
                .screens = parts_.screens,
                .statusBar = statusBar_,
+               .switchingAhead = parts_.switchingAhead,
                .inputSources = inputSources_,
                .defaults = defaults_,
                .workspace = applications_.workspace} {}

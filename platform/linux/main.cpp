@@ -123,7 +123,7 @@ int main(int argc, char** argv) {
 
     const auto session = quorvane::OpenedSession::open(kind);
     if (!session) {
-        quorvane::logLine("no X server: the connection was refused");
+        quorvane::logLine("the display has refused the connection");
         return 1;
     }
     return runProgram(*session, arguments);

@@ -9,6 +9,7 @@
 #include "platform/simulated/SimulatedInputSources.h"
 #include "platform/simulated/SimulatedInterfaceFiles.h"
 #include "platform/simulated/SimulatedRunLoop.h"
+#include "platform/simulated/SimulatedSwitchingAhead.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "platform/simulated/SimulatedWorkspace.h"
 
@@ -38,6 +39,7 @@ public:
     SimulatedCursor cursor;
     SimulatedInterfaceFiles interfaceFiles{journal, notifications};
     SimulatedStatusBar statusBar{journal};
+    SimulatedSwitchingAhead switchingAhead{journal}; ///< Part of the desktop once a test says so.
     SimulatedAlerts alerts{journal};
     SimulatedProcesses processes{journal};
     SimulatedLoginItems loginItems{journal};

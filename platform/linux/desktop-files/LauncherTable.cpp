@@ -15,6 +15,7 @@ constexpr std::array launchers = {
     KnownLauncher{"dmenu", "dmenu", "dmenu", popUp},
     KnownLauncher{"fuzzel", "fuzzel", "fuzzel", popUp},
     KnownLauncher{"gmrun", "Gmrun", "gmrun", managed},
+    KnownLauncher{"GNOME Activities", "gnome-shell", "org.gnome.Shell", popUp},
     KnownLauncher{"KRunner", "krunner", "org.kde.krunner", managed},
     KnownLauncher{"Kupfer", "Kupfer.py", "kupfer", managed},
     KnownLauncher{"LXQt Runner", "lxqt-runner", "lxqt-runner", managed},

@@ -9,11 +9,17 @@ namespace quorvane {
 void LayoutUnderneath::prepareFor(std::string_view id) {
     const auto layouts = layouts_.createInputSourceList();
     auto wanted = std::ranges::find(layouts, id, &InputSource::id);
-    if (wanted == layouts.end())
-        wanted = std::ranges::find_if(layouts, [this](const auto& layout) { return isLatin(layout.id); });
+    if (wanted == layouts.end()) wanted = std::ranges::find(layouts, firstLatin(), &InputSource::id);
     if (wanted == layouts.end()) return;
     const auto current = layouts_.copyCurrentKeyboardInputSource();
     if (!current || current->id != wanted->id) layouts_.selectInputSource(*wanted);
+}
+
+std::string LayoutUnderneath::firstLatin() {
+    const auto layouts = layouts_.createInputSourceList();
+    const auto latin =
+        std::ranges::find_if(layouts, [this](const auto& layout) { return isLatin(layout.id); });
+    return latin == layouts.end() ? std::string() : latin->id;
 }
 
 bool LayoutUnderneath::isLatin(const std::string& id) {

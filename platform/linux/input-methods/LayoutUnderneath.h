@@ -21,6 +21,9 @@ public:
     /// first one with Latin letters.
     void prepareFor(std::string_view id);
 
+    /// The id of the first layout with Latin letters; empty when there is none.
+    std::string firstLatin();
+
 private:
     bool isLatin(const std::string& id);
 

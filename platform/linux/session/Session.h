@@ -9,6 +9,7 @@
 #include "platform/HotKeys.h"
 #include "platform/OnScreenWindowList.h"
 #include "platform/Screens.h"
+#include "platform/SwitchingAhead.h"
 #include "platform/linux/keyboard/LayoutSources.h"
 #include "platform/linux/keyboard/PrintedKeyboard.h"
 #include "platform/linux/qt/IndicatorSurface.h"
@@ -17,6 +18,8 @@
 #include "platform/linux/x11/XConnection.h"
 
 namespace quorvane {
+
+class ShellExtension;
 
 /// What differs between the sessions that a Linux desktop can be. It lives as long as its session does.
 struct SessionParts {
@@ -31,8 +34,10 @@ struct SessionParts {
     IndicatorSurface& indicator;
     WindowHost& windowHost;
     PrintedKeyboard& printedKeyboard;
-    XConnection* x = nullptr; ///< Null where there is no X server.
-    std::string notice;       ///< What its user should know, in their language; empty: nothing.
+    SwitchingAhead* switchingAhead = nullptr; ///< Null where only this program switches.
+    ShellExtension* shellExtension = nullptr; ///< Null where the session needs none.
+    XConnection* x = nullptr;                 ///< Null where there is no X server.
+    std::string notice; ///< What its user should know, in their language; empty: nothing.
 };
 
 /// A session: X11's, or that of one Wayland compositor. From its beginning it tells of windows, and what it

@@ -44,6 +44,10 @@ constexpr auto introspection = R"xml(
       <arg name="current" type="s" direction="in"/>
     </method>
     <method name="SourceChanged"><arg name="current" type="s" direction="in"/></method>
+    <!-- An extension of the shell waits to be asked for all of this ... -->
+    <method name="Ready"/>
+    <!-- ... and tells nothing more. -->
+    <method name="Ended"/>
   </interface>
 )xml";
 
@@ -120,6 +124,8 @@ const ShellMessages::Method* ShellMessages::methodNamed(const QString& name) {
          }},
         {"SourceChanged", "s",
          [](auto& self, const auto& arguments) { self.sourceChanged.emit(textAt(arguments, 0)); }},
+        {"Ready", "", [](auto& self, const auto& /*arguments*/) { self.ready.emit(); }},
+        {"Ended", "", [](auto& self, const auto& /*arguments*/) { self.ended.emit(); }},
     };
     for (const auto& method : methods) {
         if (method.name == name) return &method;

@@ -46,6 +46,9 @@ public:
     Signal<const std::vector<ShellSource>&, const std::string& /*current*/> sourcesChanged;
     Signal<const std::string& /*current*/> sourceChanged;
 
+    Signal<> ready; ///< It waits to be asked for all of the above.
+    Signal<> ended; ///< It tells nothing more.
+
     Signal<> shellCame; ///< A compositor has the name now: the first one, or another one.
     Signal<> shellWent;
     bool isShellThere() const { return !owner_.isEmpty(); }

@@ -5,7 +5,7 @@
 namespace quorvane {
 
 SwaySession::SwaySession(WaylandDisplay& display, SessionApplications& applications,
-                         LayoutInputSources::DrawIcon drawIcon, IndicatorSurface& indicator)
+                         LayoutInputSources::DrawIcon drawIcon)
     : sway_(qgetenv("SWAYSOCK").toStdString())
     , windows_(applications)
     , feed_(sway_, windows_)
@@ -17,7 +17,7 @@ SwaySession::SwaySession(WaylandDisplay& display, SessionApplications& applicati
     , bindings_(sway_, keyboard_)
     , hotKeys_(bindings_)
     , printedKeyboard_(layouts_)
-    , indicator_(indicator)
+    , indicator_(display)
     , activityChanges_(activity_.changed.connect([this] { feed_.readAnew(); })) {
     sway_.open();
 }

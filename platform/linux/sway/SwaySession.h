@@ -11,6 +11,7 @@
 #include "platform/linux/sway/SwayHotKeys.h"
 #include "platform/linux/sway/SwayKeyboard.h"
 #include "platform/linux/sway/SwayWindows.h"
+#include "platform/linux/wayland/LayerIndicator.h"
 #include "platform/linux/wayland/ToplevelActivity.h"
 
 namespace quorvane {
@@ -21,7 +22,7 @@ class SwaySession : public Session {
 public:
     /// Needs a QGuiApplication. All must outlive this object; the display has told nothing yet.
     SwaySession(WaylandDisplay& display, SessionApplications& applications,
-                LayoutInputSources::DrawIcon drawIcon, IndicatorSurface& indicator);
+                LayoutInputSources::DrawIcon drawIcon);
 
     SessionParts parts() override;
 
@@ -39,7 +40,7 @@ private:
     NoGlobalEvents globalEvents_;
     UnknownCursor cursor_;
     LayoutPrintedKeyboard printedKeyboard_;
-    IndicatorSurface& indicator_;
+    LayerIndicator indicator_;
     ToolkitWindowHost windowHost_;
     Subscription activityChanges_;
 };
