@@ -15,15 +15,6 @@
 
 namespace quorvane {
 
-class NoIndicator : public IndicatorSurface {
-public:
-    double scale() const override { return 1; }
-    void show(const QImage& /*picture*/) override {}
-    void hide() override {}
-    void moveTo(Point /*bottomLeft*/) override {}
-    void raise() override {}
-};
-
 /// A compositor, the program's session on it, and what its user does that differs from the others.
 class SessionDesktop {
 public:
@@ -39,7 +30,6 @@ public:
     ScratchFolders folders;
     DesktopEntries entries = DesktopEntries::ofEnvironment();
     SessionApplications applications{entries, nullptr};
-    NoIndicator indicator;
 };
 
 using MakeDesktop = std::function<std::unique_ptr<SessionDesktop>()>;

@@ -36,7 +36,7 @@ public:
 private:
     SwayServer server_;
     std::unique_ptr<WaylandDisplay> display_ = WaylandDisplay::open();
-    std::optional<SwaySession> session_{std::in_place, *display_, applications, drawLettersIcon, indicator};
+    std::optional<SwaySession> session_{std::in_place, *display_, applications, drawLettersIcon};
 };
 
 std::unique_ptr<SessionDesktop> makeDesktop() {
