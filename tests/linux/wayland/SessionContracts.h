@@ -8,6 +8,7 @@
 #include "contracts/WorkspaceContract.h"
 #include "linux/wayland/SessionBench.h"
 #include "platform/linux/keyboard/KeyCodes.h"
+#include "platform/linux/keyboard/XkbLayout.h"
 
 namespace quorvane {
 

@@ -1,8 +1,5 @@
 // The session of sway, on a real one.
 
-#include <QElapsedTimer>
-#include <QTest>
-
 #include "linux/wayland/SessionContracts.h"
 #include "platform/linux/qt/LettersIcon.h"
 #include "platform/linux/sway/SwaySession.h"
@@ -22,7 +19,10 @@ public:
         configure("input * {\n xkb_layout " + layouts + "\n xkb_variant \"" + variants + "\"\n}\n");
     }
     void takeKeys(const KeyCombination& /*combination*/) override {
-        configure("set $users Ctrl\nbindsym --locked $users+J nop the user's own\n");
+        bool isHeardOf = false;
+        const auto change = parts().hotKeys.changed.connect([&] { isHeardOf = true; });
+        configure("set $users Ctrl\nbindsym --locked $users+J nop the users\n");
+        EXPECT_TRUE(waitUntil([&] { return isHeardOf; }));
     }
     void configure(const QByteArray& lines) {
         QFile file(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/sway.config");
