@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "tests/linux/support/Groups.h"
-#include "tests/linux/wayland/WaylandSession.h"
 #include "virtual-desktop/WaitUntil.h"
+#include "virtual-desktop/WaylandSession.h"
 #include "virtual-desktop/WaylandTextProgram.h"
 #include "virtual-desktop/WaylandWindow.h"
 
@@ -51,7 +51,8 @@ TEST_P(WaylandSessions, RealProgramsTellWhatIsTyped) {
         WaylandTextProgram program(server, toolkit, "Program");
         ASSERT_TRUE(waitUntil([&] { return server.layout() == ru; }));
         server.type({g, enter});
-        EXPECT_TRUE(waitUntil([&] { return program.typed() == "п"; })) << int(toolkit) << program.typed().toStdString();
+        EXPECT_TRUE(waitUntil([&] { return program.typed() == "п"; }))
+            << int(toolkit) << program.typed().toStdString();
     }
 }
 
