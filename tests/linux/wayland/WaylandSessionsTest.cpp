@@ -48,7 +48,7 @@ TEST_P(WaylandSessions, RealProgramsTellWhatIsTyped) {
     if (GetParam() != "kwin") toolkits.push_back(Toolkit::foot); // On KWin's virtual screen it divides by 0.
     server.selectLayout(ru);
     for (const auto toolkit : toolkits) {
-        WaylandTextProgram program(server, toolkit, "Program");
+        WaylandTextProgram program(server, toolkit, QString("Program%1").arg(int(toolkit)));
         ASSERT_TRUE(waitUntil([&] { return server.layout() == ru; }));
         server.type({g, enter});
         EXPECT_TRUE(waitUntil([&] { return program.typed() == "п"; }))
