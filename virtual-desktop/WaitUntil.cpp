@@ -6,8 +6,8 @@
 
 namespace quorvane {
 
-bool waitUntil(const std::function<bool()>& condition) {
-    const QDeadlineTimer deadline(10000);
+bool waitUntil(const std::function<bool()>& condition, std::chrono::seconds limit) {
+    const QDeadlineTimer deadline(limit);
     QTimer tick;
     tick.start(10);
     while (!condition()) {

@@ -1,0 +1,41 @@
+#include "virtual-desktop/WaylandWindow.h"
+
+#include <ranges>
+#include <stdexcept>
+
+#include "virtual-desktop/WaitUntil.h"
+
+namespace quorvane {
+
+WaylandWindow::WaylandWindow(const QString& title, const QString& applicationId)
+    : program_(QUORVANE_WAYLAND_WINDOW, {title, applicationId.isEmpty() ? title : applicationId}) {
+    if (!waitUntil([this] { return program_.output().contains("shown"); }))
+        throw std::runtime_error("no window " + title.toStdString());
+}
+
+std::vector<WaylandWindow::Event> WaylandWindow::events() {
+    std::vector<Event> events;
+    const auto output = program_.output();
+    for (const auto& line : output.first(output.lastIndexOf('\n') + 1).split('\n', Qt::SkipEmptyParts))
+        events.push_back({line.section(' ', 0, 0).toLongLong(), line.section(' ', 1)});
+    return events;
+}
+
+QString WaylandWindow::typed() {
+    QString text;
+    for (const auto& event : events()) {
+        if (event.what.startsWith("text ")) text += event.what.section(' ', 1);
+    }
+    return text;
+}
+
+std::optional<unsigned> WaylandWindow::group() {
+    const auto all = events();
+    for (const auto& event : std::views::reverse(all)) {
+        if (event.what.startsWith("group ")) return event.what.section(' ', 1).toUInt();
+        if (event.what == "enter" || event.what == "leave") break;
+    }
+    return std::nullopt;
+}
+
+} // namespace quorvane
