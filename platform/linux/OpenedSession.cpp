@@ -1,25 +1,20 @@
 #include "platform/linux/OpenedSession.h"
 
+#include <utility>
+
 #include <xcb/xcb.h>
 
-#include "platform/linux/WaylandSession.h"
 #include "platform/linux/dbus/BusSingleInstance.h"
 #include "platform/linux/dbus/SessionBus.h"
 #include "platform/linux/gnome/GnomeSession.h"
 #include "platform/linux/qt/LettersIcon.h"
 #include "platform/linux/qt/ReferencedIcon.h"
+#include "platform/linux/session/WaylandNotice.h"
+#include "platform/linux/sway/SwaySession.h"
 #include "platform/linux/x11/X11Session.h"
 #include "platform/linux/x11/X11SingleInstance.h"
 
 namespace quorvane {
-namespace {
-
-/// A Wayland session that offers no way is used as an X server, for the programs that use it so.
-bool isOfX11(SessionKind kind) {
-    return kind == SessionKind::x11 || kind == SessionKind::otherWayland;
-}
-
-} // namespace
 
 bool hasDisplay(SessionKind kind) {
     if (!isOfX11(kind)) return true; // It has just answered.
@@ -37,7 +32,8 @@ std::unique_ptr<OpenedSession> OpenedSession::open(SessionKind kind) {
     auto opened = std::unique_ptr<OpenedSession>(new OpenedSession(kind));
     if (!isOfX11(kind)) {
         opened->instance_ = std::make_unique<BusSingleInstance>(sessionBus());
-        return opened;
+        opened->wayland_ = WaylandDisplay::open();
+        return opened->wayland_ ? std::move(opened) : nullptr;
     }
     opened->x_ = XConnection::open();
     if (!opened->x_) return nullptr;
@@ -47,12 +43,20 @@ std::unique_ptr<OpenedSession> OpenedSession::open(SessionKind kind) {
 
 SessionStart OpenedSession::start() const {
     return [this](SessionApplications& applications) -> std::unique_ptr<Session> {
-        if (kind_ == SessionKind::gnome)
+        switch (kind_) {
+        case SessionKind::sway:
+            return std::make_unique<SwaySession>(*wayland_, applications, drawLettersIcon);
+        case SessionKind::gnome:
             return std::make_unique<GnomeSession>(sessionBus(), applications,
                                                   InputMethodIcons{drawLettersIcon, referencedIcon});
-        const auto notice =
-            kind_ == SessionKind::otherWayland ? waylandNotice().toStdString() : std::string();
-        return std::make_unique<X11Session>(*x_, applications, drawLettersIcon, notice);
+        case SessionKind::kwin:
+        case SessionKind::x11:
+            return std::make_unique<X11Session>(*x_, applications, drawLettersIcon);
+        case SessionKind::otherWayland:
+            return std::make_unique<X11Session>(*x_, applications, drawLettersIcon,
+                                                waylandNotice().toStdString());
+        }
+        return nullptr;
     };
 }
 

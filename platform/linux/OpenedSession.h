@@ -6,6 +6,7 @@
 #include "platform/linux/session/Session.h"
 #include "platform/linux/session/SessionKind.h"
 #include "platform/linux/session/SingleInstance.h"
+#include "platform/linux/wayland/WaylandDisplay.h"
 #include "platform/linux/x11/XConnection.h"
 
 namespace quorvane {
@@ -36,6 +37,7 @@ private:
 
     SessionKind kind_;
     std::unique_ptr<XConnection> x_;
+    std::unique_ptr<WaylandDisplay> wayland_; ///< For compositors that are spoken to by protocols.
     std::unique_ptr<SingleInstance> instance_;
 };
 

@@ -14,7 +14,6 @@
 #include "platform/linux/Log.h"
 #include "platform/linux/OpenedSession.h"
 #include "platform/linux/UnixSignals.h"
-#include "platform/linux/WaylandSession.h"
 #include "platform/linux/appearance/ColorScheme.h"
 #include "platform/linux/control/ControlService.h"
 #include "platform/linux/dbus/SessionBus.h"
@@ -22,6 +21,7 @@
 #include "platform/linux/localization/Translations.h"
 #include "platform/linux/qt/ProgramIcon.h"
 #include "platform/linux/qt/TemplateIcon.h"
+#include "platform/linux/session/WaylandNotice.h"
 
 namespace {
 
@@ -123,7 +123,7 @@ int main(int argc, char** argv) {
 
     const auto session = quorvane::OpenedSession::open(kind);
     if (!session) {
-        quorvane::logLine("no X server: the connection was refused");
+        quorvane::logLine("the display has refused the connection");
         return 1;
     }
     return runProgram(*session, arguments);

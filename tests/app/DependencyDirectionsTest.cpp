@@ -80,5 +80,27 @@ TEST(DependencyDirections, PointOnlyDownwards) {
     EXPECT_NE(fault("platform/linux", "#include \"platform/macos/CFValues.h\""), "");
 }
 
+/// Each session of a Linux desktop can be read alone.
+TEST(DependencyDirections, SessionsDoNotKnowEachOther) {
+    const fs::path root(QUORVANE_SOURCE_DIR);
+    const std::set<std::string> sessions{"x11", "sway", "kwin", "gnome"};
+    const std::regex include(R"(#include "platform/linux/(\w+)/)");
+    for (const auto& session : sessions) {
+        int checked = 0;
+        for (const auto& entry : fs::recursive_directory_iterator(root / "platform/linux" / session)) {
+            if (!entry.is_regular_file()) continue;
+            ++checked;
+            std::ifstream file(entry.path());
+            for (std::string line; std::getline(file, line);) {
+                std::smatch match;
+                if (!std::regex_search(line, match, include)) continue;
+                EXPECT_TRUE(match[1] == session || !sessions.contains(match[1]))
+                    << entry.path() << ": " << line;
+            }
+        }
+        EXPECT_GT(checked, 3) << session;
+    }
+}
+
 } // namespace
 } // namespace quorvane

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
+#include <cctype>
 
 namespace quorvane {
 namespace {
@@ -11,34 +11,51 @@ using enum LauncherWindowKind;
 
 constexpr std::array launchers = {
     KnownLauncher{"Albert", "albert", "albert", managed},
+    KnownLauncher{"bemenu", "bemenu", "bemenu", popUp},
     KnownLauncher{"dmenu", "dmenu", "dmenu", popUp},
-    KnownLauncher{"GNOME Activities", "gnome-shell", "org.gnome.Shell", popUp},
+    KnownLauncher{"fuzzel", "fuzzel", "fuzzel", popUp},
     KnownLauncher{"gmrun", "Gmrun", "gmrun", managed},
+    KnownLauncher{"GNOME Activities", "gnome-shell", "org.gnome.Shell", popUp},
     KnownLauncher{"KRunner", "krunner", "org.kde.krunner", managed},
     KnownLauncher{"Kupfer", "Kupfer.py", "kupfer", managed},
     KnownLauncher{"LXQt Runner", "lxqt-runner", "lxqt-runner", managed},
     KnownLauncher{"Rofi", "Rofi", "rofi", popUp},
     KnownLauncher{"Synapse", "Synapse", "synapse", managed},
+    KnownLauncher{"tofi", "tofi", "tofi", popUp},
     KnownLauncher{"Ulauncher", "Ulauncher", "ulauncher", managed},
+    KnownLauncher{"wofi", "wofi", "wofi", popUp},
     KnownLauncher{"Xfce Application Finder", "Xfce4-appfinder", "xfce4-appfinder", managed},
 };
 
-template <class Property>
-const KnownLauncher* find(Property property, std::string_view wanted) {
-    const auto found = std::find_if(launchers.begin(), launchers.end(), [&](const KnownLauncher& launcher) {
-        return std::invoke(property, launcher) == wanted;
-    });
+bool isSameIgnoringCase(std::string_view left, std::string_view right) {
+    return std::ranges::equal(
+        left, right, {}, [](unsigned char letter) { return std::tolower(letter); },
+        [](unsigned char letter) { return std::tolower(letter); });
+}
+
+template <class Predicate>
+const KnownLauncher* find(Predicate isIt) {
+    const auto* const found = std::ranges::find_if(launchers, isIt);
     return found == launchers.end() ? nullptr : &*found;
 }
 
 } // namespace
 
 const KnownLauncher* launcherOfClass(std::string_view wmClass) {
-    return find(&KnownLauncher::wmClass, wmClass);
+    return find([&](const KnownLauncher& launcher) {
+        return isSameIgnoringCase(launcher.wmClass, wmClass) || launcher.desktopId == wmClass;
+    });
+}
+
+const KnownLauncher* launcherOfProgram(std::string_view program) {
+    // One program of a launcher often is the whole of it, told what to launch: tofi-run, bemenu-run.
+    for (const std::string_view suffix : {"-run", "-drun"})
+        if (program.ends_with(suffix)) program.remove_suffix(suffix.size());
+    return find([&](const KnownLauncher& launcher) { return isSameIgnoringCase(launcher.wmClass, program); });
 }
 
 const KnownLauncher* launcherOfDesktopId(std::string_view desktopId) {
-    return find(&KnownLauncher::desktopId, desktopId);
+    return find([&](const KnownLauncher& launcher) { return launcher.desktopId == desktopId; });
 }
 
 std::vector<std::string> launcherIdentifiers() {

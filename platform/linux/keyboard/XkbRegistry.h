@@ -18,4 +18,8 @@ struct XkbLayoutNames {
 /// the database takes some milliseconds and megabytes, so nothing of it is kept.
 std::map<std::string, XkbLayoutNames> namesOfLayouts(const std::vector<XkbLayout>& layouts); // by layout id
 
+/// Looks layouts up by what the database, and so a keymap, calls them in English: `Russian (phonetic)`. One
+/// that it does not know gets that as its name.
+std::vector<XkbLayout> layoutsOfNames(const std::vector<std::string>& names); // in this order
+
 } // namespace quorvane

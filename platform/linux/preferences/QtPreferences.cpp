@@ -47,7 +47,7 @@ struct QtPreferences::Widgets {
 };
 
 QtPreferences::Widgets::Widgets(const Neighbours& neighbours)
-    : keyboard(neighbours.keyboard)
+    : keyboard(neighbours.keyboard, neighbours.host)
     , window(neighbours.host, neighbours.notifications)
     , form([this] {
         Ui::Preferences made;

@@ -8,8 +8,9 @@
 
 namespace quorvane {
 
-ShortcutKeyboard::ShortcutKeyboard(PrintedKeyboard& keyboard)
+ShortcutKeyboard::ShortcutKeyboard(PrintedKeyboard& keyboard, WindowHost& host)
     : keyboard_(keyboard)
+    , host_(host)
     , changes_(keyboard.changed.connect([this] {
         if (std::exchange(isKnown_, false)) changed.emit();
     })) {}

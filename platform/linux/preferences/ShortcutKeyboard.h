@@ -7,6 +7,7 @@
 #include "platform/Signal.h"
 #include "platform/linux/keyboard/PrintedKeyboard.h"
 #include "platform/linux/preferences/KeyNames.h"
+#include "platform/linux/qt/WindowHost.h"
 #include "settings/InputShortcut.h"
 #include "shortcuts/RecorderBehaviour.h"
 
@@ -17,7 +18,10 @@ namespace quorvane {
 class ShortcutKeyboard {
 public:
     /// What is given must outlive this object.
-    explicit ShortcutKeyboard(PrintedKeyboard& keyboard);
+    ShortcutKeyboard(PrintedKeyboard& keyboard, WindowHost& host);
+
+    /// As the window host does.
+    Subscription takeKeyboard(QWidget& widget) { return host_.takeKeyboard(widget); }
 
     /// The modifiers in the state of a key event, as `ModifierFlag`s; locks are none.
     RecorderBehaviour::Modifiers modifiersOfState(std::uint32_t state);
@@ -37,6 +41,7 @@ private:
     void read();
 
     PrintedKeyboard& keyboard_;
+    WindowHost& host_;
     bool isKnown_ = false;
     ModifierBits bits_;
     KeyNames names_;

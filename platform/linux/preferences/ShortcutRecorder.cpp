@@ -103,11 +103,10 @@ bool ShortcutRecorder::takeKeyboard() {
 }
 
 Subscription ShortcutRecorder::watch() {
-    grabKeyboard();
     qApp->installEventFilter(this);
-    return Subscription([this] {
+    return Subscription([this, taken = std::make_shared<Subscription>(keyboard_.takeKeyboard(*this))] {
         qApp->removeEventFilter(this);
-        releaseKeyboard();
+        taken->end();
     });
 }
 

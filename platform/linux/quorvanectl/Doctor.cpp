@@ -5,6 +5,10 @@ namespace {
 
 constexpr std::size_t mostLayouts = 4;
 
+constexpr const char* noTray = "there is no tray for the status item";
+constexpr const char* noTrayRemedy =
+    "add one to your panel; without it, launch Quorvane once more to see its window";
+
 std::string text(const PropertyList& value) {
     const auto* string = value.string();
     return string ? *string : std::string();
@@ -12,9 +16,13 @@ std::string text(const PropertyList& value) {
 
 void lookAtDesktop(const Symptoms& symptoms, std::vector<Finding>& findings) {
     const auto add = [&](const char* problem, const char* remedy) { findings.push_back({problem, remedy}); };
-    if (symptoms.isWaylandSession)
-        add("this is a Wayland session: only programs that use X11 are switched",
-            "choose the X11 (Xorg) session when you log in");
+    if (symptoms.session == SessionKind::otherWayland)
+        add("this Wayland compositor offers no way: only programs that use X11 are switched",
+            "log in to sway, KDE Plasma or GNOME, or to an X11 (Xorg) session");
+    if (!isOfX11(symptoms.session)) {
+        if (!symptoms.hasTray) add(noTray, noTrayRemedy);
+        return;
+    }
     if (!symptoms.hasXServer) {
         add("no X server can be reached", "run this in your desktop session, with DISPLAY set");
         return;
@@ -22,9 +30,7 @@ void lookAtDesktop(const Symptoms& symptoms, std::vector<Finding>& findings) {
     if (!symptoms.hasWindowManager)
         add("there is no window manager that tells which window is active",
             "start one that follows EWMH, as nearly all do");
-    if (!symptoms.hasTray)
-        add("there is no tray for the status item",
-            "add one to your panel; without it, launch Quorvane once more to see its window");
+    if (!symptoms.hasTray) add(noTray, noTrayRemedy);
     if (symptoms.declaredLayouts > mostLayouts)
         add("more than four keyboard layouts are set: the X server keeps the first four",
             "remove some in your desktop's keyboard settings, or use IBus or Fcitx5");

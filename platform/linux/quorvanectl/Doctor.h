@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/PropertyList.h"
+#include "platform/linux/session/SessionKind.h"
 
 namespace quorvane {
 
@@ -12,7 +13,7 @@ namespace quorvane {
 struct Symptoms {
     bool hasSessionBus = true;
     bool hasXServer = true;
-    bool isWaylandSession = false;
+    SessionKind session = SessionKind::x11;
     bool hasWindowManager = true;
     bool hasTray = true;
     std::size_t declaredLayouts = 2; ///< How many the user has asked the X server for.

@@ -10,7 +10,6 @@
 #include <QStandardPaths>
 #include <unistd.h>
 
-#include "platform/linux/WaylandSession.h"
 #include "platform/linux/defaults/LinuxUserDefaults.h"
 #include "platform/linux/quorvanectl/LayoutKeepers.h"
 #include "platform/linux/x11/XConnection.h"
@@ -37,13 +36,16 @@ std::vector<std::string> runningSwitchers() {
     return found;
 }
 
-bool hasTray(XConnection& x) {
+bool hasStatusNotifierWatcher() {
+    const auto bus = QDBusConnection::sessionBus();
+    return bus.isConnected() && bus.interface()->isServiceRegistered("org.kde.StatusNotifierWatcher");
+}
+
+bool hasOlderTray(XConnection& x) {
     const auto selection = x.atom("_NET_SYSTEM_TRAY_S" + std::to_string(x.screenNumber()));
     const XcbReply<xcb_get_selection_owner_reply_t> owner(
         xcb_get_selection_owner_reply(x.xcb(), xcb_get_selection_owner(x.xcb(), selection), nullptr));
-    if (owner && owner->owner != XCB_WINDOW_NONE) return true;
-    const auto bus = QDBusConnection::sessionBus();
-    return bus.isConnected() && bus.interface()->isServiceRegistered("org.kde.StatusNotifierWatcher");
+    return owner && owner->owner != XCB_WINDOW_NONE;
 }
 
 /// The layouts, separated by commas, in what some program last wrote when it set the keyboard: rules, model,
@@ -59,7 +61,7 @@ void lookAtServer(Symptoms& symptoms) {
     const auto x = XConnection::open();
     symptoms.hasXServer = x != nullptr;
     if (!x) return;
-    symptoms.hasTray = hasTray(*x);
+    symptoms.hasTray = symptoms.hasTray || hasOlderTray(*x);
     symptoms.hasWindowManager = !XProperty(*x, x->root(), "_NET_SUPPORTING_WM_CHECK").values().empty();
     symptoms.declaredLayouts = declaredLayouts(*x);
 }
@@ -77,8 +79,9 @@ bool isWritable(fs::path folder) {
 Symptoms symptomsOfSession(AgentLink& agent) {
     Symptoms symptoms;
     symptoms.hasSessionBus = QDBusConnection::sessionBus().isConnected();
-    symptoms.isWaylandSession = isWaylandSession();
-    lookAtServer(symptoms);
+    symptoms.session = sessionThere();
+    symptoms.hasTray = hasStatusNotifierWatcher();
+    if (isOfX11(symptoms.session)) lookAtServer(symptoms);
     symptoms.inputMethod = qgetenv("QT_IM_MODULE").toStdString();
     if (symptoms.inputMethod.empty()) symptoms.inputMethod = qgetenv("GTK_IM_MODULE").toStdString();
     symptoms.otherSwitchers = runningSwitchers();

@@ -51,8 +51,9 @@ void CompositorWindows::tellingAnew() {
 }
 
 void CompositorWindows::toldAll() {
-    if (!unconfirmed_) return;
-    for (const auto& [window, was] : *std::exchange(unconfirmed_, std::nullopt))
+    const auto gone =
+        std::exchange(unconfirmed_, std::nullopt).value_or(std::map<WindowId, CompositorWindow>());
+    for (const auto& [window, was] : gone)
         closed(window);
 }
 

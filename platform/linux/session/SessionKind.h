@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string_view>
-
 namespace quorvane {
 
 enum class SessionKind {
@@ -11,6 +9,12 @@ enum class SessionKind {
     gnome,
     otherWayland ///< One whose compositor tells nobody who is in front, or lets nobody switch layouts.
 };
+
+/// Whether the session is used as an X server, as one that offers no other way is, for the programs that use
+/// it so.
+inline bool isOfX11(SessionKind kind) {
+    return kind == SessionKind::x11 || kind == SessionKind::otherWayland;
+}
 
 /// What answers here: a compositor's own service, and not the name that a desktop gives itself. Asks the
 /// session bus, and may be called before there is an application object. Asked once, when the program starts.

@@ -1,5 +1,7 @@
 #include "platform/linux/session/ToolkitWindowHost.h"
 
+#include <QWindow>
+
 namespace quorvane {
 
 void ToolkitWindowHost::bringToUser(QWidget& window) {
@@ -7,6 +9,11 @@ void ToolkitWindowHost::bringToUser(QWidget& window) {
     window.show();
     window.raise();
     window.activateWindow();
+}
+
+Subscription ToolkitWindowHost::takeKeyboard(QWidget& widget) {
+    auto* window = widget.window()->windowHandle();
+    return window ? shortcuts_.inhibit(*window) : Subscription();
 }
 
 } // namespace quorvane

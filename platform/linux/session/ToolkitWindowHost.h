@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/qt/WindowHost.h"
+#include "platform/linux/wayland/ShortcutsInhibitor.h"
 
 namespace quorvane {
 
@@ -9,8 +10,12 @@ namespace quorvane {
 class ToolkitWindowHost : public WindowHost {
 public:
     void bringToUser(QWidget& window) override;
+    Subscription takeKeyboard(QWidget& widget) override;
     void keepAboveOthers(QWidget& /*window*/, bool /*above*/) override {}
     void showOnAllDesktops(QWidget& /*window*/, bool /*all*/) override {}
+
+private:
+    ShortcutsInhibitor shortcuts_;
 };
 
 } // namespace quorvane

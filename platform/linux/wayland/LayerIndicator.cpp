@@ -93,39 +93,35 @@ struct LayerIndicator::Listeners {
     static constexpr wl_seat_listener seat{.capabilities = capabilities, .name = nullptr};
 };
 
-LayerIndicator::LayerIndicator() : display_(WaylandDisplay::open()) {
-    if (!display_) {
-        logLine("the indicator cannot be shown: the Wayland display refuses");
-        return;
-    }
-    offers_ = display_->offered.connect(
-        [this](auto number, auto protocol, auto version) { take(number, protocol, version); });
-    withdrawals_ = display_->withdrawn.connect([this](auto number) { outputs_.erase(number); });
-    start_ = display_->ready.connect([this] {
+LayerIndicator::LayerIndicator(WaylandDisplay& display)
+    : display_(display)
+    , offers_(display.offered.connect(
+          [this](auto number, auto protocol, auto version) { take(number, protocol, version); }))
+    , withdrawals_(display.withdrawn.connect([this](auto number) { outputs_.erase(number); }))
+    , start_(display.ready.connect([this] {
         if (!shell_) logLine("the indicator cannot be shown: the compositor has no wlr-layer-shell");
         if (isShown_) create();
-    });
-}
+    })) {}
 
 LayerIndicator::~LayerIndicator() {
     destroy();
     if (shell_) zwlr_layer_shell_v1_destroy(shell_);
-    if (display_) display_->flush();
+    display_.flush();
 }
 
 void LayerIndicator::take(std::uint32_t number, std::string_view protocol, std::uint32_t version) {
     if (protocol == wl_compositor_interface.name) {
-        compositor_.reset(display_->bind<wl_compositor>(number, wl_compositor_interface, version, 4));
+        compositor_.reset(display_.bind<wl_compositor>(number, wl_compositor_interface, version, 4));
     } else if (protocol == wl_shm_interface.name) {
-        memory_.reset(display_->bind<wl_shm>(number, wl_shm_interface, version, 1));
+        memory_.reset(display_.bind<wl_shm>(number, wl_shm_interface, version, 1));
     } else if (protocol == wl_seat_interface.name && !seat_) {
-        seat_.reset(display_->bind<wl_seat>(number, wl_seat_interface, version, 1));
+        seat_.reset(display_.bind<wl_seat>(number, wl_seat_interface, version, 1));
         wl_seat_add_listener(seat_.get(), &Listeners::seat, this);
     } else if (protocol == zwlr_layer_shell_v1_interface.name) {
-        shell_ = display_->bind<zwlr_layer_shell_v1>(number, zwlr_layer_shell_v1_interface, version, 3);
+        shell_ = display_.bind<zwlr_layer_shell_v1>(number, zwlr_layer_shell_v1_interface, version, 3);
     } else if (protocol == wl_output_interface.name && version >= namedOutputs) {
         auto& output = outputs_[number] = std::make_unique<Output>();
-        output->native.reset(display_->bind<wl_output>(number, wl_output_interface, version, namedOutputs));
+        output->native.reset(display_.bind<wl_output>(number, wl_output_interface, version, namedOutputs));
         wl_output_add_listener(output->native.get(), &Listeners::output, output.get());
     }
 }
@@ -141,13 +137,13 @@ void LayerIndicator::show(const QImage& picture) {
         create();
     else if (isConfigured_)
         paint();
-    if (display_) display_->flush();
+    display_.flush();
 }
 
 void LayerIndicator::hide() {
     isShown_ = false;
     destroy();
-    if (display_) display_->flush();
+    display_.flush();
 }
 
 void LayerIndicator::moveTo(Point bottomLeft) {
@@ -235,7 +231,7 @@ void LayerIndicator::place() {
     const auto margin = topLeft_ - on->geometry().topLeft();
     zwlr_layer_surface_v1_set_margin(layer_, margin.y(), 0, 0, margin.x());
     wl_surface_commit(surface_.get());
-    display_->flush();
+    display_.flush();
 }
 
 void LayerIndicator::drag(QPointF pointer) {

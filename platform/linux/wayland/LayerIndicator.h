@@ -20,8 +20,8 @@ namespace quorvane {
 /// by its distance from that screen's top-left corner.
 class LayerIndicator : public IndicatorSurface {
 public:
-    /// Needs a QGuiApplication.
-    LayerIndicator();
+    /// Needs a QGuiApplication. Made before the display tells what there is, and must not outlive it.
+    explicit LayerIndicator(WaylandDisplay& display);
     ~LayerIndicator() override;
     LayerIndicator(const LayerIndicator&) = delete;
     LayerIndicator& operator=(const LayerIndicator&) = delete;
@@ -46,7 +46,7 @@ private:
     const QScreen* screen() const;
     wl_output* outputOf(const QScreen& screen) const;
 
-    std::unique_ptr<WaylandDisplay> display_;
+    WaylandDisplay& display_;
     WaylandRef<wl_compositor> compositor_;
     WaylandRef<wl_shm> memory_;
     WaylandRef<wl_seat> seat_;

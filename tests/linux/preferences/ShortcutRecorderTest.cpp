@@ -9,6 +9,7 @@
 #include "platform/linux/localization/Translations.h"
 #include "platform/linux/preferences/ShortcutRecorder.h"
 #include "platform/linux/x11/keyboard/X11PrintedKeyboard.h"
+#include "platform/linux/x11/windows/X11WindowHost.h"
 #include "virtual-desktop/XServer.h"
 
 namespace quorvane {
@@ -156,7 +157,8 @@ int contrastIn(const QImage& image, const QColor& ground) {
 TEST(ShortcutRecorder, CanBeReadInEveryAppearanceAndLanguage) {
     const auto x = XConnection::open();
     X11PrintedKeyboard printed(*x);
-    ShortcutKeyboard keyboard(printed);
+    X11WindowHost host(*x);
+    ShortcutKeyboard keyboard(printed, host);
     ShortcutRecorder recorder(keyboard, nullptr);
     for (const auto& [text, window] :
          {std::pair(Qt::black, QColor(239, 239, 239)), std::pair(Qt::white, QColor(53, 53, 53))}) {

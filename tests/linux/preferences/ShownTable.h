@@ -13,6 +13,7 @@
 #include "platform/linux/x11/keyboard/X11HotKeys.h"
 #include "platform/linux/x11/keyboard/X11PrintedKeyboard.h"
 #include "platform/linux/x11/windows/StackedWindow.h"
+#include "platform/linux/x11/windows/X11WindowHost.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "preferences/ShortcutTable.h"
 #include "settings/InputShortcut.h"
@@ -122,7 +123,8 @@ struct ShownTable : TableSource {
     XClient user;
     std::unique_ptr<XConnection> x = XConnection::open();
     X11PrintedKeyboard printed{*x};
-    ShortcutKeyboard keyboard{printed};
+    X11WindowHost host{*x};
+    ShortcutKeyboard keyboard{printed, host};
     CellTable table;
     QtTableView port{table};
     Journal journal;

@@ -1,9 +1,9 @@
 // What the program says and does where something is missing or ends.
 
 #include <algorithm>
+#include <cstring>
 
 #include <QDir>
-#include <QLocalServer>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #include "linux/support/TestWindow.h"
+#include "platform/linux/files/FileDescriptor.h"
 #include "settings/Keys.h"
 #include "virtual-desktop/ProgramSession.h"
 #include "virtual-desktop/WaitUntil.h"
@@ -51,12 +52,21 @@ TEST(WithoutXServer, TheProgramSaysSoAndFails) {
     EXPECT_TRUE(QDir(folders.home() + "/config").isEmpty());
 }
 
+FileDescriptor listenAt(const QByteArray& path) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::memcpy(address.sun_path, path.constData(), std::size_t(path.size()));
+    FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM, 0));
+    EXPECT_EQ(bind(socket.number(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
+    EXPECT_EQ(listen(socket.number(), 1), 0);
+    return socket;
+}
+
 TEST_F(Faults, WithoutTrayBusAndWindowManagerAndInAWaylandSessionItSaysSoOnceAndWaits) {
     session_.manager->end();
     session_.manager.reset();
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/bus");
-    QLocalServer compositor; // One that nobody knows.
-    ASSERT_TRUE(compositor.listen(qgetenv("XDG_RUNTIME_DIR") + "/wayland-9"));
+    const auto compositor = listenAt(qgetenv("XDG_RUNTIME_DIR") + "/wayland-9"); // One that nobody knows.
     qputenv("WAYLAND_DISPLAY", "wayland-9");
     session_.startProgram();
     qunsetenv("WAYLAND_DISPLAY");

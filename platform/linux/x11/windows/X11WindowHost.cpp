@@ -41,6 +41,11 @@ void X11WindowHost::bringToUser(QWidget& window) {
     xcb_flush(sender);
 }
 
+Subscription X11WindowHost::takeKeyboard(QWidget& widget) {
+    widget.grabKeyboard();
+    return Subscription([&widget] { widget.releaseKeyboard(); });
+}
+
 void X11WindowHost::keepAboveOthers(QWidget& window, bool above) {
     quorvane::keepAboveOthers(x_, static_cast<xcb_window_t>(window.winId()), above);
 }

@@ -11,6 +11,7 @@ public:
     explicit X11WindowHost(XConnection& x) : x_(x) {}
 
     void bringToUser(QWidget& window) override;
+    Subscription takeKeyboard(QWidget& widget) override;
     void keepAboveOthers(QWidget& window, bool above) override;
     void showOnAllDesktops(QWidget& window, bool all) override;
 

@@ -15,11 +15,11 @@
 namespace quorvane {
 namespace {
 
-class X11WorkspaceTest : public testing::Test {
+class X11ApplicationsTest : public testing::Test {
 protected:
     using Ids = std::vector<std::string>;
 
-    explicit X11WorkspaceTest(const QString& windowManager = "openbox") : session_(windowManager) {}
+    explicit X11ApplicationsTest(const QString& windowManager = "openbox") : session_(windowManager) {}
 
     Subscription noteInto(Ids& ids, WorkspaceNotification notification) {
         return session_.workspace.addObserver(notification, [&ids](const auto& application) {
@@ -39,7 +39,7 @@ protected:
     Subscription launches_ = noteInto(launched_, WorkspaceNotification::didLaunchApplication);
 };
 
-TEST_F(X11WorkspaceTest, KnowsTheApplicationOfAWindow) {
+TEST_F(X11ApplicationsTest, KnowsTheApplicationOfAWindow) {
     const auto entry = [&](const QString& id, const char* lines) {
         session_.folders.write("data/applications/" + id + ".desktop",
                                "[Desktop Entry]\nType=Application\nName=A name\n" + QByteArray(lines));
@@ -88,7 +88,7 @@ TEST_F(X11WorkspaceTest, KnowsTheApplicationOfAWindow) {
     }
 }
 
-TEST_F(X11WorkspaceTest, AProgramWithoutDesktopFileIsTheSameWhicheverWayItIsNamed) {
+TEST_F(X11ApplicationsTest, AProgramWithoutDesktopFileIsTheSameWhicheverWayItIsNamed) {
     const auto named = copyOfTestWindow("named"), chosen = copyOfTestWindow("chosen");
     LinuxUserDefaults stores(LinuxUserDefaults::configFolder(), "test.domain");
     auto& standard = stores.standardUserDefaults();
@@ -124,7 +124,7 @@ TEST_F(X11WorkspaceTest, AProgramWithoutDesktopFileIsTheSameWhicheverWayItIsName
     }
 }
 
-TEST_F(X11WorkspaceTest, WindowsThatNobodyCanIdentifyHaveNoIdentifier) {
+TEST_F(X11ApplicationsTest, WindowsThatNobodyCanIdentifyHaveNoIdentifier) {
     const TestWindow first({"orphan=1"});
     ASSERT_TRUE(waitUntil([&] { return activated_ == Ids{"nobody's"}; }));
     const TestWindow second({"orphan=1"});
@@ -134,7 +134,7 @@ TEST_F(X11WorkspaceTest, WindowsThatNobodyCanIdentifyHaveNoIdentifier) {
     EXPECT_THAT(session_.workspace.runningApplications(), testing::IsEmpty());
 }
 
-TEST_F(X11WorkspaceTest, ReadsTheActiveWindowWhateverIsThere) {
+TEST_F(X11ApplicationsTest, ReadsTheActiveWindowWhateverIsThere) {
     TestWindow gone({"class=Gone"});
     ASSERT_TRUE(session_.waitForFront("Gone"));
     const auto destroyed = gone.window();
@@ -164,8 +164,8 @@ TEST_F(X11WorkspaceTest, ReadsTheActiveWindowWhateverIsThere) {
     EXPECT_TRUE(session_.waitForFront(std::string(maker::bundleIdentifier)));
 }
 
-struct X11WorkspaceOnBspwm : X11WorkspaceTest {
-    X11WorkspaceOnBspwm() : X11WorkspaceTest("bspwm") {}
+struct X11WorkspaceOnBspwm : X11ApplicationsTest {
+    X11WorkspaceOnBspwm() : X11ApplicationsTest("bspwm") {}
 };
 
 // bspwm announces a new window before it moves the focus, and lists it last.
@@ -186,7 +186,7 @@ TEST_F(X11WorkspaceOnBspwm, EveryProgramThatIsOpenedComesToTheFrontOnce) {
     EXPECT_THAT(activated_, testing::ElementsAre("Alpha", "Beta", "Alpha", "Gamma", "Alpha"));
 }
 
-TEST_F(X11WorkspaceTest, LivesThroughARestartOfTheWindowManagerAndFollowsTheFocusMeanwhile) {
+TEST_F(X11ApplicationsTest, LivesThroughARestartOfTheWindowManagerAndFollowsTheFocusMeanwhile) {
     const TestWindow alpha({"class=Alpha"});
     const TestWindow beta({"class=Beta"});
     ASSERT_TRUE(session_.waitForFront("Beta"));
@@ -207,7 +207,7 @@ TEST_F(X11WorkspaceTest, LivesThroughARestartOfTheWindowManagerAndFollowsTheFocu
     EXPECT_EQ(later.workspace.activeWindow(), beta.window());
 }
 
-TEST_F(X11WorkspaceTest, FollowsAWindowThatGetsItsClassLate) {
+TEST_F(X11ApplicationsTest, FollowsAWindowThatGetsItsClassLate) {
     const TestWindow window({"class=Early"});
     ASSERT_TRUE(session_.waitForFront("Early"));
     session_.user.setText(window.window(), "WM_CLASS", "STRING", std::string_view("late\0Late\0", 10));
@@ -216,7 +216,7 @@ TEST_F(X11WorkspaceTest, FollowsAWindowThatGetsItsClassLate) {
     EXPECT_TRUE(session_.workspace.runningApplicationsWithBundleIdentifier("Early").empty());
 }
 
-TEST_F(X11WorkspaceTest, ThisProcessComesToTheFrontButIsNotAmongThoseThatRun) {
+TEST_F(X11ApplicationsTest, ThisProcessComesToTheFrontButIsNotAmongThoseThatRun) {
     const std::string own(maker::bundleIdentifier);
     const TestWindow alpha({"class=Alpha"});
     ASSERT_TRUE(session_.waitForFront("Alpha"));
@@ -233,7 +233,7 @@ TEST_F(X11WorkspaceTest, ThisProcessComesToTheFrontButIsNotAmongThoseThatRun) {
     EXPECT_TRUE(session_.workspace.runningApplicationsWithBundleIdentifier(own).empty());
 }
 
-TEST_F(X11WorkspaceTest, AProgramThatWithdrawsItsLastWindowLeavesTheFront) {
+TEST_F(X11ApplicationsTest, AProgramThatWithdrawsItsLastWindowLeavesTheFront) {
     Ids left;
     const auto departures = noteInto(left, WorkspaceNotification::didLeaveFront);
     const auto window = session_.user.show(), dialog = session_.user.show();
@@ -248,7 +248,7 @@ TEST_F(X11WorkspaceTest, AProgramThatWithdrawsItsLastWindowLeavesTheFront) {
     EXPECT_TRUE(waitUntil([&] { return session_.workspace.activeWindow() == window; }));
 }
 
-TEST_F(X11WorkspaceTest, APanelIsAnAccessory) {
+TEST_F(X11ApplicationsTest, APanelIsAnAccessory) {
     const TestWindow program({"class=Program"}), panel({"class=Panel", "type=DOCK"});
     EXPECT_TRUE(waitUntil([&] {
         const auto running = session_.workspace.runningApplications();

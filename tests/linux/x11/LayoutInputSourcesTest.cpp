@@ -82,7 +82,7 @@ private:
 INSTANTIATE_TEST_SUITE_P(Xkb, TextInputSourcesContract,
                          testing::Values([] { return std::make_unique<XkbBench>(); }));
 
-class XkbInputSourcesTest : public testing::Test, protected XkbSession {
+class LayoutInputSourcesTest : public testing::Test, protected XkbSession {
 protected:
     bool waitForIds(const std::vector<std::string>& wanted) {
         return waitUntil([&] { return idsOf(sources.createInputSourceList()) == wanted; });
@@ -96,7 +96,7 @@ protected:
     }
 };
 
-TEST_F(XkbInputSourcesTest, TheSelectedLayoutKeepsItsSelectionInAnotherList) {
+TEST_F(LayoutInputSourcesTest, TheSelectedLayoutKeepsItsSelectionInAnotherList) {
     ASSERT_TRUE(sources.selectInputSource({.id = "xkb:de:neo"}));
     ASSERT_TRUE(waitForGroup(2));
     ASSERT_TRUE(XServer::setLayouts("fr,de", ",neo")); // The server keeps the third group, which is none.
@@ -110,14 +110,14 @@ TEST_F(XkbInputSourcesTest, TheSelectedLayoutKeepsItsSelectionInAnotherList) {
     EXPECT_TRUE(waitForGroup(2));
 }
 
-TEST_F(XkbInputSourcesTest, AMapLoadedPastTheDeclaredLayoutsIsSeenForWhatItIs) {
+TEST_F(LayoutInputSourcesTest, AMapLoadedPastTheDeclaredLayoutsIsSeenForWhatItIs) {
     EXPECT_EQ(QProcess::execute("sh", {"-c", "setxkbmap -layout fr -print | xkbcomp -w0 - $DISPLAY"}), 0);
     EXPECT_TRUE(waitForIds({"xkb:fr"}));
     ASSERT_TRUE(XServer::setLayouts("us,ru,de,fr,gr", ",,,,"));
     EXPECT_TRUE(waitForIds({"xkb:us", "xkb:ru", "xkb:de", "xkb:fr"})) << "four is all that a server can hold";
 }
 
-TEST_F(XkbInputSourcesTest, NamesAndLettersComeFromTheLayoutDatabase) {
+TEST_F(LayoutInputSourcesTest, NamesAndLettersComeFromTheLayoutDatabase) {
     EXPECT_EQ(sources.localizedName({.id = "xkb:us"}), "English (US)");
     EXPECT_EQ(sources.localizedName({.id = "xkb:de:neo"}), "German (Neo 2)");
     EXPECT_EQ(sources.localizedName({.id = "xkb:gone"}), "xkb:gone");

@@ -1,13 +1,8 @@
-#include "platform/linux/WaylandSession.h"
+#include "platform/linux/session/WaylandNotice.h"
 
 #include "platform/linux/localization/Localized.h"
 
 namespace quorvane {
-
-bool isWaylandSession() {
-    const auto type = qgetenv("XDG_SESSION_TYPE");
-    return type == "wayland" || (type.isEmpty() && !qgetenv("WAYLAND_DISPLAY").isEmpty());
-}
 
 QString waylandNotice() {
     return localized("This is a Wayland session: Quorvane sees only programs that use X11, and cannot switch "

@@ -1,0 +1,41 @@
+#include "platform/linux/sway/SwayWindows.h"
+
+#include "platform/linux/applications/RunningLauncher.h"
+#include "platform/linux/sway/SwayTree.h"
+
+namespace quorvane {
+
+SwayWindows::SwayWindows(SwayIpc& sway, CompositorWindows& windows)
+    : windows_(windows)
+    , tree_(sway, SwayRequest::getTree, [this](const QJsonDocument& tree) { takeTree(tree.object()); })
+    , events_(sway.happened.connect([this](SwayEvent type, const QJsonObject& event) {
+        if (type == SwayEvent::window) handleWindow(event);
+        if (type == SwayEvent::workspace) readAnew();
+    })) {}
+
+void SwayWindows::handleWindow(const QJsonObject& event) {
+    const auto container = event.value("container").toObject();
+    const auto change = event.value("change");
+    // Titles change with every command in a terminal, and only that of the window in front is of interest.
+    if (change == QLatin1String("title") && !container.value("focused").toBool()) return;
+    if (change == QLatin1String("focus") && isSwayWindow(container)) {
+        const auto window = swayWindowId(container);
+        windows_.changed(window, swayWindow(container));
+        windows_.activated(window);
+        windows_.launcherMoved(nullptr);
+    }
+    readAnew();
+}
+
+void SwayWindows::takeTree(const QJsonObject& root) {
+    const auto tree = swayTree(root);
+    windows_.tellingAnew();
+    for (const auto& [number, window] : tree.windows)
+        windows_.changed(number, window);
+    windows_.activated(tree.focused);
+    windows_.toldAll();
+    // sway does not tell who it is.
+    windows_.launcherMoved(tree.isFocusElsewhere ? runningLauncher() : nullptr);
+}
+
+} // namespace quorvane
