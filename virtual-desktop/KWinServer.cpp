@@ -24,12 +24,6 @@ void write(const QString& path, const QByteArray& text) {
     file.write(text);
 }
 
-QByteArray contents(const QString& path) {
-    QFile file(path);
-    file.open(QFile::ReadOnly);
-    return file.readAll();
-}
-
 } // namespace
 
 KWinServer::KWinServer()
@@ -62,20 +56,14 @@ KWinServer::~KWinServer() {
 
 void KWinServer::launch() {
     keyboard_.reset();
-    const auto displays = runFolder() + "/kwin/displays";
-    QFile::remove(displays);
-    const auto tell = QString("sh -c 'echo \"$WAYLAND_DISPLAY $DISPLAY .\" > %1'").arg(displays);
     start(runFolder() + "/kwin/kwin_wayland",
           {"--virtual", "--no-lockscreen", "--xwayland", "--socket", "wayland-kwin", "--width", "1280",
-           "--height", "720", tell},
+           "--height", "720", writeTeller()},
           {"XDG_DATA_DIRS=" + runFolder() + "/kwin:/usr/local/share:/usr/share",
            "KWIN_SCREENSHOT_NO_PERMISSION_CHECKS=1"},
-          [&] {
-              return contents(displays).endsWith(".\n") &&
-                     callLayouts("getLayout").type() == QDBusMessage::ReplyMessage;
+          [this] {
+              return hasToldDisplays() && callLayouts("getLayout").type() == QDBusMessage::ReplyMessage;
           });
-    const auto named = contents(displays).split(' ');
-    useDisplays(named.at(0), named.at(1));
     keyboard_.emplace();
     constexpr std::uint8_t shift = 50;
     pressTogether({shift}); // The seat has no keyboard before.
