@@ -27,20 +27,18 @@ SwayKeyboard::SwayKeyboard(SwayIpc& sway)
     : sway_(sway)
     , inputs_(sway, SwayRequest::getInputs,
               [this](const QJsonDocument& answer) { takeInputs(answer.array()); })
-    , openings_(sway.opened.connect([this] { locksUnderWay_ = 0; }))
+    , openings_(sway.opened.connect([this] { group_.forgetRequests(); }))
     , events_(sway.happened.connect([this](SwayEvent type, const QJsonObject& event) {
         if (type == SwayEvent::input) handleInput(event);
     })) {}
 
 void SwayKeyboard::lockGroup(unsigned group) {
     if (!sway_.isOpen()) return;
-    group_ = group;
-    ++locksUnderWay_;
+    group_.request(group);
     const auto command = "input type:keyboard xkb_switch_layout " + QByteArray::number(group);
     sway_.run(command, [this](bool /*isDone*/) {
-        if (--locksUnderWay_ > 0) return;
-        group_ = toldGroup_; // The same, unless there is no such group.
-        groupChanged.emit(group_);
+        group_.answered();
+        groupChanged.emit(group_.effective());
     });
 }
 
@@ -50,9 +48,8 @@ void SwayKeyboard::handleInput(const QJsonObject& event) {
     if (event.value("change") != QLatin1String("xkb_layout")) return inputs_.readAnew();
     const auto input = event.value("input").toObject();
     if (!hasOurLayouts(input)) return;
-    toldGroup_ = groupOf(input);
-    if (locksUnderWay_ == 0) group_ = toldGroup_;
-    groupChanged.emit(group_);
+    group_.tell(groupOf(input));
+    groupChanged.emit(group_.effective());
 }
 
 void SwayKeyboard::takeInputs(const QJsonArray& inputs) {
@@ -67,15 +64,14 @@ void SwayKeyboard::takeInputs(const QJsonArray& inputs) {
     if (names.empty()) return; // The last keyboard was unplugged, and the user keeps the layouts.
     if (names != layouts_.names) {
         layouts_ = {layoutsOfNames(names), names};
-        toldGroup_ = groupOf(chosen);
-        if (locksUnderWay_ == 0) group_ = toldGroup_;
+        group_.tell(groupOf(chosen));
         return mapChanged.emit();
     }
     // A new keymap of the same layouts starts with the first one, as a new keyboard does, and nobody tells.
     const bool isForgotten = std::any_of(inputs.begin(), inputs.end(), [this](const auto& each) {
-        return hasOurLayouts(each.toObject()) && groupOf(each.toObject()) != group_;
+        return hasOurLayouts(each.toObject()) && groupOf(each.toObject()) != group_.effective();
     });
-    if (isForgotten && locksUnderWay_ == 0) lockGroup(group_);
+    if (isForgotten && !group_.isUnderWay()) lockGroup(group_.effective());
 }
 
 bool SwayKeyboard::hasOurLayouts(const QJsonObject& input) const {

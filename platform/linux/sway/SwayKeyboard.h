@@ -6,6 +6,7 @@
 #include <QJsonArray>
 
 #include "platform/linux/keyboard/LayoutKeyboard.h"
+#include "platform/linux/keyboard/RequestedGroup.h"
 #include "platform/linux/sway/SwayReading.h"
 
 namespace quorvane {
@@ -17,7 +18,7 @@ public:
     explicit SwayKeyboard(SwayIpc& sway);
 
     KeyboardLayouts layouts() const override { return layouts_; }
-    unsigned effectiveGroup() const override { return group_; }
+    unsigned effectiveGroup() const override { return group_.effective(); }
     void readGroup() override {} ///< It comes with the layouts.
     void lockGroup(unsigned group) override;
 
@@ -28,9 +29,7 @@ private:
 
     SwayIpc& sway_;
     KeyboardLayouts layouts_;
-    unsigned group_ = 0;
-    unsigned toldGroup_ = 0;
-    int locksUnderWay_ = 0; ///< What is told until they are done tells of what they end.
+    RequestedGroup group_;
     SwayReading inputs_;
     Subscription openings_;
     Subscription events_;

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <functional>
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QObject>
+
+namespace quorvane {
+
+/// Calls a method without waiting and without starting the service. `answered` gets the answer, which may be
+/// an error, from the event loop, unless the context has ended.
+void callAsync(const QDBusConnection& bus, QDBusMessage call, QObject* context,
+               std::function<void(const QDBusMessage& answer)> answered = {});
+
+} // namespace quorvane
