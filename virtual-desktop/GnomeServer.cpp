@@ -45,7 +45,7 @@ GnomeServer::GnomeServer(const std::vector<Extension>& extensions)
                "[org/gnome/desktop/interface]\nenable-animations=false\n");
     file.close();
     qputenv("GSETTINGS_BACKEND", "keyfile");
-    launch();
+    GnomeServer::launch();
 }
 
 GnomeServer::~GnomeServer() {

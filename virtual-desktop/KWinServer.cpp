@@ -44,7 +44,7 @@ KWinServer::KWinServer()
               "\nX-KDE-Wayland-Interfaces=org_kde_kwin_fake_input\n");
     // Where the installed file's capability is not to be had, it cannot be run. A copy has none.
     QFile::copy("/usr/bin/kwin_wayland", runFolder() + "/kwin/kwin_wayland");
-    launch();
+    KWinServer::launch();
 }
 
 KWinServer::~KWinServer() {
