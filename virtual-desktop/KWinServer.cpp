@@ -24,12 +24,6 @@ void write(const QString& path, const QByteArray& text) {
     file.write(text);
 }
 
-QByteArray contents(const QString& path) {
-    QFile file(path);
-    file.open(QFile::ReadOnly);
-    return file.readAll();
-}
-
 } // namespace
 
 KWinServer::KWinServer()
@@ -40,6 +34,7 @@ KWinServer::KWinServer()
     qputenv("KDE_SESSION_VERSION", "5");
     const auto configuration = qEnvironmentVariable("XDG_CONFIG_HOME");
     write(configuration + "/kxkbrc", "[Layout]\nUse=true\nLayoutList=us,ru,de\n");
+    write(configuration + "/kcminputrc", "[Keyboard]\nKeyRepeat=nothing\n");
     // It tells whom it lets press keys; nobody else sees these files.
     const auto applications = runFolder() + "/kwin/applications";
     QDir().mkpath(applications);
@@ -62,20 +57,14 @@ KWinServer::~KWinServer() {
 
 void KWinServer::launch() {
     keyboard_.reset();
-    const auto displays = runFolder() + "/kwin/displays";
-    QFile::remove(displays);
-    const auto tell = QString("sh -c 'echo \"$WAYLAND_DISPLAY $DISPLAY .\" > %1'").arg(displays);
     start(runFolder() + "/kwin/kwin_wayland",
           {"--virtual", "--no-lockscreen", "--xwayland", "--socket", "wayland-kwin", "--width", "1280",
-           "--height", "720", tell},
+           "--height", "720", writeTeller()},
           {"XDG_DATA_DIRS=" + runFolder() + "/kwin:/usr/local/share:/usr/share",
            "KWIN_SCREENSHOT_NO_PERMISSION_CHECKS=1"},
-          [&] {
-              return contents(displays).endsWith(".\n") &&
-                     callLayouts("getLayout").type() == QDBusMessage::ReplyMessage;
+          [this] {
+              return hasToldDisplays() && callLayouts("getLayout").type() == QDBusMessage::ReplyMessage;
           });
-    const auto named = contents(displays).split(' ');
-    useDisplays(named.at(0), named.at(1));
     keyboard_.emplace();
     constexpr std::uint8_t shift = 50;
     pressTogether({shift}); // The seat has no keyboard before.

@@ -15,7 +15,8 @@ LogindStandIn::LogindStandIn() {
     qputenv("DBUS_SYSTEM_BUS_ADDRESS", address.toUtf8());
     process_.setStandardErrorFile(QProcess::nullDevice());
     process_.setStandardOutputFile(QProcess::nullDevice());
-    process_.start("python3", {"-m", "dbusmock", "--system", "--template", "logind"});
+    // The one that has the module: another may come first in PATH.
+    process_.start("/usr/bin/python3", {"-m", "dbusmock", "--system", "--template", "logind"});
     const bool isThere = waitUntil(
         [&] {
             const auto bus = QDBusConnection::connectToBus(address, connectionName);

@@ -6,6 +6,7 @@
 #include <sched.h>
 #include <unistd.h>
 
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 
@@ -23,10 +24,7 @@ std::string map(unsigned inside, unsigned outside) {
     return std::to_string(inside) + " " + std::to_string(outside) + " 1";
 }
 
-} // namespace
-
-void becomeOrdinaryUser() {
-    if (::geteuid() != 0) return;
+void leaveRoot() {
     // Whom the system knows by name: a bus lets nobody else in, and Xwayland neither.
     const auto* user = ::getpwnam("daemon");
     if (!user) throw std::runtime_error("there is no user daemon");
@@ -35,10 +33,21 @@ void becomeOrdinaryUser() {
         if (!write("/proc/self/setgroups", "deny") || !write("/proc/self/uid_map", map(user->pw_uid, 0)) ||
             !write("/proc/self/gid_map", map(user->pw_gid, groupOfRoot)))
             throw std::runtime_error("a user namespace cannot be set up");
-        return;
-    }
-    if (::setgroups(0, nullptr) != 0 || ::setgid(user->pw_gid) != 0 || ::setuid(user->pw_uid) != 0)
+    } else if (::setgroups(0, nullptr) != 0 || ::setgid(user->pw_gid) != 0 || ::setuid(user->pw_uid) != 0) {
         throw std::runtime_error("cannot become another user");
+    }
+}
+
+} // namespace
+
+// Only a program that is started as somebody has no more rights than they have: others of theirs may look at
+// it then.
+void becomeOrdinaryUser(char** arguments) {
+    if (::geteuid() != 0) return;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe");
+    leaveRoot();
+    ::execv(program.c_str(), arguments);
+    throw std::runtime_error("cannot be run by somebody else: " + program.string());
 }
 
 } // namespace quorvane

@@ -36,19 +36,13 @@ QJsonObject windowNamed(const QString& name) {
                 [&](const QJsonObject& window) { return namesOf(window).contains(name); });
 }
 
-QByteArray contents(const QString& path) {
-    QFile file(path);
-    file.open(QFile::ReadOnly);
-    return file.readAll();
-}
-
 } // namespace
 
 SwayServer::SwayServer(const QByteArray& configuration) : WaylandServer("sway") {
     QFile file(path("config"));
     file.open(QFile::WriteOnly);
-    file.write("input * xkb_layout " + QByteArray(layouts) + "\ndefault_border none\nxwayland enable\n" +
-               configuration + "\n");
+    file.write("input * xkb_layout " + QByteArray(layouts) +
+               "\ninput * repeat_rate 0\ndefault_border none\nxwayland enable\n" + configuration + "\n");
     qputenv("SWAYSOCK", path("socket").toUtf8());
     launch();
 }
@@ -59,22 +53,17 @@ SwayServer::~SwayServer() {
     qunsetenv("SWAYSOCK");
 }
 
-// What it starts has its displays, and it starts nothing before it is ready.
+// It runs programs when it is ready.
 void SwayServer::launch() {
     keyboard_.reset();
-    for (const auto* of : {"socket", "displays"})
-        QFile::remove(path(of));
+    QFile::remove(path("socket"));
     QFile starting(path("start"));
     starting.open(QFile::WriteOnly);
-    starting.write(("include " + path("config") + "\nexec echo \"$WAYLAND_DISPLAY $DISPLAY .\" > " +
-                    path("displays") + "\n")
-                       .toUtf8());
+    starting.write(("include " + path("config") + "\nexec " + writeTeller() + "\n").toUtf8());
     starting.close();
     start("sway", {"-c", path("start")},
           {"WLR_BACKENDS=headless", "WLR_LIBINPUT_NO_DEVICES=1", "WLR_RENDERER=pixman"},
-          [this] { return contents(path("displays")).endsWith(".\n"); });
-    const auto displays = contents(path("displays")).split(' ');
-    useDisplays(displays.at(0), displays.at(1));
+          [this] { return hasToldDisplays(); });
     keyboard_.emplace(layouts, [this] { return layout(); });
 }
 

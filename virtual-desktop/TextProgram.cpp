@@ -2,42 +2,18 @@
 
 #include <stdexcept>
 
-#include <QFile>
-
 #include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
-namespace {
-
-QString program(TextProgram::Toolkit toolkit, ProgramSession& session, const QString& wmClass) {
-    if (toolkit == TextProgram::Toolkit::gtk) return "zenity";
-    if (toolkit == TextProgram::Toolkit::xim) return "xterm";
-    // Its name becomes the class.
-    auto named = session.folders.home() + "/" + wmClass;
-    QFile::link(QUORVANE_TEXT_WINDOW, named);
-    return named;
-}
-
-QStringList arguments(TextProgram::Toolkit toolkit, const QString& wmClass) {
-    if (toolkit == TextProgram::Toolkit::gtk) return {"--entry", "--class=" + wmClass};
-    if (toolkit == TextProgram::Toolkit::qt) return {wmClass};
-    // Not by lines: IBus lets the key that ends one overtake the text before it. The output is xterm's.
-    return {"-u8",
-            "-class",
-            wmClass,
-            "-e",
-            "sh",
-            "-c",
-            "stty -icanon; exec > /proc/$PPID/fd/1; echo 'shown '; exec cat"};
-}
-
-} // namespace
-
 TextProgram::TextProgram(ProgramSession& session, Toolkit toolkit, const QString& wmClass)
+    : TextProgram(session, toolkit, wmClass, {toolkit, session.folders.home(), wmClass}) {}
+
+TextProgram::TextProgram(ProgramSession& session, Toolkit toolkit, const QString& wmClass,
+                         const TextCommand& command)
     : session_(session)
     , toolkit_(toolkit)
     , wmClass_(wmClass)
-    , program_(program(toolkit, session, wmClass), arguments(toolkit, wmClass)) {
+    , program_(command.program, command.arguments) {
     if (!waitUntil([this] { return isInFront(); }))
         throw std::runtime_error("no window of " + wmClass.toStdString());
 }
@@ -60,10 +36,7 @@ bool TextProgram::waitUntilShown() {
 }
 
 QString TextProgram::typed() {
-    auto text = program_.output();
-    if (toolkit_ == Toolkit::qt)
-        text = text.contains("typed ") ? text.section("typed ", -1).section('\n', 0, 0) : QString();
-    return text.remove("shown ").remove(' ').remove('\n');
+    return TextCommand::typed(toolkit_, program_.output());
 }
 
 } // namespace quorvane

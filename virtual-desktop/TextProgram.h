@@ -1,13 +1,14 @@
 #pragma once
 
 #include "virtual-desktop/ProgramSession.h"
+#include "virtual-desktop/TextCommand.h"
 
 namespace quorvane {
 
 /// A real program that somebody types into, in the way of its toolkit.
 class TextProgram {
 public:
-    enum class Toolkit { qt, gtk, xim };
+    using Toolkit = TextCommand::Toolkit;
 
     /// Its window is in front when this returns.
     TextProgram(ProgramSession& session, Toolkit toolkit, const QString& wmClass);
@@ -21,6 +22,8 @@ public:
     QString typed();
 
 private:
+    TextProgram(ProgramSession& session, Toolkit toolkit, const QString& wmClass, const TextCommand& command);
+
     bool isInFront() { return window() != XCB_WINDOW_NONE && session_.activeWindow() == window(); }
 
     ProgramSession& session_;

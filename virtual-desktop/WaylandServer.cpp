@@ -14,6 +14,11 @@ namespace {
 constexpr const char* ofSession[] = {
     "WAYLAND_DISPLAY", "DISPLAY", "XAUTHORITY", "XDG_SESSION_TYPE", "XDG_CURRENT_DESKTOP", "SESSION_MANAGER"};
 
+QByteArray contents(const QString& path) {
+    QFile file(path);
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 } // namespace
 
 WaylandServer::WaylandServer(const char* desktop) {
@@ -55,10 +60,25 @@ void WaylandServer::useDisplays(const QByteArray& wayland, const QByteArray& x,
     if (!authorityOfX.isEmpty()) qputenv("XAUTHORITY", authorityOfX);
 }
 
+QString WaylandServer::writeTeller() const {
+    const auto told = runFolder() + "/displays";
+    QFile::remove(told);
+    QFile program(runFolder() + "/tell-displays");
+    program.open(QFile::WriteOnly);
+    program.write("#!/bin/sh\necho \"$WAYLAND_DISPLAY $DISPLAY .\" > " + told.toUtf8() + "\n");
+    program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return program.fileName();
+}
+
+bool WaylandServer::hasToldDisplays() {
+    const auto told = contents(runFolder() + "/displays").split(' ');
+    if (told.size() != 3) return false;
+    useDisplays(told[0], told[1]);
+    return true;
+}
+
 QByteArray WaylandServer::log() const {
-    QFile file(runFolder() + "/compositor.log");
-    file.open(QFile::ReadOnly);
-    return file.readAll();
+    return contents(runFolder() + "/compositor.log");
 }
 
 void WaylandServer::end() {

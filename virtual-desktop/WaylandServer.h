@@ -59,7 +59,13 @@ protected:
     void start(const QString& program, const QStringList& arguments, const QStringList& environment,
                const std::function<bool()>& isReady);
     void end(); ///< To be called before what `isReady` and the keyboard use goes.
+
     void useDisplays(const QByteArray& wayland, const QByteArray& x, const QByteArray& authorityOfX = {});
+
+    /// A program that tells, when the compositor starts it, its displays; and whether it has told. They are
+    /// used then.
+    QString writeTeller() const;
+    bool hasToldDisplays();
 
     /// Of the compositor, in everything that it writes to its log.
     QByteArray log() const;

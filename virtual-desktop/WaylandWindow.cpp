@@ -9,7 +9,7 @@ namespace quorvane {
 
 WaylandWindow::WaylandWindow(const QString& title, const QString& applicationId)
     : program_(QUORVANE_WAYLAND_WINDOW, {title, applicationId.isEmpty() ? title : applicationId}) {
-    if (!waitUntil([this] { return program_.output().contains("shown"); }))
+    if (!waitUntil([this] { return program_.output().contains("enter"); }))
         throw std::runtime_error("no window " + title.toStdString());
 }
 

@@ -1,15 +1,12 @@
-#include <QGuiApplication>
+#include <QCoreApplication>
 #include <gtest/gtest.h>
 
 #include "virtual-desktop/OrdinaryUser.h"
 
-/// For tests that start compositors, which refuse to run for root. Their own windows are those of other
-/// programs.
+/// For tests that start compositors, which refuse to run for root.
 int main(int count, char** arguments) {
-    quorvane::becomeOrdinaryUser();
+    quorvane::becomeOrdinaryUser(arguments);
     testing::InitGoogleTest(&count, arguments);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(count, arguments);
-    qunsetenv("QT_QPA_PLATFORM");
+    const QCoreApplication application(count, arguments);
     return RUN_ALL_TESTS();
 }
