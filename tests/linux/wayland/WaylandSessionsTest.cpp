@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "tests/linux/support/Groups.h"
-#include "tests/linux/wayland/WaylandSession.h"
 #include "virtual-desktop/WaitUntil.h"
+#include "virtual-desktop/WaylandSession.h"
 #include "virtual-desktop/WaylandTextProgram.h"
 #include "virtual-desktop/WaylandWindow.h"
 

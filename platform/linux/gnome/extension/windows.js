@@ -81,11 +81,11 @@ class Windows {
         this._rules.closed(keyOf(window), [...this._watched.keys()].map(keyOf));
     }
 
-    /** One that has not said yet what it is waits until it does, or the user types into it. */
+    /** Before a window has a picture, its program has not yet said what it is. */
     _describe(window) {
-        if (!window.get_wm_class() && window !== global.display.focus_window)
-            return;
         const { x, y, width, height } = window.get_frame_rect();
+        if (width === 0)
+            return;
         const facts = [desktopFileOf(window), window.get_wm_class() ?? '', window.get_title() ?? '',
             window.get_pid(), window.minimized, x, y, width, height];
         const text = JSON.stringify(facts);
