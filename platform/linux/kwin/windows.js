@@ -38,10 +38,11 @@ function tellWindow(window) {
     const place = window.clientPos || { x: 0, y: 0 }; // Inside the frame.
     const size = window.clientSize || frame;
     told[idOf(window)] = window;
-    // "| 0" gives whole numbers, also for the bus.
-    tell("WindowChanged", idOf(window), String(window.desktopFileName || ""), String(window.resourceClass || ""),
-        String(window.caption || ""), window.pid | 0, Boolean(window.minimized), (frame.x + place.x) | 0,
-        (frame.y + place.y) | 0, size.width | 0, size.height | 0);
+    const bounds = [frame.x + place.x, frame.y + place.y, size.width, size.height].map(Math.round).join(" ");
+    // "| 0" gives a whole number, also for the bus.
+    tell("WindowChangedTo", idOf(window), String(window.desktopFileName || ""),
+        String(window.resourceClass || ""), String(window.caption || ""), window.pid | 0,
+        Boolean(window.minimized), bounds);
 }
 
 // A window that is dragged changes with every frame.

@@ -30,6 +30,16 @@ constexpr auto introspection = R"xml(
       <arg name="width" type="i" direction="in"/>
       <arg name="height" type="i" direction="in"/>
     </method>
+    <!-- The same from a script of KWin, which calls with nine arguments at most: "x y width height". -->
+    <method name="WindowChangedTo">
+      <arg name="window" type="s" direction="in"/>
+      <arg name="desktopFile" type="s" direction="in"/>
+      <arg name="class" type="s" direction="in"/>
+      <arg name="title" type="s" direction="in"/>
+      <arg name="pid" type="i" direction="in"/>
+      <arg name="isHidden" type="b" direction="in"/>
+      <arg name="bounds" type="s" direction="in"/>
+    </method>
     <method name="WindowClosed"><arg name="window" type="s" direction="in"/></method>
     <!-- The user types into this window; empty: into none. -->
     <method name="WindowActivated"><arg name="window" type="s" direction="in"/></method>
@@ -55,6 +65,7 @@ std::string textAt(const QVariantList& arguments, int place) {
     return arguments.at(place).toString().toStdString();
 }
 
+/// Without its bounds.
 CompositorWindow windowOf(const QVariantList& arguments) {
     CompositorWindow window;
     window.facts.desktopFile = textAt(arguments, 1);
@@ -62,9 +73,12 @@ CompositorWindow windowOf(const QVariantList& arguments) {
     window.title = textAt(arguments, 3);
     window.facts.pid = arguments.at(4).toInt();
     window.isHidden = arguments.at(5).toBool();
-    window.bounds = {arguments.at(6).toDouble(), arguments.at(7).toDouble(), arguments.at(8).toDouble(),
-                     arguments.at(9).toDouble()};
     return window;
+}
+
+Rect rectOf(const QVariantList& numbers) {
+    return {numbers.value(0).toDouble(), numbers.value(1).toDouble(), numbers.value(2).toDouble(),
+            numbers.value(3).toDouble()};
 }
 
 std::vector<ShellSource> sourcesOf(const QVariant& argument) {
@@ -97,8 +111,16 @@ const ShellMessages::Method* ShellMessages::methodNamed(const QString& name) {
     static const Method methods[] = {
         {"WindowChanged", "ssssibiiii",
          [](auto& self, const auto& arguments) {
-             const auto window = self.numberOf(arguments.at(0).toString());
-             self.windowChanged.emit(window, windowOf(arguments));
+             auto window = windowOf(arguments);
+             window.bounds = rectOf(arguments.mid(6));
+             self.windowChanged.emit(self.numberOf(arguments.at(0).toString()), window);
+         }},
+        {"WindowChangedTo", "ssssibs",
+         [](auto& self, const auto& arguments) {
+             auto window = windowOf(arguments);
+             const auto numbers = arguments.at(6).toString().split(' ');
+             window.bounds = rectOf(QVariantList(numbers.begin(), numbers.end()));
+             self.windowChanged.emit(self.numberOf(arguments.at(0).toString()), window);
          }},
         {"WindowClosed", "s",
          [](auto& self, const auto& arguments) {

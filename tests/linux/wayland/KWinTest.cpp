@@ -36,6 +36,7 @@ public:
         accel("setShortcut", {action, QVariant::fromValue(QList<int>{int{Qt::CTRL} | Qt::Key_J}), 6U});
     }
     void endSession() override { session_.reset(); }
+    void settle() override { accel("allMainComponents", {}); }
 
 private:
     void accel(const char* method, const QVariantList& arguments) {

@@ -27,6 +27,9 @@ public:
     virtual void takeKeys(const KeyCombination& combination) = 0;
     virtual void endSession() = 0;
 
+    /// The compositor has done what the session has asked for so far.
+    virtual void settle() = 0;
+
     ScratchFolders folders;
     DesktopEntries entries = DesktopEntries::ofEnvironment();
     SessionApplications applications{entries, nullptr};

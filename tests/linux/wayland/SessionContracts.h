@@ -90,6 +90,7 @@ public:
                                         {ModifierFlag::command, std::uint8_t{133}}})
             if (combination.modifierFlags & flag) keys.push_back(key);
         keys.push_back(xKeycodeOf(combination.keyCode).value());
+        desktop_->settle();
         server.pressTogether(keys);
         if (hasCapsLock) server.pressTogether({capsLock});
     }

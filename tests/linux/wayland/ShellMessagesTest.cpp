@@ -83,6 +83,7 @@ TEST(ShellMessagesTest, HearsOnlyTheShellAndOnlyWhatIsWellFormed) {
         const QVariantList window{"a", "A.desktop", "A", "title", 7, true, -1, 2, 3, 4};
         shell.tell("WindowChanged", window);
         shell.tell("WindowChanged", window.mid(1));
+        shell.tell("WindowChangedTo", window.mid(0, 6) + QVariantList{"-1 2 3 4"});
         shell.tell("NoSuchMethod", {});
         shell.tell("WindowActivated", {"b"});
         shell.tell("WindowActivated", {1});
@@ -101,9 +102,10 @@ TEST(ShellMessagesTest, HearsOnlyTheShellAndOnlyWhatIsWellFormed) {
     next.become(shellName);
     next.tell("WindowActivated", {"b"});
     EXPECT_TRUE(waitUntil([&] { return heard.back().starts_with("front 3"); })) << "a window of another one";
-    EXPECT_THAT(heard, testing::ElementsAre("came", "changed 1 A.desktop A title 7 hidden", "front 2",
-                                            "front 0", "closed 1", "overview opened", "key 1",
-                                            "sources xkb:us", "source xkb:ru", "went", "came", "front 3"));
+    EXPECT_THAT(heard, testing::ElementsAre("came", "changed 1 A.desktop A title 7 hidden",
+                                            "changed 1 A.desktop A title 7 hidden", "front 2", "front 0",
+                                            "closed 1", "overview opened", "key 1", "sources xkb:us",
+                                            "source xkb:ru", "went", "came", "front 3"));
 }
 
 } // namespace

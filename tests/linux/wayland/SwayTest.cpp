@@ -32,6 +32,7 @@ public:
         server_.reload();
     }
     void endSession() override { session_.reset(); }
+    void settle() override { server_.layout(); }
 
 private:
     SwayServer server_;
