@@ -41,6 +41,7 @@ GnomeServer::GnomeServer(const std::vector<Extension>& extensions)
     file.write("[org/gnome/shell]\nenabled-extensions=[" + enabled.join(',').toUtf8() +
                "]\nwelcome-dialog-last-shown-version='999'\n"
                "[org/gnome/desktop/input-sources]\nsources=[('xkb','us'),('xkb','ru'),('xkb','de')]\n"
+               "[org/gnome/desktop/peripherals/keyboard]\nrepeat=false\n"
                "[org/gnome/desktop/interface]\nenable-animations=false\n");
     file.close();
     qputenv("GSETTINGS_BACKEND", "keyfile");

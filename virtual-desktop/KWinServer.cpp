@@ -34,6 +34,7 @@ KWinServer::KWinServer()
     qputenv("KDE_SESSION_VERSION", "5");
     const auto configuration = qEnvironmentVariable("XDG_CONFIG_HOME");
     write(configuration + "/kxkbrc", "[Layout]\nUse=true\nLayoutList=us,ru,de\n");
+    write(configuration + "/kcminputrc", "[Keyboard]\nKeyRepeat=nothing\n");
     // It tells whom it lets press keys; nobody else sees these files.
     const auto applications = runFolder() + "/kwin/applications";
     QDir().mkpath(applications);

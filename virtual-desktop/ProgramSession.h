@@ -1,29 +1,29 @@
 #pragma once
 
-#include <memory>
 #include <optional>
-#include <string>
 
-#include "platform/linux/defaults/LinuxUserDefaults.h"
-#include "settings/Maker.h"
-#include "virtual-desktop/RunningProgram.h"
+#include "virtual-desktop/ProgramWithRules.h"
 #include "virtual-desktop/ScratchFolders.h"
 #include "virtual-desktop/XClient.h"
 #include "virtual-desktop/XServer.h"
 
 namespace quorvane {
 
-/// A user's session with the layouts us, ru and de (`xkb:us` selected), a window manager and a session bus.
-/// The user does not want to be reminded of login items.
-class ProgramSession {
+/// A home, an X server with the layouts us, ru and de (`xkb:us` selected), a window manager and a session
+/// bus.
+struct X11Home {
+    explicit X11Home(const QString& windowManager) : manager(windowManager) {}
+
+    ScratchFolders folders;
+    XServer server{"us,ru,de"};
+    std::optional<WindowManager> manager;
+    SessionBus bus;
+};
+
+/// The program's user's session on X11.
+class ProgramSession : public X11Home, public ProgramWithRules {
 public:
-    explicit ProgramSession(const QString& windowManager = "openbox");
-
-    /// Starts the program and waits until it has taken a rule: it is ready then.
-    void startProgram();
-
-    /// A rule as the user would make it while the program runs, waited for until the program has taken it.
-    void setRule(const std::string& application, const std::string& inputSource);
+    explicit ProgramSession(const QString& windowManager = "openbox") : X11Home(windowManager) {}
 
     /// The group that typing uses, as the server tells it.
     unsigned group() { return user.currentGroup(); }
@@ -35,16 +35,7 @@ public:
     /// Types the keys at these places of the keyboard, whatever layout they are in.
     void type(std::initializer_list<std::uint8_t> keycodes);
 
-    std::int64_t switchTimes() { return shared()->integerForKey("SwitchTimes"); }
-    std::unique_ptr<UserDefaults> shared() { return stores.initWithSuiteName(maker::sharedSuiteName); }
-
-    ScratchFolders folders;
-    XServer server{"us,ru,de"};
-    std::optional<WindowManager> manager;
-    SessionBus bus;
-    LinuxUserDefaults stores;
     XClient user;
-    std::optional<RunningProgram> program;
 };
 
 } // namespace quorvane

@@ -41,8 +41,8 @@ QJsonObject windowNamed(const QString& name) {
 SwayServer::SwayServer(const QByteArray& configuration) : WaylandServer("sway") {
     QFile file(path("config"));
     file.open(QFile::WriteOnly);
-    file.write("input * xkb_layout " + QByteArray(layouts) + "\ndefault_border none\nxwayland enable\n" +
-               configuration + "\n");
+    file.write("input * xkb_layout " + QByteArray(layouts) +
+               "\ninput * repeat_rate 0\ndefault_border none\nxwayland enable\n" + configuration + "\n");
     qputenv("SWAYSOCK", path("socket").toUtf8());
     launch();
 }

@@ -23,6 +23,7 @@ class Field : public QLineEdit {
 
 int main(int count, char** arguments) {
     const QApplication application(count, arguments);
+    QApplication::setDesktopFileName(arguments[count - 1]); // The application ID on Wayland.
     Field field;
     field.setWindowTitle(arguments[count - 1]);
     QObject::connect(&field, &QLineEdit::textChanged, [](const QString& text) {

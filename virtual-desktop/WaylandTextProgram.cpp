@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "virtual-desktop/WaitUntil.h"
+#include "virtual-desktop/XClient.h"
 
 namespace quorvane {
 namespace {
@@ -24,6 +25,17 @@ WaylandTextProgram::WaylandTextProgram(WaylandServer& server, Toolkit toolkit, c
     const bool tells = toolkit != Toolkit::gtk;
     if (!activate() || (tells && !waitUntil([this] { return program_.output().contains("shown "); })))
         throw std::runtime_error("no window " + name.toStdString() + program_.errors().toStdString());
+}
+
+// Compositors move the focus among windows of X through a connection of its own, which keys may overtake.
+bool WaylandTextProgram::activate() {
+    if (!server_.activate(name_)) return false;
+    if (toolkit_ != Toolkit::xim) return true;
+    XClient client;
+    return waitUntil([&] {
+        const auto names = client.texts(client.focused(), "WM_CLASS");
+        return names.size() > 1 && names[1] == name_.toStdString();
+    });
 }
 
 } // namespace quorvane

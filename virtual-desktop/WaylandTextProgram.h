@@ -15,7 +15,7 @@ public:
     /// Its window, of that title, is in front and takes keys when this returns.
     WaylandTextProgram(WaylandServer& server, Toolkit toolkit, const QString& name);
 
-    bool activate() { return server_.activate(name_); } ///< Waits until its window is in front.
+    bool activate(); ///< Waits until its window is in front and gets the keys.
 
     /// The text it has got so far, without spaces. Programs of GTK tell at the end of the line, and leave.
     QString typed() { return TextCommand::typed(toolkit_, program_.output()); }

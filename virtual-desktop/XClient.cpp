@@ -137,9 +137,14 @@ std::uint32_t XClient::pixelAt(int x, int y) {
     return pixel;
 }
 
-void XClient::deliver() {
-    XcbReply<xcb_get_input_focus_reply_t>(
+xcb_window_t XClient::focused() {
+    const XcbReply<xcb_get_input_focus_reply_t> answer(
         xcb_get_input_focus_reply(xcb(), xcb_get_input_focus(xcb()), nullptr));
+    return answer ? answer->focus : xcb_window_t{XCB_WINDOW_NONE};
+}
+
+void XClient::deliver() {
+    focused(); // The answer comes after what was asked before.
 }
 
 } // namespace quorvane

@@ -47,6 +47,7 @@ public:
     xcb_window_t show(); ///< A little one.
 
     std::uint32_t pixelAt(int x, int y); ///< What is to be seen on the screen there.
+    xcb_window_t focused();              ///< The window that keys go to.
     unsigned currentGroup();             ///< The keyboard layout that typing uses, as the server tells it.
 
     xcb_window_t root() const { return x_->root(); }

@@ -22,7 +22,10 @@ const user = {
             .find(window => user.names(window).includes(name));
     },
     namesInFront() {
-        return Main.overview.visible ? [] : user.names(global.display.focus_window);
+        const window = global.display.focus_window;
+        // One of X has a surface, and gets keys, only some time after it is in front.
+        const hasSurface = window && window.get_compositor_private().get_texture() !== null;
+        return hasSurface && !Main.overview.visible ? user.names(window) : [];
     },
     activate(name) {
         const window = user.find(name);

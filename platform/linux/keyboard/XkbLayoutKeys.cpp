@@ -31,9 +31,9 @@ KeymapRef keymapOf(const XkbLayout& layout) {
 }
 
 /// XKB_KEY_NoSymbol when it gives none, or several.
-xkb_keysym_t keysymOf(xkb_keymap* keymap, xkb_keycode_t key) {
+xkb_keysym_t keysymOf(xkb_keymap* keymap, xkb_keycode_t key, xkb_level_index_t level = 0) {
     const xkb_keysym_t* symbols = nullptr;
-    const int count = xkb_keymap_key_get_syms_by_level(keymap, key, 0, 0, &symbols);
+    const int count = xkb_keymap_key_get_syms_by_level(keymap, key, 0, level, &symbols);
     return count == 1 ? symbols[0] : xkb_keysym_t{XKB_KEY_NoSymbol};
 }
 
@@ -46,13 +46,14 @@ bool hasLatinLetters(const XkbLayout& layout) {
     return keysym >= XKB_KEY_a && keysym <= XKB_KEY_z;
 }
 
-TypedKeysyms typedKeysymsOf(const XkbLayout& layout) {
+TypedKeysyms typedKeysymsOf(const XkbLayout& layout, TypedWith with) {
     constexpr xkb_keycode_t lastOfX = 255;
     TypedKeysyms keysyms;
     const auto keymap = keymapOf(layout);
     if (!keymap) return keysyms;
+    const xkb_level_index_t level = with == TypedWith::shift ? 1 : 0; // In every layout of the database.
     for (auto key = xkb_keymap_min_keycode(keymap.get()); key <= lastOfX; ++key) {
-        const auto keysym = keysymOf(keymap.get(), key);
+        const auto keysym = keysymOf(keymap.get(), key, level);
         if (keysym != XKB_KEY_NoSymbol) keysyms[static_cast<std::uint8_t>(key)] = keysym;
     }
     return keysyms;

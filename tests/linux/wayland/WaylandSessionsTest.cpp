@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "tests/linux/support/Groups.h"
-#include "tests/linux/wayland/WaylandSession.h"
 #include "virtual-desktop/WaitUntil.h"
+#include "virtual-desktop/WaylandSession.h"
 #include "virtual-desktop/WaylandTextProgram.h"
 #include "virtual-desktop/WaylandWindow.h"
 
@@ -48,10 +48,11 @@ TEST_P(WaylandSessions, RealProgramsTellWhatIsTyped) {
     if (GetParam() != "kwin") toolkits.push_back(Toolkit::foot); // On KWin's virtual screen it divides by 0.
     server.selectLayout(ru);
     for (const auto toolkit : toolkits) {
-        WaylandTextProgram program(server, toolkit, "Program");
+        WaylandTextProgram program(server, toolkit, QString("Program%1").arg(int(toolkit)));
         ASSERT_TRUE(waitUntil([&] { return server.layout() == ru; }));
         server.type({g, enter});
-        EXPECT_TRUE(waitUntil([&] { return program.typed() == "п"; })) << int(toolkit) << program.typed().toStdString();
+        EXPECT_TRUE(waitUntil([&] { return program.typed() == "п"; }))
+            << int(toolkit) << program.typed().toStdString();
     }
 }
 

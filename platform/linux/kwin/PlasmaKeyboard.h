@@ -1,0 +1,40 @@
+#pragma once
+
+#include <vector>
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QObject>
+
+#include "platform/linux/keyboard/LayoutKeyboard.h"
+#include "platform/linux/keyboard/RequestedGroup.h"
+#include "platform/linux/kwin/PlasmaLayouts.h"
+
+namespace quorvane {
+
+/// KWin's keyboard, as its service for layouts on the session bus tells of it. With one layout there is no
+/// such service.
+class PlasmaKeyboard : public QObject, public LayoutKeyboard {
+    Q_OBJECT
+
+public:
+    explicit PlasmaKeyboard(const QDBusConnection& bus);
+
+    KeyboardLayouts layouts() const override { return layouts_; }
+    unsigned effectiveGroup() const override { return group_.effective(); }
+    void readGroup() override {} ///< It is read with the layouts.
+    void lockGroup(unsigned group) override;
+
+private:
+    Q_SLOT void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
+    Q_SLOT void layoutChanged(unsigned group);
+    Q_SLOT void readLayouts();
+    void takeLayouts(const std::vector<PlasmaLayoutName>& names, unsigned group);
+    void takeSingleLayout();
+
+    QDBusConnection bus_;
+    KeyboardLayouts layouts_;
+    RequestedGroup group_;
+};
+
+} // namespace quorvane

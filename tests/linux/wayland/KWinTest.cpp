@@ -1,0 +1,64 @@
+// The session of KWin, on a real one.
+
+#include <QDBusMessage>
+
+#include "linux/wayland/SessionContracts.h"
+#include "platform/linux/kwin/KWinSession.h"
+#include "platform/linux/qt/LettersIcon.h"
+#include "virtual-desktop/KWinServer.h"
+
+namespace quorvane {
+namespace {
+
+class KWinDesktop : public SessionDesktop {
+public:
+    ~KWinDesktop() override {
+        session_.reset();
+        QDBusConnection::disconnectFromBus("program");
+    }
+    KWinServer& server() override { return server_; }
+    SessionParts parts() override { return session_->parts(); }
+    void minimise(const QString& id) override {
+        server_.evaluate(QString("workspace.clientList().find(c => String(c.desktopFileName) == '%1')"
+                                 ".minimized = true")
+                             .arg(id));
+    }
+    void setLayouts(const QByteArray& layouts, const QByteArray& variants) override {
+        QFile file(qEnvironmentVariable("XDG_CONFIG_HOME") + "/kxkbrc");
+        file.open(QFile::WriteOnly);
+        file.write("[Layout]\nUse=true\nLayoutList=" + layouts + "\nVariantList=" + variants + "\n");
+        file.close();
+        bus_.send(QDBusMessage::createSignal("/Layouts", "org.kde.keyboard", "reloadConfig"));
+    }
+    void takeKeys(const KeyCombination& /*combination*/) override {
+        const QStringList action{"others", "jump", "Others", "Jump"};
+        accel("doRegister", {action});
+        accel("setShortcut", {action, QVariant::fromValue(QList<int>{int{Qt::CTRL} | Qt::Key_J}), 6U});
+    }
+    void endSession() override { session_.reset(); }
+
+private:
+    void accel(const char* method, const QVariantList& arguments) {
+        auto call = QDBusMessage::createMethodCall("org.kde.kglobalaccel", "/kglobalaccel",
+                                                   "org.kde.KGlobalAccel", method);
+        call.setArguments(arguments);
+        EXPECT_EQ(bus_.call(call).type(), QDBusMessage::ReplyMessage);
+    }
+
+    KWinServer server_;
+    QDBusConnection bus_ =
+        QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), "program");
+    std::unique_ptr<WaylandDisplay> display_ = WaylandDisplay::open();
+    std::optional<KWinSession> session_{std::in_place, bus_, *display_, applications, drawLettersIcon};
+};
+
+std::unique_ptr<SessionDesktop> makeDesktop() {
+    return std::make_unique<KWinDesktop>();
+}
+
+INSTANTIATE_TEST_SUITE_P(KWin, WorkspaceContract, on<SessionWorkspaceBench>(makeDesktop));
+INSTANTIATE_TEST_SUITE_P(KWin, TextInputSourcesContract, on<SessionSourcesBench>(makeDesktop));
+INSTANTIATE_TEST_SUITE_P(KWin, HotKeysContract, on<SessionHotKeysBench>(makeDesktop));
+
+} // namespace
+} // namespace quorvane

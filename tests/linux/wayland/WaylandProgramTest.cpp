@@ -1,0 +1,167 @@
+// The whole program among real programs, in each Wayland session.
+
+#include <chrono>
+#include <list>
+
+#include <QElapsedTimer>
+#include <QImage>
+#include <QProcess>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "linux/support/Groups.h"
+#include "settings/Keys.h"
+#include "virtual-desktop/WaitUntil.h"
+#include "virtual-desktop/WaylandProgramSession.h"
+#include "virtual-desktop/WaylandTextProgram.h"
+#include "virtual-desktop/WaylandWindow.h"
+
+namespace quorvane {
+namespace {
+
+using testing::HasSubstr;
+using Toolkit = TextCommand::Toolkit;
+
+class WaylandProgram : public testing::TestWithParam<std::string> {
+protected:
+    static constexpr std::uint8_t g = 42, j = 44, control = 37, option = 64;
+
+    static std::string tool(const QStringList& arguments) {
+        QProcess process;
+        process.start(QUORVANECTL, arguments);
+        EXPECT_TRUE(process.waitForFinished());
+        return (process.readAllStandardOutput() + process.readAllStandardError()).toStdString();
+    }
+    bool waitForLayout(unsigned layout) {
+        return waitUntil([&] { return server_.layout() == layout; });
+    }
+
+    WaylandProgramSession session_{GetParam()};
+    WaylandServer& server_ = *session_.server;
+};
+
+INSTANTIATE_TEST_SUITE_P(Of, WaylandProgram, testing::Values("sway", "kwin"),
+                         [](const auto& each) { return each.param; });
+
+TEST_P(WaylandProgram, GivesEveryProgramItsLayoutAndWhatIsTypedArrives) {
+    session_.startProgram();
+    const struct {
+        Toolkit toolkit;
+        const char* name;
+        unsigned layout;
+        const char* letter;
+    } programs[] = {{Toolkit::qt, "first", ru, "п"},
+                    {Toolkit::foot, "second", us, "g"},
+                    {Toolkit::xim, "Third", ru, "п"},
+                    {Toolkit::qt, "fourth", us, "g"}};
+    std::list<WaylandTextProgram> running;
+    for (const auto& each : programs) {
+        session_.setRule(each.name, each.layout == ru ? "xkb:ru" : "xkb:us");
+        auto& program = running.emplace_back(server_, each.toolkit, each.name);
+        EXPECT_TRUE(waitForLayout(each.layout)) << each.name << ", just opened";
+        EXPECT_EQ(program.typed(), "");
+    }
+    const auto times = session_.switchTimes();
+    constexpr int rounds = 3;
+    for (int round = 1; round <= rounds; ++round) {
+        auto program = running.begin();
+        for (const auto& each : programs) {
+            ASSERT_TRUE(program->activate());
+            ASSERT_TRUE(waitForLayout(each.layout)) << each.name << ' ' << round;
+            server_.type({g});
+            EXPECT_TRUE(waitUntil([&] { return program->typed() == QString(each.letter).repeated(round); }))
+                << each.name << ' ' << round << ' ' << program->typed().toStdString();
+            ++program;
+        }
+    }
+    EXPECT_EQ(session_.switchTimes() - times, 4 * rounds) << tool({"status"});
+    EXPECT_THAT(tool({"status"}), HasSubstr("by its rule"));
+}
+
+TEST_P(WaylandProgram, AHotKeySelectsItsSourceInEveryLayout) {
+    session_.startProgram();
+    const WaylandWindow window("window");
+    ASSERT_TRUE(server_.activate("window"));
+    EXPECT_EQ(tool({"shortcut", "xkb:de", "Ctrl+Alt+J"}), "Ctrl+Alt+J\n");
+    for (const auto layout : {us, ru}) {
+        server_.selectLayout(layout);
+        ASSERT_TRUE(waitForLayout(layout));
+        EXPECT_TRUE(waitUntil([&] {
+            server_.pressTogether({control, option, j});
+            return server_.layout() == de;
+        })) << layout;
+    }
+}
+
+TEST_P(WaylandProgram, ItsWindowIsNativeAndOneHoweverOftenItIsLaunched) {
+    session_.startProgram();
+    for (int launch = 0; launch < 2; ++launch) {
+        RunningProgram another(QUORVANE_PROGRAM);
+        ASSERT_TRUE(another.waitForEnd());
+        EXPECT_EQ(another.exitCode(), 0);
+        EXPECT_TRUE(waitUntil([&] { return server_.isInFront("Quorvane"); }));
+    }
+    EXPECT_TRUE(session_.program->isRunning());
+    EXPECT_EQ(session_.program->errors().count("no system tray"), 1);
+}
+
+TEST_P(WaylandProgram, TheIndicatorStandsInTheCornerOfTheFrontWindowAndTakesNoFocus) {
+    auto& standard = session_.stores.standardUserDefaults();
+    standard.setBool(true, key::enableTipOfState);
+    standard.setBool(true, key::followWindow);
+    standard.synchronize();
+    session_.startProgram();
+    const WaylandWindow window("black"), other("other"); // So it is.
+    const auto file = session_.folders.home() + "/screen.png";
+    for (const QRect place : {QRect(100, 200, 400, 300), QRect(500, 100, 400, 300)}) {
+        EXPECT_TRUE(waitUntil([&] {
+            server_.move("black", place);
+            if (server_.place("black") != place) return false;
+            // sway tells of a window that was moved when something else happens.
+            server_.activate("other");
+            server_.activate("black");
+            server_.saveScreenshot(file);
+            const QImage screen(file);
+            // A light box in the window's corner, and nothing in the middle.
+            const auto corner = screen.pixelColor(place.topRight() + QPoint(-10, 4));
+            return corner.lightness() > 128 && screen.pixelColor(place.center()) == Qt::black;
+        })) << place.x();
+        EXPECT_TRUE(server_.isInFront("black"));
+    }
+}
+
+TEST_P(WaylandProgram, WhileTheCompositorHangsItAnswersAndAfterwardsItSwitches) {
+    session_.startProgram();
+    session_.setRule("first", "xkb:ru");
+    const WaylandWindow first("first", "first"), second("second", "second");
+    ASSERT_TRUE(server_.activate("second"));
+    server_.stop();
+    QElapsedTimer time;
+    time.start();
+    EXPECT_THAT(tool({"status"}), HasSubstr("in front\tsecond"));
+    tool({"select", "xkb:de"});
+    const auto waited = time.elapsed(); // milliseconds
+    server_.resume();
+    EXPECT_LT(waited, 1000);
+    ASSERT_TRUE(server_.activate("first"));
+    EXPECT_TRUE(waitForLayout(ru));
+}
+
+TEST_P(WaylandProgram, LeavesNothingBehindWhenItEnds) {
+    session_.startProgram();
+    EXPECT_EQ(tool({"shortcut", "xkb:de", "Ctrl+Alt+J"}), "Ctrl+Alt+J\n");
+    session_.program->terminate();
+    ASSERT_TRUE(session_.program->waitForEnd());
+    EXPECT_EQ(session_.program->exitCode(), 0);
+    WaylandWindow window("window");
+    ASSERT_TRUE(server_.activate("window"));
+    server_.selectLayout(us);
+    ASSERT_TRUE(waitForLayout(us));
+    server_.pressTogether({control, option, j});
+    server_.type({g});
+    EXPECT_TRUE(waitUntil([&] { return window.typed().endsWith("g"); }));
+    EXPECT_EQ(server_.layout(), us);
+}
+
+} // namespace
+} // namespace quorvane
