@@ -142,7 +142,7 @@ private:
 } // namespace
 
 int main(int argc, char** argv) {
-    becomeOrdinaryUser();
+    becomeOrdinaryUser(argv);
     const QCoreApplication qt(argc, argv);
     const auto number = [&](int place, int usually) {
         return argc > place ? std::atoi(argv[place]) : usually;

@@ -12,7 +12,7 @@
 namespace quorvane {
 namespace {
 
-constexpr auto connectionName = "user of GNOME";
+constexpr auto userOfGnome = "user of GNOME";
 constexpr auto uuidOfUser = "gnome-user@quorvane";
 
 void install(const GnomeServer::Extension& extension) {
@@ -27,7 +27,7 @@ void install(const GnomeServer::Extension& extension) {
 
 GnomeServer::GnomeServer(const std::vector<Extension>& extensions)
     : ScriptedServer("GNOME")
-    , user_(QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), connectionName)) {
+    , user_(QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), userOfGnome)) {
     QStringList enabled{"'" + QString(uuidOfUser) + "'"};
     install({QUORVANE_VIRTUAL_DESKTOP "/" + QString(uuidOfUser), uuidOfUser});
     for (const auto& extension : extensions) {
@@ -50,7 +50,7 @@ GnomeServer::GnomeServer(const std::vector<Extension>& extensions)
 
 GnomeServer::~GnomeServer() {
     end();
-    QDBusConnection::disconnectFromBus(connectionName);
+    QDBusConnection::disconnectFromBus(userOfGnome);
     qunsetenv("GSETTINGS_BACKEND");
 }
 

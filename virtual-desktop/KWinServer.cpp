@@ -16,7 +16,7 @@
 namespace quorvane {
 namespace {
 
-constexpr auto connectionName = "user of KWin";
+constexpr auto userOfKWin = "user of KWin";
 
 void write(const QString& path, const QByteArray& text) {
     QFile file(path);
@@ -28,7 +28,7 @@ void write(const QString& path, const QByteArray& text) {
 
 KWinServer::KWinServer()
     : ScriptedServer("KDE")
-    , user_(QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), connectionName))
+    , user_(QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), userOfKWin))
     , scripts_(user_) {
     qputenv("KDE_FULL_SESSION", "true");
     qputenv("KDE_SESSION_VERSION", "5");
@@ -50,7 +50,7 @@ KWinServer::KWinServer()
 KWinServer::~KWinServer() {
     keyboard_.reset();
     end();
-    QDBusConnection::disconnectFromBus(connectionName);
+    QDBusConnection::disconnectFromBus(userOfKWin);
     qunsetenv("KDE_FULL_SESSION");
     qunsetenv("KDE_SESSION_VERSION");
 }
