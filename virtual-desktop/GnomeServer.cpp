@@ -12,7 +12,7 @@
 namespace quorvane {
 namespace {
 
-constexpr auto connectionName = "user of GNOME";
+constexpr auto userOfGnome = "user of GNOME";
 constexpr auto uuidOfUser = "gnome-user@quorvane";
 
 void install(const GnomeServer::Extension& extension) {
@@ -27,7 +27,7 @@ void install(const GnomeServer::Extension& extension) {
 
 GnomeServer::GnomeServer(const std::vector<Extension>& extensions)
     : ScriptedServer("GNOME")
-    , user_(QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), connectionName)) {
+    , user_(QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), userOfGnome)) {
     QStringList enabled{"'" + QString(uuidOfUser) + "'"};
     install({QUORVANE_VIRTUAL_DESKTOP "/" + QString(uuidOfUser), uuidOfUser});
     for (const auto& extension : extensions) {
@@ -45,12 +45,12 @@ GnomeServer::GnomeServer(const std::vector<Extension>& extensions)
                "[org/gnome/desktop/interface]\nenable-animations=false\n");
     file.close();
     qputenv("GSETTINGS_BACKEND", "keyfile");
-    launch();
+    GnomeServer::launch();
 }
 
 GnomeServer::~GnomeServer() {
     end();
-    QDBusConnection::disconnectFromBus(connectionName);
+    QDBusConnection::disconnectFromBus(userOfGnome);
     qunsetenv("GSETTINGS_BACKEND");
 }
 

@@ -11,7 +11,7 @@
 namespace quorvane {
 namespace {
 
-constexpr auto path = "/user";
+constexpr auto pathOfUser = "/user";
 
 QDBusMessage call(const QString& object, const QString& interface, const QString& method) {
     return QDBusMessage::createMethodCall("org.kde.KWin", object, interface, method);
@@ -20,11 +20,11 @@ QDBusMessage call(const QString& object, const QString& interface, const QString
 } // namespace
 
 KWinScripts::KWinScripts(QDBusConnection bus) : bus_(std::move(bus)) {
-    bus_.registerVirtualObject(path, this);
+    bus_.registerVirtualObject(pathOfUser, this);
 }
 
 KWinScripts::~KWinScripts() {
-    bus_.unregisterObject(path);
+    bus_.unregisterObject(pathOfUser);
 }
 
 bool KWinScripts::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
@@ -41,7 +41,7 @@ QJsonValue KWinScripts::evaluate(const QString& expression) {
     script.open();
     script.write(functions.readAll());
     script.write(QString("callDBus('%1', '%2', 'of.user', 'Answer', %3, JSON.stringify([%4]));")
-                     .arg(bus_.baseService(), path)
+                     .arg(bus_.baseService(), pathOfUser)
                      .arg(number)
                      .arg(expression)
                      .toUtf8());

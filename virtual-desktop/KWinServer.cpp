@@ -16,7 +16,7 @@
 namespace quorvane {
 namespace {
 
-constexpr auto connectionName = "user of KWin";
+constexpr auto userOfKWin = "user of KWin";
 
 void write(const QString& path, const QByteArray& text) {
     QFile file(path);
@@ -28,7 +28,7 @@ void write(const QString& path, const QByteArray& text) {
 
 KWinServer::KWinServer()
     : ScriptedServer("KDE")
-    , user_(QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), connectionName))
+    , user_(QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), userOfKWin))
     , scripts_(user_) {
     qputenv("KDE_FULL_SESSION", "true");
     qputenv("KDE_SESSION_VERSION", "5");
@@ -44,13 +44,13 @@ KWinServer::KWinServer()
               "\nX-KDE-Wayland-Interfaces=org_kde_kwin_fake_input\n");
     // Where the installed file's capability is not to be had, it cannot be run. A copy has none.
     QFile::copy("/usr/bin/kwin_wayland", runFolder() + "/kwin/kwin_wayland");
-    launch();
+    KWinServer::launch();
 }
 
 KWinServer::~KWinServer() {
     keyboard_.reset();
     end();
-    QDBusConnection::disconnectFromBus(connectionName);
+    QDBusConnection::disconnectFromBus(userOfKWin);
     qunsetenv("KDE_FULL_SESSION");
     qunsetenv("KDE_SESSION_VERSION");
 }

@@ -44,7 +44,7 @@ SwayServer::SwayServer(const QByteArray& configuration) : WaylandServer("sway") 
     file.write("input * xkb_layout " + QByteArray(layouts) +
                "\ninput * repeat_rate 0\ndefault_border none\nxwayland enable\n" + configuration + "\n");
     qputenv("SWAYSOCK", path("socket").toUtf8());
-    launch();
+    SwayServer::launch();
 }
 
 SwayServer::~SwayServer() {

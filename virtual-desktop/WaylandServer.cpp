@@ -1,7 +1,6 @@
 #include "virtual-desktop/WaylandServer.h"
 
 #include <csignal>
-#include <ranges>
 #include <stdexcept>
 
 #include <QFile>
@@ -106,8 +105,8 @@ void WaylandServer::restart() {
 void WaylandServer::pressTogether(const std::vector<std::uint8_t>& keycodes) {
     for (const auto keycode : keycodes)
         press(keycode);
-    for (const auto keycode : std::views::reverse(keycodes))
-        release(keycode);
+    for (auto last = keycodes.rbegin(); last != keycodes.rend(); ++last)
+        release(*last);
 }
 
 void WaylandServer::type(std::initializer_list<std::uint8_t> keycodes) {

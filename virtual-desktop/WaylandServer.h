@@ -14,7 +14,7 @@ namespace quorvane {
 /// A session bus and, on it, a Wayland compositor without a screen for people. It becomes this process's
 /// WAYLAND_DISPLAY, and DISPLAY for programs of X; there is a keyboard with the layouts us, ru and de.
 /// Windows are named by their title or application ID. Ready when the constructor returns; ends with this
-/// object.
+/// object. No key repeats: when much goes on, a release may come late.
 class WaylandServer {
 public:
     virtual ~WaylandServer();

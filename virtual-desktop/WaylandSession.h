@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "virtual-desktop/GnomeServer.h"
 #include "virtual-desktop/KWinServer.h"
@@ -10,12 +11,14 @@
 
 namespace quorvane {
 
-/// A home and a Wayland compositor in it, by its name: "sway", "kwin" or "gnome".
+/// A home and a Wayland compositor in it, by its name: "sway", "kwin" or "gnome", which has these
+/// extensions.
 struct WaylandSession {
-    explicit WaylandSession(const std::string& compositor) {
+    explicit WaylandSession(const std::string& compositor,
+                            const std::vector<GnomeServer::Extension>& extensions = {}) {
         if (compositor == "sway") server = std::make_unique<SwayServer>();
         if (compositor == "kwin") server = std::make_unique<KWinServer>();
-        if (compositor == "gnome") server = std::make_unique<GnomeServer>();
+        if (compositor == "gnome") server = std::make_unique<GnomeServer>(extensions);
     }
 
     ScratchFolders folders;

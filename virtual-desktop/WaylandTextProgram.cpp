@@ -8,8 +8,8 @@
 namespace quorvane {
 namespace {
 
-const QStringList environment{"LC_ALL=C.UTF-8", "QT_QPA_PLATFORM=wayland", "GDK_BACKEND=wayland",
-                              "XDG_DATA_DIRS=/usr/local/share:/usr/share"}; // GTK's settings
+const QStringList nativeOnWayland{"LC_ALL=C.UTF-8", "QT_QPA_PLATFORM=wayland", "GDK_BACKEND=wayland",
+                                  "XDG_DATA_DIRS=/usr/local/share:/usr/share"}; // GTK's settings
 
 } // namespace
 
@@ -21,7 +21,7 @@ WaylandTextProgram::WaylandTextProgram(WaylandServer& server, Toolkit toolkit, c
     : server_(server)
     , toolkit_(toolkit)
     , name_(name)
-    , program_("env", environment + QStringList{command.program} + command.arguments) {
+    , program_("env", nativeOnWayland + QStringList{command.program} + command.arguments) {
     const bool tells = toolkit != Toolkit::gtk;
     if (!activate() || (tells && !waitUntil([this] { return program_.output().contains("shown "); })))
         throw std::runtime_error("no window " + name.toStdString() + program_.errors().toStdString());

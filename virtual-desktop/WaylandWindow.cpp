@@ -1,6 +1,5 @@
 #include "virtual-desktop/WaylandWindow.h"
 
-#include <ranges>
 #include <stdexcept>
 
 #include "virtual-desktop/WaitUntil.h"
@@ -30,12 +29,12 @@ QString WaylandWindow::typed() {
 }
 
 std::optional<unsigned> WaylandWindow::group() {
-    const auto all = events();
-    for (const auto& event : std::views::reverse(all)) {
-        if (event.what.startsWith("group ")) return event.what.section(' ', 1).toUInt();
-        if (event.what == "enter" || event.what == "leave") break;
+    std::optional<unsigned> group;
+    for (const auto& event : events()) {
+        if (event.what == "enter" || event.what == "leave") group.reset();
+        if (event.what.startsWith("group ")) group = event.what.section(' ', 1).toUInt();
     }
-    return std::nullopt;
+    return group;
 }
 
 } // namespace quorvane

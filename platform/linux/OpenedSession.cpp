@@ -7,6 +7,7 @@
 #include "platform/linux/dbus/BusSingleInstance.h"
 #include "platform/linux/dbus/SessionBus.h"
 #include "platform/linux/gnome/GnomeSession.h"
+#include "platform/linux/kwin/KWinSession.h"
 #include "platform/linux/qt/LettersIcon.h"
 #include "platform/linux/qt/ReferencedIcon.h"
 #include "platform/linux/session/WaylandNotice.h"
@@ -50,6 +51,7 @@ SessionStart OpenedSession::start() const {
             return std::make_unique<GnomeSession>(sessionBus(), applications,
                                                   InputMethodIcons{drawLettersIcon, referencedIcon});
         case SessionKind::kwin:
+            return std::make_unique<KWinSession>(sessionBus(), *wayland_, applications, drawLettersIcon);
         case SessionKind::x11:
             return std::make_unique<X11Session>(*x_, applications, drawLettersIcon);
         case SessionKind::otherWayland:

@@ -14,7 +14,7 @@
 namespace quorvane {
 namespace {
 
-constexpr std::chrono::seconds patience{2};
+constexpr std::chrono::seconds longestAnswer{2};
 
 const QString uuid = QString::fromUtf8(maker::shellExtension.data(), qsizetype(maker::shellExtension.size()));
 
@@ -57,7 +57,7 @@ ShellExtension::ShellExtension(const QDBusConnection& bus, ShellMessages& messag
                  QStringLiteral("ExtensionStateChanged"), this,
                  SLOT(extensionStateChanged(QString, QVariantMap)));
     patience_.setSingleShot(true);
-    patience_.setInterval(patience);
+    patience_.setInterval(longestAnswer);
     connect(&patience_, &QTimer::timeout, this, [this] { ask(); });
     subscriptions_.push_back(messages.shellCame.connect([this] { patience_.start(); }));
     subscriptions_.push_back(messages.shellWent.connect([this] {

@@ -15,7 +15,7 @@ namespace quorvane {
 namespace {
 
 const QString busService = QStringLiteral("org.freedesktop.DBus");
-const QString service = QStringLiteral("org.kde.kglobalaccel");
+const QString shortcutsService = QStringLiteral("org.kde.kglobalaccel");
 const QString component = QStringLiteral("quorvane");
 const QString actionPrefix = QStringLiteral("hot-key-");
 
@@ -31,7 +31,7 @@ QStringList fullAction(unsigned number) {
 }
 
 QDBusMessage accelCall(const char* method, const QVariantList& arguments) {
-    auto call = QDBusMessage::createMethodCall(service, "/kglobalaccel", "org.kde.KGlobalAccel",
+    auto call = QDBusMessage::createMethodCall(shortcutsService, "/kglobalaccel", "org.kde.KGlobalAccel",
                                                QLatin1String(method));
     call.setArguments(arguments);
     return call;
@@ -44,9 +44,9 @@ KGlobalAccelHotKeys::KGlobalAccelHotKeys(const QDBusConnection& bus, LayoutKeybo
     , keyboard_(keyboard)
     , layoutChanges_(keyboard.mapChanged.connect([this] { followLayouts(); })) {
     readKeys({"us", ""});
-    bus_.connect(busService, "/org/freedesktop/DBus", busService, "NameOwnerChanged", {service}, QString(),
-                 this, SLOT(ownerChanged(QString, QString, QString)));
-    bus_.connect(service, "/component/" + component, "org.kde.kglobalaccel.Component",
+    bus_.connect(busService, "/org/freedesktop/DBus", busService, "NameOwnerChanged", {shortcutsService},
+                 QString(), this, SLOT(ownerChanged(QString, QString, QString)));
+    bus_.connect(shortcutsService, "/component/" + component, "org.kde.kglobalaccel.Component",
                  "globalShortcutPressed", this, SLOT(shortcutPressed(QString, QString, qlonglong)));
     removeLeftOnes();
 }

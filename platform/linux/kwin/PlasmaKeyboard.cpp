@@ -9,13 +9,12 @@
 namespace quorvane {
 namespace {
 
-const QString busService = QStringLiteral("org.freedesktop.DBus");
-const QString service = QStringLiteral("org.kde.keyboard");
+const QString keyboardService = QStringLiteral("org.kde.keyboard");
 const QString path = QStringLiteral("/Layouts");
 const QString interfaceName = QStringLiteral("org.kde.KeyboardLayouts");
 
 QDBusMessage layoutsCall(const char* method, const QVariantList& arguments = {}) {
-    auto call = QDBusMessage::createMethodCall(service, path, interfaceName, QLatin1String(method));
+    auto call = QDBusMessage::createMethodCall(keyboardService, path, interfaceName, QLatin1String(method));
     call.setArguments(arguments);
     return call;
 }
@@ -41,10 +40,11 @@ std::vector<PlasmaLayoutName> namesIn(const QDBusMessage& answer) {
 } // namespace
 
 PlasmaKeyboard::PlasmaKeyboard(const QDBusConnection& bus) : bus_(bus) {
-    bus_.connect(busService, "/org/freedesktop/DBus", busService, "NameOwnerChanged", {service}, QString(),
+    bus_.connect(QStringLiteral("org.freedesktop.DBus"), "/org/freedesktop/DBus",
+                 QStringLiteral("org.freedesktop.DBus"), "NameOwnerChanged", {keyboardService}, QString(),
                  this, SLOT(ownerChanged(QString, QString, QString)));
-    bus_.connect(service, path, interfaceName, "layoutChanged", this, SLOT(layoutChanged(unsigned)));
-    bus_.connect(service, path, interfaceName, "layoutListChanged", this, SLOT(readLayouts()));
+    bus_.connect(keyboardService, path, interfaceName, "layoutChanged", this, SLOT(layoutChanged(unsigned)));
+    bus_.connect(keyboardService, path, interfaceName, "layoutListChanged", this, SLOT(readLayouts()));
     readLayouts();
 }
 

@@ -112,7 +112,7 @@ TEST_F(GnomeProgramTest, ItAnswersWhileTheShellHangs) {
     server.stop();
     const auto begin = std::chrono::steady_clock::now();
     for (int time = 0; time < 5; ++time) {
-        EXPECT_TRUE(control({"select", "xkb:de"}).contains("xkb:de"));
+        EXPECT_TRUE(control({"select", "xkb:de"}).contains("German"));
         EXPECT_FALSE(control({"status"}).isEmpty());
     }
     // Ten commands, with the processes that ask.
