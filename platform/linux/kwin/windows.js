@@ -77,12 +77,17 @@ function tellActive(window) {
     tell("WindowActivated", idOf(window));
 }
 
-function watch(window) {
-    const changes = ["frameGeometryChanged", "clientGeometryChanged", "minimizedChanged", "captionChanged",
-        "desktopFileNameChanged", "windowClassChanged"];
+function listen(window, changes, task) {
     for (const name of changes) {
-        if (window[name]) window[name].connect(() => hasChanged(window));
+        if (window[name]) window[name].connect(task);
     }
+}
+
+function watch(window) {
+    listen(window, ["frameGeometryChanged", "clientGeometryChanged", "captionChanged"], () => hasChanged(window));
+    listen(window, ["minimizedChanged", "desktopFileNameChanged", "windowClassChanged"], () => {
+        if (told[idOf(window)]) tellWindow(window);
+    });
     if (isOrdinary(window)) tellWindow(window);
 }
 

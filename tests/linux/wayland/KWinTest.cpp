@@ -1,8 +1,10 @@
 // The session of KWin, on a real one.
 
+#include <QDBusArgument>
 #include <QDBusMessage>
 
 #include "linux/wayland/SessionContracts.h"
+#include "linux/wayland/SessionFaults.h"
 #include "platform/linux/kwin/KWinSession.h"
 #include "platform/linux/qt/LettersIcon.h"
 #include "virtual-desktop/KWinServer.h"
@@ -36,14 +38,25 @@ public:
         accel("setShortcut", {action, QVariant::fromValue(QList<int>{int{Qt::CTRL} | Qt::Key_J}), 6U});
     }
     void endSession() override { session_.reset(); }
+    bool hasOurs() override {
+        const QStringList component{"quorvane", {}, {}, {}};
+        const auto actions = accel("allActionsForComponent", {component}).arguments().value(0);
+        auto call = QDBusMessage::createMethodCall("org.kde.KWin", "/Scripting", "org.kde.kwin.Scripting",
+                                                   "isScriptLoaded");
+        call << "quorvane";
+        const bool isLoaded = bus_.call(call).arguments().value(0).toBool();
+        return isLoaded || !qdbus_cast<QList<QStringList>>(actions).isEmpty();
+    }
     void settle() override { accel("allMainComponents", {}); }
 
 private:
-    void accel(const char* method, const QVariantList& arguments) {
+    QDBusMessage accel(const char* method, const QVariantList& arguments) {
         auto call = QDBusMessage::createMethodCall("org.kde.kglobalaccel", "/kglobalaccel",
                                                    "org.kde.KGlobalAccel", method);
         call.setArguments(arguments);
-        EXPECT_EQ(bus_.call(call).type(), QDBusMessage::ReplyMessage);
+        auto answer = bus_.call(call);
+        EXPECT_EQ(answer.type(), QDBusMessage::ReplyMessage);
+        return answer;
     }
 
     KWinServer server_;
@@ -59,6 +72,7 @@ std::unique_ptr<SessionDesktop> makeDesktop() {
 
 INSTANTIATE_TEST_SUITE_P(KWin, WorkspaceContract, on<SessionWorkspaceBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(KWin, TextInputSourcesContract, on<SessionSourcesBench>(makeDesktop));
+INSTANTIATE_TEST_SUITE_P(KWin, SessionFaults, testing::Values(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(KWin, HotKeysContract, on<SessionHotKeysBench>(makeDesktop));
 
 } // namespace

@@ -26,6 +26,8 @@ public:
     virtual void setLayouts(const QByteArray& layouts, const QByteArray& variants) = 0;
     virtual void takeKeys(const KeyCombination& combination) = 0;
     virtual void endSession() = 0;
+    virtual bool
+    hasOurs() = 0; ///< Whether there is something of the session's in the compositor, such as F5.
 
     /// The compositor has done what the session has asked for so far.
     virtual void settle() = 0;

@@ -1,8 +1,13 @@
 // The session of sway, on a real one.
 
+#include <QJsonArray>
+#include <QJsonObject>
+
 #include "linux/wayland/SessionContracts.h"
+#include "linux/wayland/SessionFaults.h"
 #include "platform/linux/qt/LettersIcon.h"
 #include "platform/linux/sway/SwaySession.h"
+#include "virtual-desktop/SwayConnection.h"
 #include "virtual-desktop/SwayServer.h"
 
 namespace quorvane {
@@ -32,6 +37,10 @@ public:
         server_.reload();
     }
     void endSession() override { session_.reset(); }
+    bool hasOurs() override {
+        const auto answer = sway::ask(sway::Question::command, "unbindcode 71").array();
+        return answer.first().toObject()["success"].toBool();
+    }
     void settle() override { server_.layout(); }
 
 private:
@@ -46,7 +55,37 @@ std::unique_ptr<SessionDesktop> makeDesktop() {
 
 INSTANTIATE_TEST_SUITE_P(Sway, WorkspaceContract, on<SessionWorkspaceBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(Sway, TextInputSourcesContract, on<SessionSourcesBench>(makeDesktop));
+INSTANTIATE_TEST_SUITE_P(Sway, SessionFaults, testing::Values(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(Sway, HotKeysContract, on<SessionHotKeysBench>(makeDesktop));
+
+using SwaySessionTest = SessionFaults;
+INSTANTIATE_TEST_SUITE_P(Sway, SwaySessionTest, testing::Values(makeDesktop));
+
+TEST_P(SwaySessionTest, AReloadIsNotNoticed) {
+    ASSERT_TRUE(waitForLayouts());
+    const WaylandWindow window("alpha", "alpha");
+    int changes = 0;
+    const auto counting = parts_.layouts.selectionChanged.connect([&] { ++changes; });
+    ASSERT_TRUE(select("xkb:ru"));
+    ASSERT_TRUE(waitUntil([&] { return changes == 1; }));
+    SwayServer::run("reload");
+    EXPECT_EQ(desktop_->server().layout(), 0U) << "sway forgets it";
+    EXPECT_TRUE(waitUntil([&] { return desktop_->server().layout() == 1; }));
+    EXPECT_TRUE(f5Fires());
+    EXPECT_EQ(selected(), "xkb:ru");
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_P(SwaySessionTest, TheFrontWindowIsWhereItWasMoved) {
+    const WaylandWindow window("alpha", "alpha");
+    ASSERT_TRUE(waitUntil([&] { return front() == "alpha"; }));
+    desktop_->server().move("alpha", {100, 200, 400, 300}); // As a floating one, of which sway tells.
+    EXPECT_TRUE(waitUntil([&] {
+        const auto windows = parts_.windowList.windows();
+        return windows.size() == 1 && windows[0].bounds == Rect{100, 200, 400, 300} &&
+               windows[0].name == "alpha";
+    }));
+}
 
 } // namespace
 } // namespace quorvane
