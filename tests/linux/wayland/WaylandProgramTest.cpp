@@ -40,7 +40,7 @@ protected:
     WaylandServer& server_ = *session_.server;
 };
 
-INSTANTIATE_TEST_SUITE_P(Of, WaylandProgram, testing::Values("sway", "kwin"),
+INSTANTIATE_TEST_SUITE_P(Of, WaylandProgram, testing::Values("sway", "kwin", "gnome"),
                          [](const auto& each) { return each.param; });
 
 TEST_P(WaylandProgram, GivesEveryProgramItsLayoutAndWhatIsTypedArrives) {
