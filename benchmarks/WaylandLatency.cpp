@@ -37,9 +37,7 @@ struct Entered {
 
 class Measured {
 public:
-    explicit Measured(const std::string& compositor)
-        : session_(compositor, {{QUORVANE_SHELL_EXTENSION_FOLDER,
-                                 QString::fromStdString(std::string(maker::shellExtension))}}) {
+    explicit Measured(const std::string& compositor) : session_(compositor) {
         session_.startProgram();
         for (std::size_t i = 0; i < windows_.size(); ++i)
             session_.setRule(names_.at(i), i == 0 ? "xkb:us" : "xkb:ru");
