@@ -25,6 +25,12 @@ public:
         server_.evaluate("global.display.grab_accelerator('<Control>j', 0)");
     }
     void endSession() override { agent_.reset(); }
+    bool hasOurs() override {
+        const auto free = "(a => { if (a) global.display.ungrab_accelerator(a); return a !== 0; })"
+                          "(global.display.grab_accelerator('F5', 0))";
+        return !server_.evaluate(free).toBool();
+    }
+    void settle() override { server_.layout(); }
 
 private:
     GnomeServer server_{ourExtension()};
@@ -34,6 +40,7 @@ private:
 std::unique_ptr<SessionDesktop> makeDesktop() {
     return std::make_unique<GnomeSessionDesktop>();
 }
+
 INSTANTIATE_TEST_SUITE_P(Gnome, TextInputSourcesContract, on<SessionSourcesBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(Gnome, WorkspaceContract, on<SessionWorkspaceBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(Gnome, HotKeysContract, on<SessionHotKeysBench>(makeDesktop));
