@@ -37,9 +37,7 @@ struct Entered {
 
 class Measured {
 public:
-    explicit Measured(const std::string& compositor)
-        : session_(compositor, {{QUORVANE_SHELL_EXTENSION_FOLDER,
-                                 QString::fromStdString(std::string(maker::shellExtension))}}) {
+    explicit Measured(const std::string& compositor) : session_(compositor) {
         session_.startProgram();
         for (std::size_t i = 0; i < windows_.size(); ++i)
             session_.setRule(names_.at(i), i == 0 ? "xkb:us" : "xkb:ru");
@@ -48,6 +46,8 @@ public:
     void measureSwitches(int count) {
         std::vector<double> times;
         int missed = 0;
+        for (const std::size_t first : {0U, 1U})
+            activate(first);
         for (int i = 0; i < count; ++i) {
             pause();
             const auto entered = activate(std::size_t(i) % 2);
@@ -112,16 +112,14 @@ private:
         return time;
     }
 
-    /// Ends when the layout is there, or after two seconds.
+    /// Ends when the layout is there, or never comes.
     Entered activate(std::size_t which) {
         auto& window = windows_.at(which);
         const auto since = window.events().size();
         const auto wanted = QString("group %1").arg(which);
         Entered result;
         session_.server->activate(titles_.at(which));
-        const auto deadline = std::chrono::steady_clock::now() + 2s;
-        while (!result.layoutIsRight && std::chrono::steady_clock::now() < deadline) {
-            std::this_thread::sleep_for(2ms);
+        waitUntil([&] {
             const auto events = window.events();
             result = {};
             for (std::size_t i = since; i < events.size(); ++i) {
@@ -129,7 +127,8 @@ private:
                 if (events[i].what == wanted && result.time && !result.layoutIsRight)
                     result.layoutIsRight = events[i].time;
             }
-        }
+            return result.layoutIsRight.has_value();
+        });
         return result;
     }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "settings/Maker.h"
 #include "virtual-desktop/GnomeServer.h"
 #include "virtual-desktop/KWinServer.h"
 #include "virtual-desktop/ScratchFolders.h"
@@ -11,14 +12,17 @@
 
 namespace quorvane {
 
-/// A home and a Wayland compositor in it, by its name: "sway", "kwin" or "gnome", which has these
-/// extensions.
+/// What lets the program work in GNOME Shell.
+inline std::vector<GnomeServer::Extension> ourExtension() {
+    return {{QUORVANE_SHELL_EXTENSION_FOLDER, QString::fromStdString(std::string(maker::shellExtension))}};
+}
+
+/// A home and a Wayland compositor in it, by its name: "sway", "kwin" or "gnome".
 struct WaylandSession {
-    explicit WaylandSession(const std::string& compositor,
-                            const std::vector<GnomeServer::Extension>& extensions = {}) {
+    explicit WaylandSession(const std::string& compositor) {
         if (compositor == "sway") server = std::make_unique<SwayServer>();
         if (compositor == "kwin") server = std::make_unique<KWinServer>();
-        if (compositor == "gnome") server = std::make_unique<GnomeServer>(extensions);
+        if (compositor == "gnome") server = std::make_unique<GnomeServer>(ourExtension());
     }
 
     ScratchFolders folders;

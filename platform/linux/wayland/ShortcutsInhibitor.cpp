@@ -15,8 +15,8 @@ namespace {
 /// Of the toolkit; null on another platform.
 template <class Object>
 Object* resourceOfToolkit(const char* name) {
-    return static_cast<Object*>(
-        QGuiApplication::platformNativeInterface()->nativeResourceForIntegration(name));
+    auto* toolkit = QGuiApplication::platformNativeInterface();
+    return toolkit ? static_cast<Object*>(toolkit->nativeResourceForIntegration(name)) : nullptr;
 }
 
 } // namespace

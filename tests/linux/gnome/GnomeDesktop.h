@@ -1,19 +1,19 @@
 #pragma once
 
+#include <stdexcept>
 #include <string>
 
-#include "settings/Maker.h"
-#include "virtual-desktop/GnomeServer.h"
-#include "virtual-desktop/ScratchFolders.h"
 #include "virtual-desktop/WaitUntil.h"
+#include "virtual-desktop/WaylandSession.h"
 
 namespace quorvane {
 
 /// A home, and GNOME Shell with our extension in it. It takes seconds to start, so there is one for all tests
 /// of a program, which leave it as they found it.
 struct GnomeDesktop {
-    static GnomeDesktop& shared() {
+    static GnomeDesktop& shared(const QString& sources) {
         static GnomeDesktop desktop;
+        if (!desktop.haveSources(sources)) throw std::runtime_error("the shell has other sources");
         return desktop;
     }
 
@@ -37,7 +37,7 @@ struct GnomeDesktop {
     }
 
     ScratchFolders folders;
-    GnomeServer server{{{QUORVANE_SHELL_EXTENSION_FOLDER, uuid()}}};
+    GnomeServer server{ourExtension()};
 };
 
 inline const QString usual = "('xkb','us'),('xkb','ru'),('xkb','de')";

@@ -1,110 +1,25 @@
 // The session of GNOME Shell in this process, with a real shell and our extension in it.
 
 #include <list>
-#include <map>
 
-#include <QGuiApplication>
+#include <QImage>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
-#include "contracts/TextInputSourcesContract.h"
-#include "contracts/WorkspaceContract.h"
+#include "linux/gnome/GnomeAgent.h"
 #include "linux/gnome/GnomeDesktop.h"
 #include "platform/GlobalEventMonitor.h"
-#include "platform/linux/control/ControlAddress.h"
-#include "platform/linux/gnome/GnomeSession.h"
 #include "virtual-desktop/WaylandWindow.h"
 
 namespace quorvane {
 namespace {
 
-using testing::ElementsAre;
-
-/// The agent's side, from when the extension has told everything.
-struct Agent {
-    explicit Agent(const QString& sources = usual) {
-        if (!desktop.haveSources(sources)) throw std::runtime_error("the shell has other sources");
-        bus.registerService(control_address::service());
-        const auto wanted = std::size_t(sources.count("',"));
-        const bool isThere =
-            waitUntil([&] { return session.parts().layouts.createInputSourceList().size() >= wanted / 2; });
-        if (!isThere) throw std::runtime_error("the extension is silent");
-    }
-    ~Agent() {
-        bus.unregisterService(control_address::service());
-        QDBusConnection::disconnectFromBus(bus.name());
-    }
-
-    GnomeDesktop& desktop = GnomeDesktop::shared();
-    QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "agent");
-    DesktopEntries entries = DesktopEntries::ofEnvironment();
-    SessionApplications applications{entries, nullptr};
-    GnomeSession session{
-        bus, applications, {[](const auto&) { return nullptr; }, [](const auto&) { return nullptr; }}};
-};
-
-template <class Bench>
-class GnomeBench : public Bench {
-public:
-    bool waitUntil(const std::function<bool()>& condition) override { return quorvane::waitUntil(condition); }
-
-protected:
-    explicit GnomeBench(const QString& sources = usual) : agent_(sources) {}
-
-    GnomeServer& server_ = GnomeDesktop::shared().server;
-    Agent agent_;
-};
-
-class GnomeSourcesBench : public GnomeBench<TextInputSourcesBench> {
-public:
-    GnomeSourcesBench() : GnomeBench("('xkb','us'),('xkb','ru'),('xkb','de+neo')") {}
-    TextInputSources& sources() override { return layouts_; }
-    int changesTold() const override { return changes_; }
-    void selectFromOutside(const std::string& id) override {
-        const auto& enabled = sources_;
-        server_.selectLayout(static_cast<unsigned>(std::ranges::find(enabled, id) - enabled.begin()));
-    }
-    void disable(const std::string& id) override {
-        std::erase(sources_, id);
-        QStringList left;
-        for (const auto& source : sources_)
-            left << "('xkb','" + QString::fromStdString(source).mid(4).replace(':', '+') + "')";
-        GnomeServer::set("org.gnome.desktop.input-sources", "sources", "[" + left.join(',') + "]");
-    }
-
-private:
-    std::vector<std::string> sources_{"xkb:us", "xkb:ru", "xkb:de:neo"};
-    LayoutSources& layouts_ = agent_.session.parts().layouts;
-    int changes_ = 0;
-    Subscription counting_ = layouts_.selectionChanged.connect([this] { ++changes_; });
-};
-
-class GnomeWorkspaceBench : public GnomeBench<WorkspaceBench> {
-public:
-    Workspace& workspace() override { return agent_.applications.workspace; }
-    void openWindow(const std::string& id) override {
-        windows_[id].emplace_back(QString::fromStdString(id));
-        activate(id);
-    }
-    void activate(const std::string& id) override { server_.activate(QString::fromStdString(id)); }
-    void hide(const std::string& id) override {
-        server_.evaluate("find('" + QString::fromStdString(id) + "').minimize()");
-    }
-    void quit(const std::string& id) override { windows_.erase(id); }
-
-private:
-    std::map<std::string, std::list<WaylandWindow>> windows_;
-};
-
-template <class Bench>
-auto bench() {
-    return testing::Values([] { return std::make_unique<Bench>(); });
-}
-INSTANTIATE_TEST_SUITE_P(Gnome, TextInputSourcesContract, bench<GnomeSourcesBench>());
-INSTANTIATE_TEST_SUITE_P(Gnome, WorkspaceContract, bench<GnomeWorkspaceBench>());
-
 class GnomeSessionTest : public testing::Test {
 protected:
-    Agent agent;
-    GnomeDesktop& desktop = agent.desktop;
+    DesktopEntries entries = DesktopEntries::ofEnvironment();
+    SessionApplications applications{entries, nullptr};
+    GnomeDesktop& desktop = GnomeDesktop::shared(usual);
+    GnomeAgent agent{applications};
     GnomeServer& server = desktop.server;
     SessionParts parts = agent.session.parts();
 };
@@ -179,13 +94,13 @@ TEST_F(GnomeSessionTest, WorksAgainAfterTheExtensionWasOffAndSaysSoMeanwhile) {
     using enum ShellExtension::State;
     WaylandWindow first("first"), second("second");
     ASSERT_TRUE(server.activate("first"));
-    ASSERT_TRUE(waitUntil([&] { return agent.applications.workspace.frontmostApplication().has_value(); }));
+    ASSERT_TRUE(waitUntil([&] { return applications.workspace.frontmostApplication().has_value(); }));
     desktop.manage("disableExtension");
     EXPECT_TRUE(waitUntil([&] { return parts.shellExtension->state() == isOff; }));
     EXPECT_FALSE(parts.layouts.selectInputSource({.id = "xkb:ru"}));
     ASSERT_TRUE(server.activate("second"));
     parts.shellExtension->turnOn();
-    const auto front = [&] { return agent.applications.workspace.frontmostApplication()->bundleIdentifier; };
+    const auto front = [&] { return applications.workspace.frontmostApplication()->bundleIdentifier; };
     EXPECT_TRUE(waitUntil([&] { return front() == "second"; }));
     EXPECT_EQ(parts.shellExtension->state(), works);
     EXPECT_TRUE(parts.layouts.selectInputSource({.id = "xkb:ru"}));
@@ -195,7 +110,7 @@ TEST_F(GnomeSessionTest, WorksAgainAfterTheExtensionWasOffAndSaysSoMeanwhile) {
 TEST_F(GnomeSessionTest, AShellThatHangsIsNotWaitedFor) {
     server.stop();
     EXPECT_TRUE(parts.layouts.selectInputSource({.id = "xkb:de"}));
-    EXPECT_EQ(currentIdIn(parts.layouts), "xkb:de") << "as far as anybody knows";
+    EXPECT_EQ(parts.layouts.copyCurrentKeyboardInputSource()->id, "xkb:de") << "as far as anybody knows";
     server.resume();
     EXPECT_TRUE(waitUntil([&] { return server.layout() == 2; }));
 }

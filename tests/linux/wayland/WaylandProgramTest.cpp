@@ -36,9 +36,7 @@ protected:
         return waitUntil([&] { return server_.layout() == layout; });
     }
 
-    WaylandProgramSession session_{
-        GetParam(),
-        {{QUORVANE_SHELL_EXTENSION_FOLDER, QString::fromStdString(std::string(maker::shellExtension))}}};
+    WaylandProgramSession session_{GetParam()};
     WaylandServer& server_ = *session_.server;
 };
 
