@@ -4,6 +4,7 @@
 
 #include <QDBusArgument>
 
+#include "platform/linux/Log.h"
 #include "platform/linux/dbus/AsyncCall.h"
 
 namespace quorvane {
@@ -101,7 +102,20 @@ void PlasmaKeyboard::takeSingleLayout() {
     if (layouts.ofGroups.size() != 1) layouts.ofGroups.clear(); // KWin has gone, or uses something else.
     if (layouts.ofGroups.empty()) return;
     group_.tell(0);
-    if (std::exchange(layouts_, layouts) != layouts) mapChanged.emit();
+    if (std::exchange(layouts_, layouts) == layouts) return;
+    explainSingleLayout();
+    mapChanged.emit();
+}
+
+void PlasmaKeyboard::explainSingleLayout() {
+    auto question = QDBusMessage::createMethodCall("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                                   "org.freedesktop.DBus", QStringLiteral("NameHasOwner"));
+    question.setArguments({QStringLiteral("org.fcitx.Fcitx5")});
+    callAsync(bus_, question, this, [](const QDBusMessage& answer) {
+        if (answer.arguments().value(0).toBool())
+            logLine("KWin has one layout, perhaps because Fcitx5 has replaced the list: it does so unless "
+                    "\"Allow Overriding System XKB Settings\" is off among its settings for Wayland");
+    });
 }
 
 } // namespace quorvane

@@ -31,6 +31,7 @@ private:
     Q_SLOT void readLayouts();
     void takeLayouts(const std::vector<PlasmaLayoutName>& names, unsigned group);
     void takeSingleLayout();
+    void explainSingleLayout();
 
     QDBusConnection bus_;
     KeyboardLayouts layouts_;

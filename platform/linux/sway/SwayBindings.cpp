@@ -114,10 +114,8 @@ void SwayBindings::readLine(const std::string& line) {
 /// Lines of `bindsym --locked {` are bindings; those of the default mode are like those outside of all.
 void SwayBindings::openBlock(Words words) {
     const bool isInOther = !blocks_.empty() && blocks_.back() == otherBlock;
-    const auto kind = words.empty() ? std::string() : words.front();
-    if (isInOther)
-        blocks_.push_back(otherBlock);
-    else if (kind == "bindsym" || kind == "bindcode")
+    const auto kind = words.empty() || isInOther ? std::string() : words.front();
+    if (kind == "bindsym" || kind == "bindcode")
         blocks_.push_back(std::move(words));
     else if (kind == "mode" && words.back() == "default")
         blocks_.emplace_back();

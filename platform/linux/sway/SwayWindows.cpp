@@ -1,9 +1,17 @@
 #include "platform/linux/sway/SwayWindows.h"
 
+#include <chrono>
+
 #include "platform/linux/applications/RunningLauncher.h"
 #include "platform/linux/sway/SwayTree.h"
 
 namespace quorvane {
+namespace {
+
+/// sway itself waits for programs that it resizes no longer than 200 ms.
+constexpr std::chrono::milliseconds timeToFollow{300};
+
+} // namespace
 
 SwayWindows::SwayWindows(SwayIpc& sway, CompositorWindows& windows)
     : windows_(windows)
@@ -11,7 +19,11 @@ SwayWindows::SwayWindows(SwayIpc& sway, CompositorWindows& windows)
     , events_(sway.happened.connect([this](SwayEvent type, const QJsonObject& event) {
         if (type == SwayEvent::window) handleWindow(event);
         if (type == SwayEvent::workspace) readAnew();
-    })) {}
+    })) {
+    settling_.setSingleShot(true);
+    settling_.setInterval(timeToFollow);
+    QObject::connect(&settling_, &QTimer::timeout, &settling_, [this] { readAnew(); });
+}
 
 void SwayWindows::handleWindow(const QJsonObject& event) {
     const auto container = event.value("container").toObject();
@@ -25,6 +37,7 @@ void SwayWindows::handleWindow(const QJsonObject& event) {
         windows_.launcherMoved(nullptr);
     }
     readAnew();
+    settling_.start();
 }
 
 void SwayWindows::takeTree(const QJsonObject& root) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QTimer>
+
 #include "platform/linux/session/CompositorWindows.h"
 #include "platform/linux/sway/SwayReading.h"
 
@@ -7,7 +9,7 @@ namespace quorvane {
 
 /// Feeds what sway tells of its windows. It tells at once who has the focus. That a window was resized, that
 /// a floating one was moved, and what has become of the others when one closes, it does not tell: the tree
-/// has it, which is read once after any events.
+/// has it, which is read after any events, and once more when the programs have had time to follow them.
 class SwayWindows {
 public:
     /// Both must outlive this object.
@@ -22,6 +24,7 @@ private:
 
     CompositorWindows& windows_;
     SwayReading tree_;
+    QTimer settling_;
     Subscription events_;
 };
 

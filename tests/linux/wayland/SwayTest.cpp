@@ -79,7 +79,10 @@ TEST_P(SwaySessionTest, AReloadIsNotNoticed) {
 TEST_P(SwaySessionTest, TheFrontWindowIsWhereItWasMoved) {
     const WaylandWindow window("alpha", "alpha");
     ASSERT_TRUE(waitUntil([&] { return front() == "alpha"; }));
-    desktop_->server().move("alpha", {100, 200, 400, 300}); // As a floating one, of which sway tells.
+    EXPECT_TRUE(waitUntil([&] { // As a floating one: sway tells that it floats, not that it moves.
+        desktop_->server().move("alpha", {100, 200, 400, 300});
+        return desktop_->server().place("alpha") == QRect(100, 200, 400, 300);
+    }));
     EXPECT_TRUE(waitUntil([&] {
         const auto windows = parts_.windowList.windows();
         return windows.size() == 1 && windows[0].bounds == Rect{100, 200, 400, 300} &&
