@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "support/ProgramTest.h"
@@ -96,6 +97,36 @@ const Story activations[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Activations, Stories, testing::ValuesIn(activations));
+
+TEST_F(ProgramTest, ADesktopThatSwitchesAheadHasTheRulesWheneverTheProgramWouldSwitch) {
+    auto& desktop = desktop_.desktop;
+    desktop.switchingAhead = &desktop_.switchingAhead;
+    desktop.facts.switchDelay = desktop.facts.screenChangeDelay = 0;
+    const std::string launchers = "com.apple.Spotlight de, com.runningwithcrayons.Alfred-5 ru, ";
+    const auto ahead = "ahead " + launchers + "de.app de, ru.app ru, others ";
+    const auto none = std::string("ahead others as they are");
+    const Story cases[] = {
+        {"from the start", "launch", {"0 " + ahead + "as they are"}},
+        {"told of first, it finds the source as it was", "| ru.app =ru 1", {"0 " + switchTo("ru")}},
+        {"the default source", "| own:defaultInput=us", {"0 own defaultInput = 'us'; " + ahead + "us"}},
+        {"a pause", "| pause", {"0 " + none}},
+        {"and its end", "| resume", {"0 " + ahead + "us"}},
+        {"the companion", "| companion", {"0 " + none}},
+        {"its end is noticed with the next decision",
+         "| companion-quits de.app",
+         {"0 " + ahead + "us; " + switchTo("de", "ru", 2)}},
+    };
+    for (const auto& each : cases) {
+        auto lines = play(each.happens);
+        const auto& last = lines.back(); // A start does more.
+        if (each.happens == "launch") lines = {"0 " + last.substr(last.rfind("ahead"))};
+        EXPECT_EQ(lines, each.follows) << each.what;
+    }
+    // Rules that somebody else has written, who tells nobody.
+    setRule("other.app", "de");
+    EXPECT_THAT(play("| ru.app"),
+                testing::Contains(testing::HasSubstr("other.app de, ru.app ru, others us")));
+}
 
 TEST_F(ProgramTest, ADesktopWithoutWaitsIsSwitchedBeforeAnythingElseHappens) {
     desktop_.desktop.facts.switchDelay = desktop_.desktop.facts.screenChangeDelay = 0;

@@ -1,6 +1,5 @@
 // The whole program in a session of GNOME Shell.
 
-#include <QFile>
 #include <chrono>
 
 #include <gtest/gtest.h>
@@ -10,6 +9,7 @@
 #include "settings/Keys.h"
 #include "tests/linux/support/Groups.h"
 #include "virtual-desktop/RunningProgram.h"
+#include "virtual-desktop/WaylandTextProgram.h"
 #include "virtual-desktop/WaylandWindow.h"
 
 namespace quorvane {
@@ -20,15 +20,6 @@ constexpr std::uint8_t g = 42;
 class GnomeProgramTest : public testing::Test {
 protected:
     /// Starts the program with these rules; everybody else gets xkb:us.
-    void TearDown() override {
-        if (HasFailure()) {
-            printf("AGENT %s\n", program->errors().toUtf8().data());
-            QFile f(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/compositor.log");
-            f.open(QFile::ReadOnly);
-            for (auto l : f.readAll().split('\n'))
-                if (l.contains("uorvane")) printf("SHELL %s\n", l.data());
-        }
-    }
     void start(const std::map<std::string, std::string>& rules) {
         PropertyList::Dictionary autoInput;
         for (const auto& [application, source] : rules)
@@ -128,6 +119,28 @@ TEST_F(GnomeProgramTest, ItAnswersWhileTheShellHangs) {
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(1));
     server.resume();
     EXPECT_TRUE(waitUntil([&] { return server.layout() == de; }));
+}
+
+TEST_F(GnomeProgramTest, AnInputMethodReadsLatinLettersWhateverWasTypedBefore) {
+    ASSERT_TRUE(desktop.haveSources("('xkb','us'),('xkb','ru'),('ibus','libpinyin')"));
+    qputenv("QT_IM_MODULE", "ibus");
+    WaylandTextProgram chinese(server, TextCommand::Toolkit::qt, "chinese");
+    qunsetenv("QT_IM_MODULE");
+    WaylandWindow russian("russian");
+    start({{"chinese", "ibus:libpinyin"}, {"russian", "xkb:ru"}});
+    constexpr std::uint8_t n = 57, i = 31, space = 65;
+    QString before;
+    // Until the engine, which the shell loads when it is first used, takes keys.
+    EXPECT_TRUE(waitUntil([&] {
+        before = chinese.typed();
+        if (!server.activate("russian") || !waitUntil([&] { return server.layout() == ru; })) return false;
+        if (!server.activate("chinese") || server.layout() != 2) return false;
+        server.type({n, i, space});
+        return waitUntil([&] { return chinese.typed().size() > before.size(); }) &&
+               chinese.typed().endsWith("你");
+    })) << chinese.typed().toStdString();
+    EXPECT_FALSE(chinese.typed().contains("т")) << "Cyrillic letters";
+    EXPECT_TRUE(control({"why", "chinese"}).contains("(ibus:libpinyin), by its rule"));
 }
 
 } // namespace

@@ -60,6 +60,9 @@ class Indicator {
     }
 
     _moved(event) {
+        // Whoever holds the grab without the button would keep everybody's events.
+        if (!(event.get_state() & Clutter.ModifierType.BUTTON1_MASK))
+            return this._released();
         if (this._grab) {
             const [x, y] = event.get_coords();
             this._actor.set_position(x - this._held[0], y - this._held[1]);
