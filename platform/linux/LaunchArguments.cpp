@@ -23,6 +23,7 @@ std::optional<double> timeIn(std::string_view argument) {
 LaunchArguments::LaunchArguments(std::span<const char* const> arguments) {
     const std::map<std::string_view, bool*> known{{launch_argument::newInstance, &isNewInstance},
                                                   {launch_argument::atLogin, &isAtLogin},
+                                                  {launch_argument::afterCompositor, &isAfterCompositor},
                                                   {launch_argument::preferences, &opensPreferences},
                                                   {launch_argument::help, &asksForHelp},
                                                   {launch_argument::version, &asksForVersion}};

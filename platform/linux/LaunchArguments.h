@@ -20,6 +20,9 @@ inline constexpr const char* pausedUntil = "--paused-until=";
 /// By the session, at login: leave when an instance runs already, and do not ask it to reopen.
 inline constexpr const char* atLogin = "--at-login";
 
+/// By itself, when the Wayland compositor has died: wait for its successor, and begin as at login.
+inline constexpr const char* afterCompositor = "--after-compositor";
+
 /// By a menu: open the window, whether an instance runs already or not.
 inline constexpr const char* preferences = "--preferences";
 
@@ -36,6 +39,7 @@ struct LaunchArguments {
     bool isNewInstance = false;
     std::optional<double> pausedUntil;
     bool isAtLogin = false;
+    bool isAfterCompositor = false;
     bool opensPreferences = false;
     bool asksForHelp = false;
     bool asksForVersion = false;

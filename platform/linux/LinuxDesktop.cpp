@@ -136,7 +136,9 @@ LinuxDesktop::LinuxDesktop(const SessionStart& startSession)
                .switchingAhead = parts_.switchingAhead,
                .inputSources = inputSources_,
                .defaults = defaults_,
-               .workspace = applications_.workspace} {}
+               .workspace = applications_.workspace} {
+    if (parts_.shellExtension) extensionNotices_.emplace(*parts_.shellExtension, interfaceFiles_.notices());
+}
 
 /// In the order in which they are preferred.
 std::vector<InputMethodDaemon*> LinuxDesktop::daemons() {

@@ -11,6 +11,7 @@
 #include "platform/linux/dbus/DBusNotificationCenter.h"
 #include "platform/linux/defaults/LinuxUserDefaults.h"
 #include "platform/linux/desktop-files/LinuxApplicationBundles.h"
+#include "platform/linux/gnome/ExtensionNotices.h"
 #include "platform/linux/input-methods/SessionInputSources.h"
 #include "platform/linux/input-methods/fcitx5/Fcitx5InputSources.h"
 #include "platform/linux/input-methods/ibus/IBusInputSources.h"
@@ -39,6 +40,9 @@ public:
     Desktop& desktop() { return desktop_; }
     QtApplicationPort& application() { return application_; }
     const DesktopReport& report() const { return report_; }
+
+    /// Now, instead of a little later.
+    void saveSettings() { defaults_.flushPendingWrites(); }
 
 private:
     std::vector<InputMethodDaemon*> daemons();
@@ -73,6 +77,7 @@ private:
     QtImages images_;
     QtInterfaceFiles interfaceFiles_;
     SettingsNotices settingsNotices_;
+    std::optional<ExtensionNotices> extensionNotices_;
     Subscription activations_;
     Subscription frontWindowChanges_;
     Subscription launcherChanges_;

@@ -13,6 +13,7 @@
 #include "platform/linux/LinuxDesktop.h"
 #include "platform/linux/Log.h"
 #include "platform/linux/OpenedSession.h"
+#include "platform/linux/ReturnOfSession.h"
 #include "platform/linux/UnixSignals.h"
 #include "platform/linux/appearance/ColorScheme.h"
 #include "platform/linux/control/ControlService.h"
@@ -50,13 +51,20 @@ int runProgram(const quorvane::OpenedSession& session, const quorvane::LaunchArg
     auto& instance = session.instance();
     using enum quorvane::SingleInstance::IfAnotherRuns;
     if (arguments.isNewInstance) instance.waitForTheOtherToEnd();
-    if (!instance.becomeTheOne(arguments.isAtLogin ? leaveIt : askItToReopen)) return 0;
+    if (!instance.becomeTheOne(arguments.isAtLogin || arguments.isAfterCompositor ? leaveIt : askItToReopen))
+        return 0;
 
     const quorvane::ColorScheme colorScheme(session.x());
     quorvane::LinuxDesktop linuxDesktop(session.start());
     auto& application = linuxDesktop.application();
     const quorvane::UnixSignals signals([&application] { application.terminate(); });
     const auto sessionLoss = session.onLost([&application] { application.terminate(); });
+    if (!session.x()) {
+        quorvane::beforeToolkitGivesUp([&linuxDesktop] {
+            linuxDesktop.saveSettings();
+            quorvane::startAnewAfterCompositor();
+        });
+    }
 
     quorvane::AppDelegate program(linuxDesktop.desktop());
     if (arguments.pausedUntil) program.controlled().pause.pauseUntil(*arguments.pausedUntil);
@@ -97,12 +105,14 @@ int main(int argc, char** argv) {
     }
     // GLib wakes its threads to end them when they have been idle for a while; it may let them sleep.
     g_thread_pool_set_max_idle_time(0);
+    if (arguments.isAfterCompositor && !quorvane::waitForReturnOfDisplay()) return 0;
     const auto kind = quorvane::sessionThere();
     // Qt ends the process where it finds no display.
     if (!quorvane::hasDisplay(kind)) {
         quorvane::logLine("no X server: DISPLAY names none that can be reached");
         return 1;
     }
+    if (!quorvane::isOfX11(kind)) quorvane::beforeToolkitGivesUp(quorvane::startAnewAfterCompositor);
     std::optional<EnvironmentOfToolkit> environment(std::in_place, quorvane::toolkitPlatform(kind));
     QApplication qt(argc, argv);
     environment.reset();

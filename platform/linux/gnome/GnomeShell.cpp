@@ -16,8 +16,8 @@ constexpr int patience = std::numeric_limits<int>::max();
 } // namespace
 
 GnomeShell::GnomeShell(const QDBusConnection& bus, ShellMessages& messages) : bus_(bus) {
-    // It is ready when it sees this program's name on the bus, which may be before this object can hear it; and
-    // refuses who does not have that name yet.
+    // It is ready when it sees this program's name on the bus, which may be before this object can hear it;
+    // and refuses who does not have that name yet.
     subscriptions_.push_back(messages.shellCame.connect([this] { start(); }));
     subscriptions_.push_back(messages.ready.connect([this] {
         isReady_ = true;

@@ -1,5 +1,7 @@
 #include "platform/linux/preferences/NoticeStrip.h"
 
+#include <utility>
+
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QStyle>
@@ -13,7 +15,11 @@ constexpr QColor ground(255, 190, 60, 70); // of a warning, in light colours and
 
 } // namespace
 
-NoticeStrip::NoticeStrip(QWidget* parent) : QFrame(parent), icon_(new QLabel(this)), text_(new QLabel(this)) {
+NoticeStrip::NoticeStrip(QWidget* parent)
+    : QFrame(parent)
+    , icon_(new QLabel(this))
+    , text_(new QLabel(this))
+    , button_(new QPushButton(this)) {
     text_->setTextFormat(Qt::PlainText);
     text_->setWordWrap(true);
     text_->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -21,6 +27,9 @@ NoticeStrip::NoticeStrip(QWidget* parent) : QFrame(parent), icon_(new QLabel(thi
     row->setContentsMargins(stripSideMargin, stripMargin, stripSideMargin, stripMargin);
     row->addWidget(icon_, 0, Qt::AlignTop);
     row->addWidget(text_, 1);
+    row->addWidget(button_, 0, Qt::AlignTop);
+    button_->hide();
+    connect(button_, &QPushButton::clicked, this, [this] { remedy_(); });
     setAutoFillBackground(true);
     applyPalette();
     hide();
@@ -30,6 +39,12 @@ void NoticeStrip::setText(const QString& text) {
     text_->setText(text);
     setAccessibleName(text);
     setVisible(!text.isEmpty());
+}
+
+void NoticeStrip::setRemedy(const QString& name, std::function<void()> apply) {
+    remedy_ = std::move(apply);
+    button_->setText(name);
+    button_->setVisible(!name.isEmpty());
 }
 
 void NoticeStrip::changeEvent(QEvent* event) {

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <functional>
+
 #include <QFrame>
 #include <QLabel>
+#include <QPushButton>
 
 namespace quorvane {
 
@@ -14,6 +17,9 @@ public:
 
     void setText(const QString& text);
 
+    /// A button beside the text; none without a name.
+    void setRemedy(const QString& name, std::function<void()> apply);
+
 protected:
     void changeEvent(QEvent* event) override;
 
@@ -22,6 +28,8 @@ private:
 
     QLabel* icon_;
     QLabel* text_;
+    QPushButton* button_;
+    std::function<void()> remedy_;
 };
 
 } // namespace quorvane

@@ -80,7 +80,11 @@ QtPreferences::Widgets::Widgets(const Neighbours& neighbours)
 }
 
 void QtPreferences::Widgets::showNotices(Notices& notices) {
-    const auto show = [this, &notices] { form.noticeStrip->setText(QString::fromStdString(notices.text())); };
+    const auto show = [this, &notices] {
+        form.noticeStrip->setText(QString::fromStdString(notices.text()));
+        const auto remedy = notices.remedy();
+        form.noticeStrip->setRemedy(QString::fromStdString(remedy.name), remedy.apply);
+    };
     noticeChanges = notices.changed.connect(show);
     show();
 }

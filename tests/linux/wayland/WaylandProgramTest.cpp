@@ -154,6 +154,20 @@ TEST_P(WaylandProgram, WhileTheCompositorHangsItAnswersAndAfterwardsItSwitches) 
     EXPECT_TRUE(waitForLayout(ru));
 }
 
+TEST_P(WaylandProgram, ComesBackWithItsCompositor) {
+    if (GetParam() == "gnome") return; // There the session ends with the shell.
+    session_.startProgram();
+    session_.setRule("first", "xkb:ru");
+    server_.kill();
+    server_.restart();
+    const WaylandWindow first("first", "first");
+    ASSERT_TRUE(server_.activate("first"));
+    EXPECT_TRUE(waitForLayout(ru)) << session_.program->errors().toStdString();
+    session_.program->terminate();
+    ASSERT_TRUE(session_.program->waitForEnd());
+    EXPECT_EQ(session_.program->exitCode(), 0);
+}
+
 TEST_P(WaylandProgram, LeavesNothingBehindWhenItEnds) {
     session_.startProgram();
     EXPECT_EQ(tool({"shortcut", "xkb:de", "Ctrl+Alt+J"}), "Ctrl+Alt+J\n");

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <functional>
+
+namespace quorvane {
+
+/// A Wayland compositor that dies takes its clients with it: the toolkit ends the process without a word to
+/// it. Where the compositor is started again, as Plasma's is in half a second, the program is to be there
+/// again, too: the process starts itself anew, under its number, and waits for the compositor.
+
+/// Runs this program again in this process. Returns only if that fails.
+void startAnewAfterCompositor();
+
+/// Calls the handler, or that of the last call, before the toolkit ends the process because it has lost its
+/// connection. The message that says so is the last that it does.
+void beforeToolkitGivesUp(std::function<void()> handler);
+
+/// Waits until the Wayland display of the environment answers again. False when it does not in twenty
+/// seconds: then the session is over.
+bool waitForReturnOfDisplay();
+
+} // namespace quorvane
