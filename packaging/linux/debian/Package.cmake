@@ -21,7 +21,7 @@ set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://${QUORVANE_WEBSITE}")
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # What is loaded while it runs: the pictures of the window are SVG, and a theme's icons need the theme they belong to.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, hicolor-icon-theme")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, qt6-wayland, hicolor-icon-theme")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "default-dbus-session-bus | dbus-session-bus, qt6-translations-l10n, xdg-utils")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "keyboard input source for every program, by rule")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "Quorvane selects a keyboard layout or an input method for the program that
