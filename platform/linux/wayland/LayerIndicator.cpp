@@ -66,9 +66,9 @@ struct LayerIndicator::Listeners {
         if (state == WL_POINTER_BUTTON_STATE_PRESSED && indicator.mayBeDragged())
             indicator.grip_ = indicator.pointerAt_;
     }
-    static void capabilities(void* data, wl_seat* seat, std::uint32_t offered) {
+    static void capabilities(void* data, wl_seat* from, std::uint32_t offered) {
         const bool hasPointer = offered & WL_SEAT_CAPABILITY_POINTER;
-        self(data).pointer_.reset(hasPointer ? wl_seat_get_pointer(seat) : nullptr);
+        self(data).pointer_.reset(hasPointer ? wl_seat_get_pointer(from) : nullptr);
         if (hasPointer) wl_pointer_add_listener(self(data).pointer_.get(), &pointer, data);
     }
 
