@@ -16,7 +16,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto titleOfTable = "What the compositor reports";
+constexpr auto titleOfTable = "What the compositor and the programs report";
 constexpr auto backgroundColor = "#3b5368";
 constexpr auto timeToDraw = 1s;
 
@@ -31,6 +31,7 @@ bool isNear(const QPoint& one, const QPoint& other) {
 const std::vector<std::string> Stage::sources{"xkb:us", "xkb:ru", "xkb:de"};
 
 Stage::Stage(const std::string& compositor) : session_(compositor) {
+    if (!session_.server) throw std::runtime_error("no such compositor: " + compositor);
     qputenv("XDG_DATA_DIRS", "/usr/local/share:/usr/share"); // The desktop files of real programs.
     session_.folders.write(".Xdefaults", "*faceName: DejaVu Sans Mono\n*faceSize: 12\n");
     session_.folders.write("config/foot/foot.ini", "font=DejaVu Sans Mono:size=12\n");
@@ -46,6 +47,12 @@ Stage::Stage(const std::string& compositor) : session_(compositor) {
     table_.emplace("xterm", QStringList{"-u8", "-class", "Table", "-T", titleOfTable, "-e", "tail", "-n",
                                         "+1", "-f", tablePath()});
     place(titleOfTable, {30, 60, 660, 400});
+}
+
+void Stage::endProgram() {
+    session_.program->terminate();
+    if (!session_.program->waitForEnd() || session_.program->exitCode() != 0)
+        throw std::runtime_error("Quorvane did not end cleanly");
 }
 
 // GNOME Shell and sway have a background of their own; what sway's is made with works on KWin, too.

@@ -13,18 +13,20 @@ namespace quorvane {
 /// window, of what happens.
 class Stage {
 public:
-    /// On that compositor: "sway", "kwin" or "gnome".
+    /// On that compositor: "sway", "kwin" or "gnome". Throws when there is no such.
     explicit Stage(const std::string& compositor);
 
     /// Here and on the desktop.
     void print(const std::string& line);
 
-    /// Selects the source at once.
+    void endProgram(); ///< Throws when it does not end cleanly.
+
     void addHotKey(const QString& inputSource, const QString& keys);
 
     /// With time to draw before.
     void savePicture(const QString& name);
 
+    /// Waits until the window is about there.
     void place(const QString& window, const QRect& place);
 
     /// Of the layouts us, ru and de, as input sources: "xkb:ru".
