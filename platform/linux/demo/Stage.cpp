@@ -75,8 +75,9 @@ void Stage::print(const std::string& line) {
 }
 
 void Stage::addHotKey(const QString& inputSource, const QString& keys) {
-    const auto tool = QCoreApplication::applicationDirPath() + "/quorvanectl";
-    if (QProcess::execute(tool, {"shortcut", inputSource, keys}) != 0)
+    QProcess tool; // It says what it has set.
+    tool.start(QCoreApplication::applicationDirPath() + "/quorvanectl", {"shortcut", inputSource, keys});
+    if (!tool.waitForFinished() || tool.exitCode() != 0)
         throw std::runtime_error("no hot key " + keys.toStdString());
 }
 
