@@ -69,7 +69,7 @@ void GnomeServer::launch() {
 QJsonValue GnomeServer::evaluate(const QString& expression) {
     auto message = QDBusMessage::createMethodCall("user.of.gnome", "/user", "user.of.gnome", "Evaluate");
     const auto answer = user_.call(message << expression, QDBus::Block, 10000);
-    return QJsonDocument::fromJson(answer.arguments().value(0).toString().toUtf8()).array()[0];
+    return QJsonDocument::fromJson(answer.arguments().value(0).toString().toUtf8()).array().at(0);
 }
 
 void GnomeServer::setOverview(bool isOpen) {

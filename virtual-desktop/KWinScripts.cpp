@@ -51,11 +51,12 @@ QJsonValue KWinScripts::evaluate(const QString& expression) {
     auto load = call("/Scripting", "org.kde.kwin.Scripting", "loadScript");
     const QDBusReply<int> loaded = bus_.call(load << script.fileName() << name, QDBus::Block, 5000);
     if (!loaded.isValid()) return QJsonValue::Undefined;
-    bus_.call(call("/" + QString::number(loaded.value()), "org.kde.kwin.Script", "run"), QDBus::Block, 5000);
+    // All that do not run yet. Its own number may be that of another one, while others come and go.
+    bus_.call(call("/Scripting", "org.kde.kwin.Scripting", "start"), QDBus::Block, 5000);
     waitUntil([&] { return answers_.contains(number); }, std::chrono::seconds(5));
     auto unload = call("/Scripting", "org.kde.kwin.Scripting", "unloadScript");
     bus_.call(unload << name, QDBus::Block, 5000);
-    return QJsonDocument::fromJson(answers_.take(number)).array()[0];
+    return QJsonDocument::fromJson(answers_.take(number)).array().at(0);
 }
 
 } // namespace quorvane

@@ -35,6 +35,9 @@ int main(int count, char** arguments) {
         char byte = 0;
         if (read(STDIN_FILENO, &byte, 1) <= 0) QApplication::quit();
     });
+    auto font = field.font();
+    font.setPointSize(14); // To be read in pictures.
+    field.setFont(font);
     field.resize(300, 60);
     field.show();
     return QApplication::exec();

@@ -38,7 +38,9 @@ const user = {
         return [area.x, area.y, area.width, area.height];
     },
     move(name, x, y, width, height) {
-        user.find(name).move_resize_frame(true, x, y, width, height);
+        const window = user.find(name);
+        window.move_frame(true, x, y); // The next one would only resize windows of X.
+        window.move_resize_frame(true, x, y, width, height);
     },
     send(key, isPressed) {
         keyboard.notify_key(GLib.get_monotonic_time(), key,
