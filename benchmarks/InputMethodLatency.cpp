@@ -126,7 +126,7 @@ int main(int argc, char** argv) {
     const std::string framework = argc > 1 ? argv[1] : "ibus";
     Session session(QString::fromStdString(framework));
     measureSwitches(session, argc > 2 ? std::atoi(argv[2]) : 200);
-    using enum TextProgram::Toolkit;
+    using enum TextCommand::Toolkit;
     const int launches = argc > 3 ? std::atoi(argv[3]) : 50;
     for (const auto toolkit : {qt, xim}) {
         for (const auto after : {0ms, 20ms})

@@ -55,6 +55,7 @@ std::vector<XkbLayout> layoutsOfNames(const std::vector<std::string>& names) {
         if (std::ranges::find(names, name) != names.end()) found.try_emplace(name, layout);
     });
     std::vector<XkbLayout> layouts;
+    layouts.reserve(names.size());
     for (const auto& name : names)
         layouts.push_back(found.try_emplace(name, XkbLayout{name, ""}).first->second);
     return layouts;

@@ -29,6 +29,7 @@ std::vector<XkbLayout> plasmaLayouts(const std::vector<PlasmaLayoutName>& names,
                            [](const XkbLayout& layout) { return QString::fromStdString(layout.layout); });
     if (isConfigured) return configured;
     std::vector<std::string> longNames;
+    longNames.reserve(names.size());
     for (const auto& name : names)
         longNames.push_back(name.longName.toStdString());
     auto layouts = layoutsOfNames(longNames);
