@@ -46,7 +46,9 @@ QByteArray commandOf(const QByteArray& process) {
 } // namespace
 
 QString IBusDaemon::addressFile() {
-    const auto display = qEnvironmentVariable("DISPLAY").section(':', 1).section('.', 0, 0);
+    const auto wayland = qEnvironmentVariable("WAYLAND_DISPLAY");
+    const auto display =
+        wayland.isEmpty() ? qEnvironmentVariable("DISPLAY").section(':', 1).section('.', 0, 0) : wayland;
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + "/ibus/bus/" +
            QDBusConnection::localMachineId() + "-unix-" + display;
 }

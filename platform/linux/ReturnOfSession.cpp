@@ -49,10 +49,10 @@ void beforeToolkitGivesUp(std::function<void()> handler) {
     if (!toolkitsHandler) toolkitsHandler = qInstallMessageHandler(handleMessage);
 }
 
-bool waitForReturnOfDisplay() {
+bool waitForReturnOfSession() {
     const auto deadline = std::chrono::steady_clock::now() + longestWait;
     while (std::chrono::steady_clock::now() < deadline) {
-        if (hasWaylandDisplay()) return true;
+        if (!isOfX11(sessionThere())) return true;
         std::this_thread::sleep_for(pause);
     }
     return false;

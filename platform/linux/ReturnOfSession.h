@@ -15,8 +15,8 @@ void startAnewAfterCompositor();
 /// connection. The message that says so is the last that it does.
 void beforeToolkitGivesUp(std::function<void()> handler);
 
-/// Waits until the Wayland display of the environment answers again. False when it does not in twenty
+/// Waits until there is a compositor again, with all that it answers by. False when there is none in twenty
 /// seconds: then the session is over.
-bool waitForReturnOfDisplay();
+bool waitForReturnOfSession();
 
 } // namespace quorvane

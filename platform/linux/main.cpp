@@ -105,7 +105,7 @@ int main(int argc, char** argv) {
     }
     // GLib wakes its threads to end them when they have been idle for a while; it may let them sleep.
     g_thread_pool_set_max_idle_time(0);
-    if (arguments.isAfterCompositor && !quorvane::waitForReturnOfDisplay()) return 0;
+    if (arguments.isAfterCompositor && !quorvane::waitForReturnOfSession()) return 0;
     const auto kind = quorvane::sessionThere();
     // Qt ends the process where it finds no display.
     if (!quorvane::hasDisplay(kind)) {

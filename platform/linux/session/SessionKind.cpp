@@ -26,6 +26,12 @@ bool answers(const QByteArray& socketPath) {
            connect(socket.number(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0;
 }
 
+bool hasWaylandDisplay() {
+    const auto name = qgetenv("WAYLAND_DISPLAY");
+    if (name.isEmpty()) return false;
+    return answers(name.startsWith('/') ? name : qgetenv("XDG_RUNTIME_DIR") + '/' + name);
+}
+
 /// The names on the session bus. By a connection of its own: the process's must not be made before there is
 /// an application object.
 class BusNames {
@@ -49,12 +55,6 @@ private:
 };
 
 } // namespace
-
-bool hasWaylandDisplay() {
-    const auto name = qgetenv("WAYLAND_DISPLAY");
-    if (name.isEmpty()) return false;
-    return answers(name.startsWith('/') ? name : qgetenv("XDG_RUNTIME_DIR") + '/' + name);
-}
 
 SessionKind sessionThere() {
     if (!hasWaylandDisplay()) return SessionKind::x11;

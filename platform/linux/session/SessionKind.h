@@ -16,9 +16,6 @@ inline bool isOfX11(SessionKind kind) {
     return kind == SessionKind::x11 || kind == SessionKind::otherWayland;
 }
 
-/// Whether a Wayland compositor listens where the environment says.
-bool hasWaylandDisplay();
-
 /// What answers here: a compositor's own service, and not the name that a desktop gives itself. Asks the
 /// session bus, and may be called before there is an application object. Asked once, when the program starts.
 SessionKind sessionThere();

@@ -22,6 +22,7 @@ TEST(IBusAddress, IsFoundLikeIBusClientsFindIt) {
     EXPECT_EQ(ibusAddressFileName("id", ":12.3"), "id-unix-12");
     EXPECT_EQ(ibusAddressFileName("id", "far.away:10.0"), "id-far.away-10");
     EXPECT_EQ(ibusAddressFileName("id", ""), "id-unix-0");
+    EXPECT_EQ(ibusAddressFileName("id", "wayland-1"), "id-unix-wayland-1");
     EXPECT_EQ(ibusAddressIn("# IBUS_ADDRESS=no\nIBUS_ADDRESS=unix:path=/a,guid=1\nIBUS_DAEMON_PID=7\n"),
               "unix:path=/a,guid=1");
     for (const auto* contents : {"", "\n\n", "IBUS_ADDRESS", "IBUS_ADDRESS=\n", "\xff IBUS_ADDRESS=a"})

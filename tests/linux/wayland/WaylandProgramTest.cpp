@@ -11,6 +11,9 @@
 
 #include "linux/support/Groups.h"
 #include "settings/Keys.h"
+#include "virtual-desktop/Fcitx5Daemon.h"
+#include "virtual-desktop/IBusDaemon.h"
+#include "virtual-desktop/InputMethodSession.h"
 #include "virtual-desktop/WaitUntil.h"
 #include "virtual-desktop/WaylandProgramSession.h"
 #include "virtual-desktop/WaylandTextProgram.h"
@@ -154,8 +157,13 @@ TEST_P(WaylandProgram, WhileTheCompositorHangsItAnswersAndAfterwardsItSwitches) 
     EXPECT_TRUE(waitForLayout(ru));
 }
 
-TEST_P(WaylandProgram, ComesBackWithItsCompositor) {
-    if (GetParam() == "gnome") return; // There the session ends with the shell.
+/// On GNOME the session ends with the shell, and a dialogue asks before a window has the shortcuts.
+class WaylandProgramAndCompositor : public WaylandProgram {};
+
+INSTANTIATE_TEST_SUITE_P(Of, WaylandProgramAndCompositor, testing::Values("sway", "kwin"),
+                         [](const auto& each) { return each.param; });
+
+TEST_P(WaylandProgramAndCompositor, ComeBackTogether) {
     session_.startProgram();
     session_.setRule("first", "xkb:ru");
     server_.kill();
@@ -166,6 +174,86 @@ TEST_P(WaylandProgram, ComesBackWithItsCompositor) {
     session_.program->terminate();
     ASSERT_TRUE(session_.program->waitForEnd());
     EXPECT_EQ(session_.program->exitCode(), 0);
+}
+
+TEST_P(WaylandProgramAndCompositor, LetWhoRecordsAHotKeyHaveTheShortcutsOfOthers) {
+    session_.startProgram();
+    EXPECT_EQ(tool({"shortcut", "xkb:de", "Ctrl+Alt+J"}), "Ctrl+Alt+J\n");
+    const WaylandWindow window("window");
+    const auto isOurs = [&] {
+        server_.selectLayout(us);
+        return waitForLayout(us) && waitUntil([&] {
+                   server_.pressTogether({control, option, j});
+                   return server_.layout() == de;
+               });
+    };
+    ASSERT_TRUE(server_.activate("window"));
+    ASSERT_TRUE(isOurs());
+    server_.selectLayout(us);
+    {
+        qputenv("QT_QPA_PLATFORM", "wayland");
+        RunningProgram recorder(QUORVANE_RECORDING_WINDOW);
+        qunsetenv("QT_QPA_PLATFORM");
+        ASSERT_TRUE(waitUntil([&] { return recorder.output().contains("shown"); }));
+        ASSERT_TRUE(server_.activate("recorder"));
+        ASSERT_TRUE(waitForLayout(us));
+        server_.pressTogether({control, option, j});
+        EXPECT_TRUE(waitUntil([&] { return recorder.output().contains(QString("\n%1\n").arg(j)); }))
+            << recorder.output().toStdString();
+        EXPECT_EQ(server_.layout(), us);
+    }
+    ASSERT_TRUE(server_.activate("window"));
+    EXPECT_TRUE(isOurs()) << "after it";
+}
+
+/// With a daemon for input methods beside the compositor, which has the layouts.
+class WaylandInputMethods : public WaylandProgram {
+protected:
+    /// `selected` is what the daemon has selected.
+    void typeIntoTwo(const char* framework, const std::string& pinyin, const std::string& engine,
+                     const std::function<QString()>& selected) {
+        constexpr std::uint8_t n = 57, i = 31, space = 65;
+        qputenv("QT_IM_MODULE", framework);
+        session_.startProgram();
+        session_.setRule("latin", "xkb:us");
+        session_.setRule("chinese", pinyin);
+        WaylandTextProgram latin(server_, Toolkit::qt, "latin"), chinese(server_, Toolkit::qt, "chinese");
+        for (int round = 1; round <= 2; ++round) {
+            for (auto* program : {&latin, &chinese}) {
+                const bool isChinese = program == &chinese;
+                ASSERT_TRUE(program->activate());
+                EXPECT_TRUE(waitUntil([&] { return (selected() == engine.c_str()) == isChinese; }))
+                    << selected().toStdString() << tool({"status"});
+                for (const auto key : {n, i, space}) {
+                    InputMethodSession::pauseLikeAPerson();
+                    server_.type({key});
+                }
+                const auto wanted = QString(isChinese ? "你" : "ni").repeated(round);
+                EXPECT_TRUE(waitUntil([&] { return program->typed() == wanted; }))
+                    << framework << ' ' << round << ' ' << program->typed().toStdString();
+            }
+        }
+        qunsetenv("QT_IM_MODULE");
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Of, WaylandInputMethods, testing::Values("sway", "kwin"),
+                         [](const auto& each) { return each.param; });
+
+TEST_P(WaylandInputMethods, OfFcitx5FollowTheProgramInFront) {
+    Fcitx5Daemon daemon({});
+    daemon.start();
+    typeIntoTwo("fcitx", "fcitx:pinyin", "pinyin", [&] { return daemon.inputMethod(); });
+}
+
+TEST_P(WaylandInputMethods, OfIBusFollowTheProgramInFront) {
+    qputenv("GSETTINGS_SCHEMA_DIR", "/usr/share/glib-2.0/schemas");
+    qputenv("GSETTINGS_BACKEND", "keyfile"); // The bus starts no service that would keep them.
+    IBusDaemon::setPreloadEngines({"xkb:us::eng", "libpinyin"});
+    IBusDaemon daemon;
+    daemon.start();
+    typeIntoTwo("ibus", "ibus:libpinyin", "libpinyin", [&] { return daemon.globalEngine(); });
+    qunsetenv("GSETTINGS_BACKEND");
 }
 
 TEST_P(WaylandProgram, LeavesNothingBehindWhenItEnds) {

@@ -27,15 +27,19 @@ std::filesystem::path addressFile() {
     if (auto file = environmentVariable("IBUS_ADDRESS_FILE"); !file.empty()) return file;
     const std::filesystem::path config =
         QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation).toStdString();
-    return config / "ibus" / "bus" / ibusAddressFileName(machineID(), environmentVariable("DISPLAY"));
+    // In a Wayland session the daemon goes by that display's name, whether there is an X server, too, or not.
+    auto display = environmentVariable("WAYLAND_DISPLAY");
+    if (display.empty()) display = environmentVariable("DISPLAY");
+    return config / "ibus" / "bus" / ibusAddressFileName(machineID(), display);
 }
 
 } // namespace
 
 std::string ibusAddressFileName(std::string_view machineID, std::string_view display) {
     const auto colon = display.find(':');
-    auto host = display.substr(0, colon);
-    auto number = colon == std::string_view::npos ? std::string_view() : display.substr(colon + 1);
+    const bool isOfX = colon != std::string_view::npos;
+    auto host = isOfX ? display.substr(0, colon) : std::string_view();
+    auto number = isOfX ? display.substr(colon + 1) : display;
     number = number.substr(0, number.find('.'));
     if (host.empty()) host = "unix";
     if (number.empty()) number = "0";
