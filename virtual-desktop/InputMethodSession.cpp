@@ -1,7 +1,5 @@
 #include "virtual-desktop/InputMethodSession.h"
 
-#include <QElapsedTimer>
-
 #include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
@@ -111,13 +109,6 @@ bool InputMethodSession::typeInto(TextProgram& front, Source source) {
     const bool isTyped = waitUntil([&] { return front.typed() == wanted; });
     pauseLikeAPerson();
     return isTyped;
-}
-
-void InputMethodSession::pauseLikeAPerson() {
-    constexpr qint64 quickestHand = 300; // milliseconds
-    QElapsedTimer age;
-    age.start();
-    waitUntil([&] { return age.elapsed() > quickestHand; });
 }
 
 } // namespace quorvane

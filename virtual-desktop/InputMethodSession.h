@@ -42,11 +42,6 @@ public:
     /// The same into the program in front. True when exactly that was added to its text.
     bool typeInto(TextProgram& front, Source source);
 
-    /// No hand gets from a key, or another window, to the next any sooner. A release that a program hands to
-    /// IBus after the next one has got the focus takes that one's text away, and a program of Qt that gets
-    /// the focus back in a tenth of a second does not tell Fcitx5 that it has it.
-    static void pauseLikeAPerson();
-
     /// What both daemons can do: `start`, `end`, `kill`, `stop`, `resume`.
     template <class Action>
     void onDaemon(Action action) {

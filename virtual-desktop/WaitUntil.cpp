@@ -17,4 +17,9 @@ bool waitUntil(const std::function<bool()>& condition, std::chrono::seconds limi
     return true;
 }
 
+void pauseLikeAPerson() {
+    const QDeadlineTimer quickestHand(300); // milliseconds
+    waitUntil([&] { return quickestHand.hasExpired(); });
+}
+
 } // namespace quorvane

@@ -13,7 +13,6 @@
 #include "settings/Keys.h"
 #include "virtual-desktop/Fcitx5Daemon.h"
 #include "virtual-desktop/IBusDaemon.h"
-#include "virtual-desktop/InputMethodSession.h"
 #include "virtual-desktop/WaitUntil.h"
 #include "virtual-desktop/WaylandProgramSession.h"
 #include "virtual-desktop/WaylandTextProgram.h"
@@ -225,7 +224,7 @@ protected:
                 EXPECT_TRUE(waitUntil([&] { return (selected() == engine.c_str()) == isChinese; }))
                     << selected().toStdString() << tool({"status"});
                 for (const auto key : {n, i, space}) {
-                    InputMethodSession::pauseLikeAPerson();
+                    pauseLikeAPerson();
                     server_.type({key});
                 }
                 const auto wanted = QString(isChinese ? "你" : "ni").repeated(round);
