@@ -7,7 +7,7 @@ namespace quorvane {
 
 WaylandClient::WaylandClient() : display_(wl_display_connect(nullptr)) {
     if (!display_) throw std::runtime_error("no Wayland compositor");
-    registry_ = wl_display_get_registry(display_.get());
+    registry_ = keep(wl_display_get_registry(display_.get()));
     static constexpr wl_registry_listener listener{
         [](void* self, wl_registry*, std::uint32_t name, const char* interface, std::uint32_t version) {
             static_cast<WaylandClient*>(self)->offers_.try_emplace(interface, Offer{name, version});
@@ -21,8 +21,8 @@ void* WaylandClient::bindAny(const wl_interface& interface, std::uint32_t versio
     const auto offer = offers_.find(interface.name);
     if (offer == offers_.end())
         throw std::runtime_error(std::string("the compositor does not offer ") + interface.name);
-    return wl_registry_bind(registry_, offer->second.name, &interface,
-                            std::min(version, offer->second.version));
+    return keep(static_cast<wl_proxy*>(wl_registry_bind(registry_, offer->second.name, &interface,
+                                                        std::min(version, offer->second.version))));
 }
 
 void WaylandClient::roundTrip() {

@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <wayland-client.h>
 
@@ -22,6 +23,13 @@ public:
         return static_cast<T*>(bindAny(interface, version));
     }
 
+    /// Has this object, made by a request, go with the connection, too.
+    template <class T>
+    T* keep(T* object) {
+        objects_.emplace_back(reinterpret_cast<wl_proxy*>(object));
+        return object;
+    }
+
     /// When this returns, the compositor has done what it was asked for, and its events have been heard.
     void roundTrip();
 
@@ -36,10 +44,16 @@ private:
         void operator()(wl_display* display) const { wl_display_disconnect(display); }
     };
 
+    struct Free { ///< The compositor hears of the connection's end.
+        void operator()(wl_proxy* object) const { wl_proxy_destroy(object); }
+    };
+
     void* bindAny(const wl_interface& interface, std::uint32_t version);
 
     std::unique_ptr<wl_display, Disconnect> display_;
-    wl_registry* registry_; ///< Goes with the connection.
+    std::vector<std::unique_ptr<wl_proxy, Free>>
+        objects_;           ///< They do not go with the connection by themselves.
+    wl_registry* registry_; ///< One of them.
     std::map<std::string, Offer> offers_;
 };
 

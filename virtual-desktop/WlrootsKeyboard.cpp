@@ -29,8 +29,8 @@ WlrootsKeyboard::WlrootsKeyboard(const QByteArray& layouts, std::function<unsign
     state_.reset(xkb_state_new(keymap_.get()));
     auto* manager =
         client_.bind<zwp_virtual_keyboard_manager_v1>(zwp_virtual_keyboard_manager_v1_interface, 1);
-    keyboard_ = zwp_virtual_keyboard_manager_v1_create_virtual_keyboard(
-        manager, client_.bind<wl_seat>(wl_seat_interface, 1));
+    keyboard_ = client_.keep(zwp_virtual_keyboard_manager_v1_create_virtual_keyboard(
+        manager, client_.bind<wl_seat>(wl_seat_interface, 1)));
 
     const std::unique_ptr<char, decltype(&std::free)> text(
         xkb_keymap_get_as_string(keymap_.get(), XKB_KEYMAP_FORMAT_TEXT_V1), &std::free);
