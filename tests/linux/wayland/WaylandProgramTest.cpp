@@ -167,6 +167,8 @@ TEST_P(WaylandProgramAndCompositor, ComeBackTogether) {
     session_.setRule("first", "xkb:ru");
     server_.kill();
     server_.restart();
+    // Who is in front when it begins is no news to it.
+    ASSERT_TRUE(waitUntil([&] { return tool({"status"}).find("current\tEnglish") != std::string::npos; }));
     const WaylandWindow first("first", "first");
     ASSERT_TRUE(server_.activate("first"));
     EXPECT_TRUE(waitForLayout(ru)) << session_.program->errors().toStdString();
