@@ -77,6 +77,7 @@ TEST_P(WaylandProgram, GivesEveryProgramItsLayoutAndWhatIsTypedArrives) {
         for (const auto& each : programs) {
             ASSERT_TRUE(program->activate());
             ASSERT_TRUE(waitForLayout(each.layout)) << each.name << ' ' << round;
+            pauseLikeAPerson(); // The layout may be there before the window has the keys.
             server_.type({g});
             EXPECT_TRUE(waitUntil([&] { return program->typed() == QString(each.letter).repeated(round); }))
                 << each.name << ' ' << round << ' ' << program->typed().toStdString();
