@@ -13,6 +13,8 @@ function(quorvane_one_unit_a_folder target)
   get_target_property(sources ${target} SOURCES)
   foreach(source IN LISTS sources)
     cmake_path(GET source PARENT_PATH folder)
+    # Not by its absolute name, or no two checkouts would share the compiler's cache.
+    string(REPLACE "${CMAKE_SOURCE_DIR}/" "" folder "${folder}")
     string(MAKE_C_IDENTIFIER "${folder}" unit)
     set_source_files_properties("${source}" TARGET_DIRECTORY ${target} PROPERTIES UNITY_GROUP "${unit}")
   endforeach()

@@ -44,9 +44,10 @@ void startAnewAfterCompositor() {
     execl("/proc/self/exe", "quorvane", launch_argument::afterCompositor, nullptr);
 }
 
-void beforeToolkitGivesUp(std::function<void()> handler) {
+Subscription beforeToolkitGivesUp(std::function<void()> handler) {
     lossHandler() = std::move(handler);
     if (!toolkitsHandler) toolkitsHandler = qInstallMessageHandler(handleMessage);
+    return Subscription([] { lossHandler() = nullptr; });
 }
 
 bool waitForReturnOfSession() {

@@ -2,6 +2,8 @@
 
 #include <functional>
 
+#include "platform/Subscription.h"
+
 namespace quorvane {
 
 /// A Wayland compositor that dies takes its clients with it: the toolkit ends the process without a word to
@@ -11,9 +13,10 @@ namespace quorvane {
 /// Runs this program again in this process. Returns only if that fails.
 void startAnewAfterCompositor();
 
-/// Calls the handler, or that of the last call, before the toolkit ends the process because it has lost its
-/// connection. The message that says so is the last that it does.
-void beforeToolkitGivesUp(std::function<void()> handler);
+/// Calls the handler, on the main thread, before the toolkit ends the process because it has lost its
+/// connection; the message that says so is the last that it does. Of several, the last one made is called,
+/// and nobody once that one has ended: then the process is on its way out.
+Subscription beforeToolkitGivesUp(std::function<void()> handler);
 
 /// Waits until there is a compositor again, with all that it answers by. False when there is none in twenty
 /// seconds: then the session is over.

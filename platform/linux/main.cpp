@@ -59,8 +59,9 @@ int runProgram(const quorvane::OpenedSession& session, const quorvane::LaunchArg
     auto& application = linuxDesktop.application();
     const quorvane::UnixSignals signals([&application] { application.terminate(); });
     const auto sessionLoss = session.onLost([&application] { application.terminate(); });
+    quorvane::Subscription compositorLoss;
     if (!session.x()) {
-        quorvane::beforeToolkitGivesUp([&linuxDesktop] {
+        compositorLoss = quorvane::beforeToolkitGivesUp([&linuxDesktop] {
             linuxDesktop.saveSettings();
             quorvane::startAnewAfterCompositor();
         });
@@ -107,12 +108,17 @@ int main(int argc, char** argv) {
     g_thread_pool_set_max_idle_time(0);
     if (arguments.isAfterCompositor && !quorvane::waitForReturnOfSession()) return 0;
     const auto kind = quorvane::sessionThere();
+    // Logged in English: no translation is there yet.
+    if (kind == quorvane::SessionKind::otherWayland)
+        quorvane::logLine(quorvane::waylandNotice().toStdString());
     // Qt ends the process where it finds no display.
     if (!quorvane::hasDisplay(kind)) {
         quorvane::logLine("no X server: DISPLAY names none that can be reached");
         return 1;
     }
-    if (!quorvane::isOfX11(kind)) quorvane::beforeToolkitGivesUp(quorvane::startAnewAfterCompositor);
+    quorvane::Subscription earlyLoss;
+    if (!quorvane::isOfX11(kind))
+        earlyLoss = quorvane::beforeToolkitGivesUp(quorvane::startAnewAfterCompositor);
     std::optional<EnvironmentOfToolkit> environment(std::in_place, quorvane::toolkitPlatform(kind));
     QApplication qt(argc, argv);
     environment.reset();
@@ -126,9 +132,6 @@ int main(int argc, char** argv) {
     // Its timer would wake an idle program half a minute after a picture was drawn, to free a few pixels.
     QPixmapCache::setCacheLimit(0);
 
-    // Logged in English: no translation is there yet.
-    if (kind == quorvane::SessionKind::otherWayland)
-        quorvane::logLine(quorvane::waylandNotice().toStdString());
     quorvane::installTranslations();
 
     const auto session = quorvane::OpenedSession::open(kind);

@@ -14,9 +14,11 @@ namespace {
 
 /// Of the toolkit; null on another platform.
 template <class Object>
-Object* resourceOfToolkit(const char* name) {
+Object* resourceOfToolkit(const char* name, QWindow* window = nullptr) {
     auto* toolkit = QGuiApplication::platformNativeInterface();
-    return toolkit ? static_cast<Object*>(toolkit->nativeResourceForIntegration(name)) : nullptr;
+    if (!toolkit) return nullptr;
+    return static_cast<Object*>(window ? toolkit->nativeResourceForWindow(name, window)
+                                       : toolkit->nativeResourceForIntegration(name));
 }
 
 } // namespace
@@ -53,8 +55,7 @@ ShortcutsInhibitor::~ShortcutsInhibitor() = default;
 
 Subscription ShortcutsInhibitor::inhibit(QWindow& window) {
     auto* seat = resourceOfToolkit<wl_seat>("wl_seat");
-    auto* surface = static_cast<wl_surface*>(
-        QGuiApplication::platformNativeInterface()->nativeResourceForWindow("surface", &window));
+    auto* surface = resourceOfToolkit<wl_surface>("surface", &window);
     if (!native_->manager || !seat || !surface) {
         logLine("the compositor keeps its shortcuts while a hot key is recorded");
         return {};
