@@ -3,10 +3,9 @@
 #include <utility>
 
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 #include <QDBusVariant>
 
+#include "platform/linux/dbus/AsyncCall.h"
 #include "platform/linux/dbus/SessionBus.h"
 
 namespace quorvane {
@@ -39,33 +38,26 @@ PreferredScheme schemeOf(const QVariant& value) {
 
 } // namespace
 
-PortalColorScheme::PortalColorScheme(std::function<void()> changed) : changed_(std::move(changed)) {
-    const auto bus = QStringLiteral("org.freedesktop.DBus");
-    sessionBus().connect(bus, QStringLiteral("/org/freedesktop/DBus"), bus,
-                         QStringLiteral("NameOwnerChanged"), {portalService}, QString(), this,
-                         SLOT(ownerChanged(QString, QString, QString)));
+PortalColorScheme::PortalColorScheme(std::function<void()> changed)
+    : changed_(std::move(changed))
+    , portal_(sessionBus(), portalService)
+    // One that goes is about to be replaced, and has taken nothing back.
+    , owners_(portal_.told.connect([this](const auto& /*before*/) {
+        if (portal_.isOwned()) ask();
+    })) {
     // Whoever sent the signal: its value is not taken from there, but asked for.
     sessionBus().connect(QString(), portalPath, settingsInterface, QStringLiteral("SettingChanged"),
                          {appearance, colorScheme}, QString(), this, SLOT(ask()));
-    ask();
 }
 
 void PortalColorScheme::ask() {
     auto question =
         QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface, QStringLiteral("Read"));
     question.setArguments({appearance, colorScheme});
-    question.setAutoStartService(false);
-    auto* answer = new QDBusPendingCallWatcher(sessionBus().asyncCall(question, answerTimeout), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
-        answer->deleteLater();
-        setPreferred(schemeOf(answer->reply().arguments().value(0)));
-    });
-}
-
-void PortalColorScheme::ownerChanged(const QString& /*name*/, const QString& /*oldOwner*/,
-                                     const QString& newOwner) {
-    // One that goes is about to be replaced, and has taken nothing back.
-    if (!newOwner.isEmpty()) ask();
+    callAsync(
+        sessionBus(), question, this,
+        [this](const QDBusMessage& answer) { setPreferred(schemeOf(answer.arguments().value(0))); },
+        answerTimeout);
 }
 
 void PortalColorScheme::setPreferred(PreferredScheme preferred) {

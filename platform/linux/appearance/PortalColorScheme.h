@@ -4,13 +4,15 @@
 
 #include <QObject>
 
+#include "platform/linux/dbus/BusName.h"
+
 namespace quorvane {
 
 /// What the user prefers. The numbers are those of the desktop portal.
 enum class PreferredScheme { none = 0, dark = 1, light = 2 };
 
-/// The preference that the desktop portal tells, now and whenever it changes. The portal is asked
-/// asynchronously, is never started by asking, and may come later; without one there is no preference.
+/// The preference that the desktop portal tells, now and whenever it changes. The portal is never waited for
+/// nor started by asking, and may come later; without one there is no preference.
 class PortalColorScheme : public QObject {
     Q_OBJECT
 
@@ -22,11 +24,12 @@ public:
 
 private:
     Q_SLOT void ask();
-    Q_SLOT void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
     void setPreferred(PreferredScheme preferred);
 
     std::function<void()> changed_;
     PreferredScheme preferred_ = PreferredScheme::none;
+    BusName portal_;
+    Subscription owners_;
 };
 
 } // namespace quorvane

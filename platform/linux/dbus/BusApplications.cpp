@@ -1,23 +1,13 @@
 #include "platform/linux/dbus/BusApplications.h"
 
-#include <limits>
 #include <regex>
 #include <utility>
 
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-
+#include "platform/linux/dbus/BusName.h"
 #include "platform/linux/dbus/SessionBus.h"
 
 namespace quorvane {
 namespace {
-
-const QString busService = QStringLiteral("org.freedesktop.DBus");
-const QString busPath = QStringLiteral("/org/freedesktop/DBus");
-
-/// The bus itself answers, whenever it can.
-constexpr int endlessPatience = std::numeric_limits<int>::max();
 
 /// The bus ends a connection that sends it a malformed name.
 bool isBusName(std::string_view id) {
@@ -27,75 +17,45 @@ bool isBusName(std::string_view id) {
 
 } // namespace
 
+struct BusApplications::Followed {
+    BusName name;
+    Subscription owners;
+};
+
 BusApplications::BusApplications(const std::vector<std::string>& ids) {
-    sessionBus().connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
-                         QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
-                         SLOT(disconnected()));
     for (const auto& id : ids)
         follow(id);
 }
 
+BusApplications::~BusApplications() = default;
+
 bool BusApplications::isRunning(std::string_view id) {
-    return follow(id);
+    const auto* followed = follow(id);
+    return followed && followed->name.isOwned();
 }
 
-bool BusApplications::follow(std::string_view id) {
-    auto known = names_.find(id);
-    if (known == names_.end()) {
-        if (!isBusName(id)) return false;
-        known = names_.emplace(id, Name()).first;
-        listen(QString::fromStdString(known->first)); // Before it is asked: no change in between is missed.
-    }
-    if (!known->second.isAsked) ask(known->first);
-    return known->second.isOwned;
-}
-
-void BusApplications::listen(const QString& name) {
-    sessionBus().connect(busService, busPath, busService, QStringLiteral("NameOwnerChanged"), {name},
-                         QString(), this, SLOT(ownerChanged(QString, QString, QString)));
-}
-
-void BusApplications::ask(const std::string& id) {
-    names_[id].isAsked = true;
-    auto call =
-        QDBusMessage::createMethodCall(busService, busPath, busService, QStringLiteral("NameHasOwner"));
-    call.setArguments({QString::fromStdString(id)});
-    auto* watcher = new QDBusPendingCallWatcher(sessionBus().asyncCall(call, endlessPatience), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, id, watcher] {
-        answered(id, *watcher);
-        watcher->deleteLater();
+const BusApplications::Followed* BusApplications::follow(std::string_view id) {
+    if (const auto known = followed_.find(id); known != followed_.end()) return known->second.get();
+    if (!isBusName(id)) return nullptr;
+    const std::string name(id);
+    auto& followed = followed_[name];
+    followed.reset(new Followed{BusName(sessionBus(), QString::fromStdString(name)), {}});
+    followed->owners = followed->name.told.connect([this, name, &followed = *followed](const auto& before) {
+        if (before && before->isEmpty() && followed.name.isOwned()) started_.emit(name);
     });
-}
-
-void BusApplications::answered(const std::string& id, const QDBusPendingCallWatcher& answer) {
-    const QDBusPendingReply<bool> reply = answer;
-    if (reply.isError())
-        names_[id].isAsked = false;
-    else
-        names_[id].isOwned = reply.value();
+    return followed.get();
 }
 
 std::vector<std::string> BusApplications::ids() const {
     std::vector<std::string> ids;
-    for (const auto& [id, name] : names_) {
-        if (name.isOwned) ids.push_back(id);
+    for (const auto& [id, followed] : followed_) {
+        if (followed->name.isOwned()) ids.push_back(id);
     }
     return ids;
 }
 
 Subscription BusApplications::onStart(std::function<void(std::string_view id)> handler) {
     return started_.connect(std::move(handler));
-}
-
-void BusApplications::ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner) {
-    const auto id = name.toStdString();
-    names_[id] = {!newOwner.isEmpty(), true};
-    if (oldOwner.isEmpty() && !newOwner.isEmpty()) started_.emit(id);
-}
-
-void BusApplications::disconnected() {
-    for (auto& [id, name] : names_)
-        name.isOwned = false;
 }
 
 } // namespace quorvane

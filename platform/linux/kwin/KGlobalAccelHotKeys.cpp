@@ -4,7 +4,6 @@
 #include <utility>
 
 #include <QDBusArgument>
-#include <QDBusMessage>
 
 #include "platform/linux/dbus/AsyncCall.h"
 #include "platform/linux/keyboard/KeyCodes.h"
@@ -14,7 +13,6 @@
 namespace quorvane {
 namespace {
 
-const QString busService = QStringLiteral("org.freedesktop.DBus");
 const QString shortcutsService = QStringLiteral("org.kde.kglobalaccel");
 const QString component = QStringLiteral("quorvane");
 const QString actionPrefix = QStringLiteral("hot-key-");
@@ -42,19 +40,17 @@ QDBusMessage accelCall(const char* method, const QVariantList& arguments) {
 KGlobalAccelHotKeys::KGlobalAccelHotKeys(const QDBusConnection& bus, LayoutKeyboard& keyboard)
     : bus_(bus)
     , keyboard_(keyboard)
-    , layoutChanges_(keyboard.mapChanged.connect([this] { followLayouts(); })) {
+    , service_(bus, shortcutsService)
+    , layoutChanges_(keyboard.mapChanged.connect([this] { followLayouts(); }))
+    , owners_(service_.told.connect([this](const auto& /*before*/) { serviceTold(); })) {
     readKeys({"us", ""});
-    bus_.connect(busService, "/org/freedesktop/DBus", busService, "NameOwnerChanged", {shortcutsService},
-                 QString(), this, SLOT(ownerChanged(QString, QString, QString)));
-    bus_.connect(shortcutsService, "/component/" + component, "org.kde.kglobalaccel.Component",
-                 "globalShortcutPressed", this, SLOT(shortcutPressed(QString, QString, qlonglong)));
-    removeLeftOnes();
+    bus_.connect(QString(), "/component/" + component, "org.kde.kglobalaccel.Component",
+                 "globalShortcutPressed", this, SLOT(shortcutPressed(QDBusMessage)));
 }
 
-void KGlobalAccelHotKeys::ownerChanged(const QString& /*name*/, const QString& /*oldOwner*/,
-                                       const QString& newOwner) {
+void KGlobalAccelHotKeys::serviceTold() {
     bound_.clear();
-    if (newOwner.isEmpty()) return;
+    if (!service_.isOwned()) return;
     removeLeftOnes(); // It keeps them in a file.
     changed.emit();
 }
@@ -85,6 +81,7 @@ void KGlobalAccelHotKeys::bind(unsigned number, const KeyCombination& combinatio
             this, [answered = std::move(answered)] { answered(false); }, Qt::QueuedConnection);
         return;
     }
+    if (!service_.isOwned()) return; // Once somebody is, all are bound.
     bound_.insert(number);
     callAsync(bus_, accelCall("doRegister", {fullAction(number)}), this);
     // The answer has the keys that it has now: not one that somebody else has.
@@ -106,9 +103,11 @@ void KGlobalAccelHotKeys::unbind(unsigned number, const KeyCombination& /*combin
     if (bound_.erase(number) > 0) remove(actionOf(number));
 }
 
-void KGlobalAccelHotKeys::shortcutPressed(const QString& /*component*/, const QString& action,
-                                          qlonglong /*time*/) {
-    if (action.startsWith(actionPrefix)) pressed.emit(action.mid(actionPrefix.size()).toUInt());
+/// Its arguments are the component, the action and the time.
+void KGlobalAccelHotKeys::shortcutPressed(const QDBusMessage& signal) {
+    const auto action = signal.arguments().value(1).toString();
+    if (signal.service() == service_.owner() && action.startsWith(actionPrefix))
+        pressed.emit(action.mid(actionPrefix.size()).toUInt());
 }
 
 void KGlobalAccelHotKeys::followLayouts() {

@@ -3,8 +3,10 @@
 #include <set>
 
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QObject>
 
+#include "platform/linux/dbus/BusName.h"
 #include "platform/linux/keyboard/AskedHotKeys.h"
 #include "platform/linux/keyboard/LayoutKeyboard.h"
 #include "platform/linux/keyboard/PrintedKeyboard.h"
@@ -25,8 +27,8 @@ public:
     void unbind(unsigned number, const KeyCombination& combination) override;
 
 private:
-    Q_SLOT void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
-    Q_SLOT void shortcutPressed(const QString& component, const QString& action, qlonglong time);
+    Q_SLOT void shortcutPressed(const QDBusMessage& signal);
+    void serviceTold();
     void removeLeftOnes();
     void remove(const QString& action);
     void followLayouts();
@@ -38,7 +40,9 @@ private:
     TypedKeysyms typed_; ///< In the layout that names the keys.
     TypedKeysyms typedWithShift_;
     std::set<unsigned> bound_;
+    BusName service_;
     Subscription layoutChanges_;
+    Subscription owners_;
 };
 
 } // namespace quorvane

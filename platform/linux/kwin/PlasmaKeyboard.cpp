@@ -40,27 +40,31 @@ std::vector<PlasmaLayoutName> namesIn(const QDBusMessage& answer) {
 
 } // namespace
 
-PlasmaKeyboard::PlasmaKeyboard(const QDBusConnection& bus) : bus_(bus) {
-    bus_.connect(QStringLiteral("org.freedesktop.DBus"), "/org/freedesktop/DBus",
-                 QStringLiteral("org.freedesktop.DBus"), "NameOwnerChanged", {keyboardService}, QString(),
-                 this, SLOT(ownerChanged(QString, QString, QString)));
-    bus_.connect(keyboardService, path, interfaceName, "layoutChanged", this, SLOT(layoutChanged(unsigned)));
-    bus_.connect(keyboardService, path, interfaceName, "layoutListChanged", this, SLOT(readLayouts()));
-    readLayouts();
+PlasmaKeyboard::PlasmaKeyboard(const QDBusConnection& bus)
+    : bus_(bus)
+    , service_(bus, keyboardService)
+    , owners_(service_.told.connect([this](const auto& /*before*/) { serviceTold(); })) {
+    bus_.connect(QString(), path, interfaceName, "layoutChanged", this, SLOT(layoutChanged(QDBusMessage)));
+    bus_.connect(QString(), path, interfaceName, "layoutListChanged", this,
+                 SLOT(layoutListChanged(QDBusMessage)));
 }
 
-void PlasmaKeyboard::ownerChanged(const QString& /*name*/, const QString& /*oldOwner*/,
-                                  const QString& newOwner) {
+void PlasmaKeyboard::serviceTold() {
     group_.forgetRequests();
-    if (newOwner.isEmpty())
-        takeSingleLayout();
-    else
+    if (service_.isOwned())
         readLayouts();
+    else
+        takeSingleLayout();
 }
 
-void PlasmaKeyboard::layoutChanged(unsigned group) {
-    group_.tell(group);
+void PlasmaKeyboard::layoutChanged(const QDBusMessage& signal) {
+    if (signal.service() != service_.owner() || signal.signature() != "u") return;
+    group_.tell(signal.arguments().at(0).toUInt());
     groupChanged.emit(group_.effective());
+}
+
+void PlasmaKeyboard::layoutListChanged(const QDBusMessage& signal) {
+    if (signal.service() == service_.owner()) readLayouts();
 }
 
 void PlasmaKeyboard::lockGroup(unsigned group) {
@@ -75,11 +79,7 @@ void PlasmaKeyboard::lockGroup(unsigned group) {
 void PlasmaKeyboard::readLayouts() {
     callAsync(bus_, layoutsCall("getLayoutsList"), this, [this](const QDBusMessage& list) {
         const auto names = namesIn(list);
-        if (names.empty()) {
-            // No answer is none; but when nobody has the name, there is but one layout.
-            if (list.errorName() == "org.freedesktop.DBus.Error.ServiceUnknown") takeSingleLayout();
-            return;
-        }
+        if (names.empty()) return; // No answer is none.
         callAsync(bus_, layoutsCall("getLayout"), this, [this, names](const QDBusMessage& current) {
             if (current.signature() == "u") takeLayouts(names, current.arguments().at(0).toUInt());
         });

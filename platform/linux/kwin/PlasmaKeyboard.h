@@ -6,6 +6,7 @@
 #include <QDBusMessage>
 #include <QObject>
 
+#include "platform/linux/dbus/BusName.h"
 #include "platform/linux/keyboard/LayoutKeyboard.h"
 #include "platform/linux/keyboard/RequestedGroup.h"
 #include "platform/linux/kwin/PlasmaLayouts.h"
@@ -26,9 +27,10 @@ public:
     void lockGroup(unsigned group) override;
 
 private:
-    Q_SLOT void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
-    Q_SLOT void layoutChanged(unsigned group);
-    Q_SLOT void readLayouts();
+    Q_SLOT void layoutChanged(const QDBusMessage& signal);
+    Q_SLOT void layoutListChanged(const QDBusMessage& signal);
+    void serviceTold();
+    void readLayouts();
     void takeLayouts(const std::vector<PlasmaLayoutName>& names, unsigned group);
     void takeSingleLayout();
     void explainSingleLayout();
@@ -36,6 +38,8 @@ private:
     QDBusConnection bus_;
     KeyboardLayouts layouts_;
     RequestedGroup group_;
+    BusName service_;
+    Subscription owners_;
 };
 
 } // namespace quorvane

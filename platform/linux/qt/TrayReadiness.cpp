@@ -4,18 +4,15 @@
 #include <utility>
 
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 
 #include "platform/linux/Log.h"
+#include "platform/linux/dbus/AsyncCall.h"
 #include "platform/linux/dbus/SessionBus.h"
 #include "platform/linux/x11/XcbReply.h"
 
 namespace quorvane {
 namespace {
 
-const QString busService = QStringLiteral("org.freedesktop.DBus");
-const QString busPath = QStringLiteral("/org/freedesktop/DBus");
 const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
 
@@ -29,42 +26,16 @@ xcb_atom_t traySelection(XConnection& x) {
 
 } // namespace
 
-TrayReadiness::TrayReadiness(XConnection* x, std::function<void()> ready) : x_(x), ready_(std::move(ready)) {
-    sessionBus().connect(busService, busPath, busService, QStringLiteral("NameOwnerChanged"),
-                         {watcherService}, QString(), this, SLOT(ownerChanged(QString, QString, QString)));
-    if (!sessionBus().isConnected()) {
-        QMetaObject::invokeMethod(
-            this, [this] { lookForOlderTray(); }, Qt::QueuedConnection);
-        return;
-    }
-    auto question =
-        QDBusMessage::createMethodCall(busService, busPath, busService, QStringLiteral("NameHasOwner"));
-    question.setArguments({watcherService});
-    ask(question, &TrayReadiness::toldOfOwner);
-}
+TrayReadiness::TrayReadiness(XConnection* x, std::function<void()> ready)
+    : x_(x)
+    , ready_(std::move(ready))
+    , watcher_(sessionBus(), watcherService)
+    , watchers_(watcher_.told.connect([this](const auto& /*before*/) {
+        if (ready_) toldOfWatcher();
+    })) {}
 
-void TrayReadiness::ask(const QDBusMessage& question, void (TrayReadiness::*answered)(const QDBusMessage&)) {
-    auto* answer = new QDBusPendingCallWatcher(sessionBus().asyncCall(question, anyTime), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer, answered] {
-        answer->deleteLater();
-        if (ready_) (this->*answered)(answer->reply());
-    });
-}
-
-void TrayReadiness::ownerChanged(const QString& /*name*/, const QString& /*oldOwner*/,
-                                 const QString& newOwner) {
-    if (!ready_) return;
-    hasWatcher_ = !newOwner.isEmpty();
-    if (hasWatcher_)
-        askWatcher();
-    else
-        lookForOlderTray();
-}
-
-void TrayReadiness::toldOfOwner(const QDBusMessage& answer) {
-    // A bus that goes away gives an error, which is a plain answer: nobody is there.
-    hasWatcher_ = answer.arguments().value(0).toBool();
-    if (hasWatcher_)
+void TrayReadiness::toldOfWatcher() {
+    if (watcher_.isOwned())
         askWatcher();
     else
         lookForOlderTray();
@@ -75,15 +46,19 @@ void TrayReadiness::askWatcher() {
                                                    QStringLiteral("org.freedesktop.DBus.Properties"),
                                                    QStringLiteral("Get"));
     question.setArguments({watcherService, QStringLiteral("IsStatusNotifierHostRegistered")});
-    question.setAutoStartService(false);
-    ask(question, &TrayReadiness::toldByWatcher);
+    callAsync(
+        sessionBus(), question, this,
+        [this](const QDBusMessage& answer) {
+            if (ready_) toldByWatcher(answer);
+        },
+        anyTime);
 }
 
 void TrayReadiness::toldByWatcher(const QDBusMessage& answer) {
     // One that went away without an answer is told of by its name, and so is the next one.
     const bool isSilent = answer.type() != QDBusMessage::ReplyMessage &&
                           answer.errorName() == QStringLiteral("org.freedesktop.DBus.Error.NoReply");
-    if (hasWatcher_ && !isSilent) finish();
+    if (watcher_.isOwned() && !isSilent) finish();
 }
 
 bool TrayReadiness::hasOlderTray() const {
@@ -107,7 +82,7 @@ void TrayReadiness::watchForOlderTray() {
         const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(event);
         const bool isTray =
             message.type == x_->atom("MANAGER") && message.data.data32[1] == traySelection(*x_);
-        if (isTray && !hasWatcher_) finish();
+        if (isTray && !watcher_.isOwned()) finish();
     });
 }
 

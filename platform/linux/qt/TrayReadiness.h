@@ -4,10 +4,10 @@
 
 #include <QObject>
 
+#include "platform/linux/dbus/BusName.h"
 #include "platform/linux/x11/XConnection.h"
 
 class QDBusMessage;
-class QDBusPendingCallWatcher;
 
 namespace quorvane {
 
@@ -16,17 +16,13 @@ namespace quorvane {
 /// asked here first, and nothing waits: an item is made when that watcher has answered, or when there is none
 /// but a tray of the older kind. Whichever comes first counts, also long after the start.
 class TrayReadiness : public QObject {
-    Q_OBJECT
-
 public:
     /// `ready` is called once, from the event loop. The connection must outlive this object; without one
     /// (null) there are no trays of the older kind.
     TrayReadiness(XConnection* x, std::function<void()> ready);
 
 private:
-    Q_SLOT void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
-    void ask(const QDBusMessage& question, void (TrayReadiness::*answered)(const QDBusMessage& answer));
-    void toldOfOwner(const QDBusMessage& answer);
+    void toldOfWatcher();
     void askWatcher();
     void toldByWatcher(const QDBusMessage& answer);
     bool hasOlderTray() const;
@@ -36,7 +32,8 @@ private:
 
     XConnection* x_;
     std::function<void()> ready_; ///< Empty once it was called.
-    bool hasWatcher_ = false;     ///< Somebody owns the watcher's name, answering or not.
+    BusName watcher_;             ///< Owned by somebody who answers or not.
+    Subscription watchers_;
     Subscription trays_;
 };
 

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include <QDBusArgument>
-#include <QDBusPendingCallWatcher>
 #include <QVariant>
 
 #include "platform/linux/Log.h"
@@ -11,9 +10,6 @@
 
 namespace quorvane {
 namespace {
-
-const QString busService = QStringLiteral("org.freedesktop.DBus");
-const QString busPath = QStringLiteral("/org/freedesktop/DBus");
 
 constexpr auto introspection = R"xml(
   <interface name="%1">
@@ -155,19 +151,12 @@ const ShellMessages::Method* ShellMessages::methodNamed(const QString& name) {
     return nullptr;
 }
 
-ShellMessages::ShellMessages(const QDBusConnection& bus, const QString& shell) : bus_(bus), shell_(shell) {
-    if (!bus_.isConnected()) return;
+ShellMessages::ShellMessages(const QDBusConnection& bus, const QString& shell)
+    : bus_(bus)
+    , shellName_(shell)
+    , shell_(bus, shell)
+    , shells_(shell_.told.connect([this](const auto& before) { shellTold(before); })) {
     bus_.registerVirtualObject(path(), this);
-    bus_.connect(busService, busPath, busService, QStringLiteral("NameOwnerChanged"), {shell_}, QString(),
-                 this, SLOT(ownerChanged(QString, QString, QString)));
-    auto question = QDBusMessage::createMethodCall(busService, busPath, busService, "GetNameOwner");
-    question.setArguments({shell_});
-    auto* answer = new QDBusPendingCallWatcher(bus_.asyncCall(question), this);
-    // The bus tells in the order in which things happen, this answer, too.
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
-        answer->deleteLater();
-        if (!answer->isError()) setOwner(answer->reply().arguments().value(0).toString());
-    });
 }
 
 ShellMessages::~ShellMessages() {
@@ -190,15 +179,15 @@ bool ShellMessages::handleMessage(const QDBusMessage& message, const QDBusConnec
     if (!message.interface().isEmpty() && message.interface() != interface()) return false;
     const auto* method = methodNamed(message.member());
     if (!method) return false;
-    if (message.service() != owner_) {
+    if (message.service() != shell_.owner()) {
         if (!std::exchange(hasRefused_, true))
-            logLine("a program that is not " + shell_.toStdString() +
+            logLine("a program that is not " + shellName_.toStdString() +
                     " tells of the session on the bus: it is not heard");
         return connection.send(
-            message.createErrorReply(QDBusError::AccessDenied, "only " + shell_ + " is heard"));
+            message.createErrorReply(QDBusError::AccessDenied, "only " + shellName_ + " is heard"));
     }
     if (message.signature() != method->signature) {
-        logLine("the message " + method->name.toStdString() + " of " + shell_.toStdString() +
+        logLine("the message " + method->name.toStdString() + " of " + shellName_.toStdString() +
                 " is malformed: it is ignored");
         return connection.send(message.createErrorReply(QDBusError::InvalidArgs,
                                                         method->name + " takes (" + method->signature + ")"));
@@ -207,17 +196,9 @@ bool ShellMessages::handleMessage(const QDBusMessage& message, const QDBusConnec
     return !message.isReplyRequired() || connection.send(message.createReply());
 }
 
-void ShellMessages::ownerChanged(const QString& /*name*/, const QString& /*oldOwner*/,
-                                 const QString& newOwner) {
-    setOwner(newOwner);
-}
-
-void ShellMessages::setOwner(const QString& owner) {
-    if (owner == owner_) return;
-    const bool wasThere = isShellThere();
-    owner_ = owner;
+void ShellMessages::shellTold(const std::optional<QString>& before) {
     numbers_.clear(); // Another one's windows are other windows.
-    if (wasThere) shellWent.emit();
+    if (before && !before->isEmpty()) shellWent.emit();
     if (isShellThere()) shellCame.emit();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,7 @@
 
 #include "platform/Signal.h"
 #include "platform/linux/applications/WindowId.h"
+#include "platform/linux/dbus/BusName.h"
 #include "platform/linux/session/CompositorWindow.h"
 
 namespace quorvane {
@@ -51,22 +53,22 @@ public:
 
     Signal<> shellCame; ///< A compositor has the name now: the first one, or another one.
     Signal<> shellWent;
-    bool isShellThere() const { return !owner_.isEmpty(); }
+    bool isShellThere() const { return shell_.isOwned(); }
 
     QString introspect(const QString& path) const override;
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 
 private:
-    Q_SLOT void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
-    void setOwner(const QString& owner);
+    void shellTold(const std::optional<QString>& before);
     WindowId numberOf(const QString& window);
 
     struct Method;
     static const Method* methodNamed(const QString& name);
 
     QDBusConnection bus_;
-    QString shell_;
-    QString owner_;                       ///< The connection that is heard; empty while nobody is.
+    QString shellName_;
+    BusName shell_; ///< Its owner is heard.
+    Subscription shells_;
     std::map<QString, WindowId> numbers_; ///< Shells tell windows apart by texts.
     WindowId lastNumber_ = noWindow;
     bool hasRefused_ = false;
