@@ -55,10 +55,12 @@ void TrayReadiness::ownerChanged(const QString& /*name*/, const QString& /*oldOw
                                  const QString& newOwner) {
     if (!ready_) return;
     hasWatcher_ = !newOwner.isEmpty();
-    if (hasWatcher_)
+    if (hasWatcher_) {
+        setMissing(false);
         askWatcher();
-    else
+    } else {
         lookForOlderTray();
+    }
 }
 
 void TrayReadiness::toldOfOwner(const QDBusMessage& answer) {
@@ -96,6 +98,7 @@ bool TrayReadiness::hasOlderTray() const {
 void TrayReadiness::lookForOlderTray() {
     if (hasOlderTray()) return finish();
     logLine("no system tray: the status item cannot be seen");
+    setMissing(true);
     if (x_) watchForOlderTray();
 }
 
@@ -111,8 +114,13 @@ void TrayReadiness::watchForOlderTray() {
     });
 }
 
+void TrayReadiness::setMissing(bool isMissing) {
+    if (std::exchange(isMissing_, isMissing) != isMissing) missingChanged.emit();
+}
+
 void TrayReadiness::finish() {
     trays_ = {};
+    setMissing(false);
     std::exchange(ready_, {})();
 }
 

@@ -4,6 +4,7 @@
 
 #include <QObject>
 
+#include "platform/Signal.h"
 #include "platform/linux/x11/XConnection.h"
 
 class QDBusMessage;
@@ -23,6 +24,10 @@ public:
     /// (null) there are no trays of the older kind.
     TrayReadiness(XConnection* x, std::function<void()> ready);
 
+    /// There is no tray of either kind. One that does not answer is there.
+    bool isMissing() const { return isMissing_; }
+    Signal<> missingChanged; ///< From the event loop.
+
 private:
     Q_SLOT void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
     void ask(const QDBusMessage& question, void (TrayReadiness::*answered)(const QDBusMessage& answer));
@@ -32,11 +37,13 @@ private:
     bool hasOlderTray() const;
     void lookForOlderTray();
     void watchForOlderTray();
+    void setMissing(bool isMissing);
     void finish();
 
     XConnection* x_;
     std::function<void()> ready_; ///< Empty once it was called.
     bool hasWatcher_ = false;     ///< Somebody owns the watcher's name, answering or not.
+    bool isMissing_ = false;
     Subscription trays_;
 };
 
