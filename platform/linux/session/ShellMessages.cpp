@@ -163,10 +163,11 @@ ShellMessages::ShellMessages(const QDBusConnection& bus, const QString& shell) :
     auto question = QDBusMessage::createMethodCall(busService, busPath, busService, "GetNameOwner");
     question.setArguments({shell_});
     auto* answer = new QDBusPendingCallWatcher(bus_.asyncCall(question), this);
-    // The bus tells in the order in which things happen, this answer, too.
+    // Qt may hand this answer over later than what the bus has told after it.
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
         answer->deleteLater();
-        if (!answer->isError()) setOwner(answer->reply().arguments().value(0).toString());
+        if (isOwnerKnown_) return;
+        setOwner(answer->isError() ? QString() : answer->reply().arguments().value(0).toString());
     });
 }
 
@@ -190,6 +191,10 @@ bool ShellMessages::handleMessage(const QDBusMessage& message, const QDBusConnec
     if (!message.interface().isEmpty() && message.interface() != interface()) return false;
     const auto* method = methodNamed(message.member());
     if (!method) return false;
+    if (!isOwnerKnown_) {
+        early_.push_back(message);
+        return true;
+    }
     if (message.service() != owner_) {
         if (!std::exchange(hasRefused_, true))
             logLine("a program that is not " + shell_.toStdString() +
@@ -213,7 +218,13 @@ void ShellMessages::ownerChanged(const QString& /*name*/, const QString& /*oldOw
 }
 
 void ShellMessages::setOwner(const QString& owner) {
-    if (owner == owner_) return;
+    if (owner != owner_) replaceOwner(owner);
+    isOwnerKnown_ = true;
+    for (const auto& message : std::exchange(early_, {}))
+        handleMessage(message, bus_);
+}
+
+void ShellMessages::replaceOwner(const QString& owner) {
     const bool wasThere = isShellThere();
     owner_ = owner;
     numbers_.clear(); // Another one's windows are other windows.

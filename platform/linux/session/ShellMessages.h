@@ -24,8 +24,9 @@ struct ShellSource {
 };
 
 /// What a script inside a compositor tells this program on the session bus: the object that its calls are
-/// for. Only the connection that owns the compositor's own name is heard; a call of anybody else is refused,
-/// and logged once. Every method on the bus has a signal here.
+/// for. Only the connection that owns the compositor's own name is heard, also of what it said before the bus
+/// has told who that is; a call of anybody else is refused, and logged once. Every method on the bus has a
+/// signal here.
 class ShellMessages : public QDBusVirtualObject {
     Q_OBJECT
 
@@ -59,6 +60,7 @@ public:
 private:
     Q_SLOT void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
     void setOwner(const QString& owner);
+    void replaceOwner(const QString& owner);
     WindowId numberOf(const QString& window);
 
     struct Method;
@@ -67,6 +69,8 @@ private:
     QDBusConnection bus_;
     QString shell_;
     QString owner_;                       ///< The connection that is heard; empty while nobody is.
+    bool isOwnerKnown_ = false;           ///< The bus has told who it is, or that there is none.
+    std::vector<QDBusMessage> early_;     ///< Calls from before that, in their order.
     std::map<QString, WindowId> numbers_; ///< Shells tell windows apart by texts.
     WindowId lastNumber_ = noWindow;
     bool hasRefused_ = false;
