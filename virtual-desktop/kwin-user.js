@@ -1,4 +1,5 @@
 /* What a user of KWin does with windows. The answer to `evaluate` is the value of an expression after this. */
+/* exported activate, move, namesInFront, place */
 
 function names(window) {
     return window ? [String(window.caption), String(window.resourceClass)] : [];
@@ -15,14 +16,14 @@ function find(name) {
 }
 
 function activate(name) {
-    var window = find(name);
+    const window = find(name);
     if (window)
         workspace.activeClient = window;
 }
 
 function place(name) {
-    var window = find(name);
-    var area = window ? window.frameGeometry : { x: 0, y: 0, width: 0, height: 0 };
+    const window = find(name);
+    const area = window ? window.frameGeometry : { x: 0, y: 0, width: 0, height: 0 };
     return [area.x, area.y, area.width, area.height];
 }
 

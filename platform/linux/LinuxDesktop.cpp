@@ -106,7 +106,7 @@ LinuxDesktop::LinuxDesktop(const SessionStart& startSession)
     , frontWindowChanges_(
           parts_.windowList.addFrontWindowObserver([this] { interfaceFiles_.raiseIndicator(); }))
     , launcherChanges_(applications_.launchers.onChange([this] { interfaceFiles_.raiseIndicator(); }))
-    , statusBar_(parts_.x)
+    , statusBar_(parts_.x, defaults_.standardUserDefaults())
     , alerts_(parts_.windowHost)
     , openPanel_(desktopEntries_)
     , processes_([this] { defaults_.flushPendingWrites(); })

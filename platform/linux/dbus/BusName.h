@@ -23,6 +23,7 @@ public:
     /// The unique name of the owner's connection; empty: nobody owns it, or the bus has not told yet.
     const QString& owner() const { return owner_; }
     bool isOwned() const { return !owner_.isEmpty(); }
+    bool isTold() const { return isTold_; }
 
     /// The bus has told who owns it, or that nobody does; or there is another owner than before, who was the
     /// one given here, empty when there was none. None at first.

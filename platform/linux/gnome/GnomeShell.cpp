@@ -16,13 +16,8 @@ constexpr int patience = std::numeric_limits<int>::max();
 } // namespace
 
 GnomeShell::GnomeShell(const QDBusConnection& bus, ShellMessages& messages) : bus_(bus) {
-    // It is ready when it sees this program's name on the bus, which may be before this object can hear it;
-    // and refuses who does not have that name yet.
-    subscriptions_.push_back(messages.shellCame.connect([this] { start(); }));
-    subscriptions_.push_back(messages.ready.connect([this] {
-        isReady_ = true;
-        if (!isStarted_) start();
-    }));
+    // It is ready when it sees this program's name on the bus, and refuses whoever does not have that yet.
+    subscriptions_.push_back(messages.ready.connect([this] { start(); }));
     subscriptions_.push_back(messages.ended.connect([this] { lose(); }));
     subscriptions_.push_back(messages.shellWent.connect([this] { lose(); }));
     subscriptions_.push_back(messages.windowActivated.connect([this](auto) { ++activations_; }));
@@ -55,13 +50,13 @@ bool GnomeShell::call(const QString& method, const QVariantList& arguments, Answ
 void GnomeShell::start() {
     ++starts_;
     activations_ = 0;
-    isReady_ = false;
     isStarted_ = true;
     starting.emit();
     call("Start", {}, [this](const QDBusMessage& answer) {
-        if (answer.type() == QDBusMessage::ReplyMessage) return started.emit();
-        lose();
-        if (isReady_) start();
+        if (answer.type() == QDBusMessage::ReplyMessage)
+            started.emit();
+        else
+            lose();
     });
 }
 

@@ -46,7 +46,6 @@ private:
 
     QDBusConnection bus_;
     bool isStarted_ = false;
-    bool isReady_ = false; ///< It has said so since it was last asked for everything.
     unsigned activations_ = 0;
     unsigned starts_ = 0;
     std::vector<Subscription> subscriptions_;

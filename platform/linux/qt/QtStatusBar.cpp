@@ -11,6 +11,7 @@
 #include <QSystemTrayIcon>
 #include <QTimer>
 
+#include "platform/linux/qt/NoTrayNotice.h"
 #include "platform/linux/qt/PlainText.h"
 #include "platform/linux/qt/ProgramIcon.h"
 #include "platform/linux/qt/TemplateIcon.h"
@@ -25,7 +26,9 @@ constexpr int toolTipDelay = 200; // milliseconds
 
 class QtStatusItem : public StatusItem {
 public:
-    explicit QtStatusItem(XConnection* x) : readiness_(x, [this] { makeTrayItem(); }) {
+    QtStatusItem(XConnection* x, UserDefaults& defaults)
+        : readiness_(x, [this] { makeTrayItem(); })
+        , noTrayNotice_(readiness_, defaults) {
         toolTipTimer_.setSingleShot(true);
         toolTipTimer_.setInterval(toolTipDelay);
         QObject::connect(&toolTipTimer_, &QTimer::timeout, &toolTipTimer_, [this] { tellToolTip(); });
@@ -82,12 +85,13 @@ private:
     QTimer toolTipTimer_;
     std::optional<QSystemTrayIcon> tray_; ///< None as long as making it could wait for another process.
     TrayReadiness readiness_;
+    NoTrayNotice noTrayNotice_;
 };
 
 } // namespace
 
 std::unique_ptr<StatusItem> QtStatusBar::statusItemWithLength(double /*length*/) {
-    return std::make_unique<QtStatusItem>(x_);
+    return std::make_unique<QtStatusItem>(x_, defaults_);
 }
 
 } // namespace quorvane

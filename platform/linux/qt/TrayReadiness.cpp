@@ -35,10 +35,9 @@ TrayReadiness::TrayReadiness(XConnection* x, std::function<void()> ready)
     })) {}
 
 void TrayReadiness::toldOfWatcher() {
-    if (watcher_.isOwned())
-        askWatcher();
-    else
-        lookForOlderTray();
+    if (!watcher_.isOwned()) return lookForOlderTray();
+    setMissing(false);
+    askWatcher();
 }
 
 void TrayReadiness::askWatcher() {
@@ -71,6 +70,7 @@ bool TrayReadiness::hasOlderTray() const {
 void TrayReadiness::lookForOlderTray() {
     if (hasOlderTray()) return finish();
     logLine("no system tray: the status item cannot be seen");
+    setMissing(true);
     if (x_) watchForOlderTray();
 }
 
@@ -86,8 +86,13 @@ void TrayReadiness::watchForOlderTray() {
     });
 }
 
+void TrayReadiness::setMissing(bool isMissing) {
+    if (std::exchange(isMissing_, isMissing) != isMissing) missingChanged.emit();
+}
+
 void TrayReadiness::finish() {
     trays_ = {};
+    setMissing(false);
     std::exchange(ready_, {})();
 }
 

@@ -4,6 +4,7 @@
 
 #include <QObject>
 
+#include "platform/Signal.h"
 #include "platform/linux/dbus/BusName.h"
 #include "platform/linux/x11/XConnection.h"
 
@@ -21,6 +22,10 @@ public:
     /// (null) there are no trays of the older kind.
     TrayReadiness(XConnection* x, std::function<void()> ready);
 
+    /// There is no tray of either kind. One that does not answer is there.
+    bool isMissing() const { return isMissing_; }
+    Signal<> missingChanged; ///< From the event loop.
+
 private:
     void toldOfWatcher();
     void askWatcher();
@@ -28,12 +33,14 @@ private:
     bool hasOlderTray() const;
     void lookForOlderTray();
     void watchForOlderTray();
+    void setMissing(bool isMissing);
     void finish();
 
     XConnection* x_;
     std::function<void()> ready_; ///< Empty once it was called.
     BusName watcher_;             ///< Owned by somebody who answers or not.
     Subscription watchers_;
+    bool isMissing_ = false;
     Subscription trays_;
 };
 

@@ -179,6 +179,10 @@ bool ShellMessages::handleMessage(const QDBusMessage& message, const QDBusConnec
     if (!message.interface().isEmpty() && message.interface() != interface()) return false;
     const auto* method = methodNamed(message.member());
     if (!method) return false;
+    if (!shell_.isTold()) {
+        early_.push_back(message);
+        return true;
+    }
     if (message.service() != shell_.owner()) {
         if (!std::exchange(hasRefused_, true))
             logLine("a program that is not " + shellName_.toStdString() +
@@ -200,6 +204,8 @@ void ShellMessages::shellTold(const std::optional<QString>& before) {
     numbers_.clear(); // Another one's windows are other windows.
     if (before && !before->isEmpty()) shellWent.emit();
     if (isShellThere()) shellCame.emit();
+    for (const auto& message : std::exchange(early_, {}))
+        handleMessage(message, bus_);
 }
 
 WindowId ShellMessages::numberOf(const QString& window) {

@@ -26,8 +26,9 @@ struct ShellSource {
 };
 
 /// What a script inside a compositor tells this program on the session bus: the object that its calls are
-/// for. Only the connection that owns the compositor's own name is heard; a call of anybody else is refused,
-/// and logged once. Every method on the bus has a signal here.
+/// for. Only the connection that owns the compositor's own name is heard, also of what it said before the bus
+/// has told who that is; a call of anybody else is refused, and logged once. Every method on the bus has a
+/// signal here.
 class ShellMessages : public QDBusVirtualObject {
     Q_OBJECT
 
@@ -69,6 +70,7 @@ private:
     QString shellName_;
     BusName shell_; ///< Its owner is heard.
     Subscription shells_;
+    std::vector<QDBusMessage> early_;     ///< Calls from before the bus has told of it, in their order.
     std::map<QString, WindowId> numbers_; ///< Shells tell windows apart by texts.
     WindowId lastNumber_ = noWindow;
     bool hasRefused_ = false;

@@ -28,30 +28,29 @@ namespace {
 
 constexpr auto shellName = "org.example.Shell";
 
-/// Another connection: a shell, or nobody.
-class Caller {
-public:
+/// A connection to the bus of now: a shell, or nobody, or who listens.
+struct Caller {
     explicit Caller(const QString& name)
-        : bus_(QDBusConnection::connectToBus(QDBusConnection::SessionBus, name)) {}
-    ~Caller() { QDBusConnection::disconnectFromBus(bus_.name()); }
-    void become(const QString& name) { EXPECT_TRUE(bus_.registerService(name)); }
+        : bus(QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), name)) {}
+    ~Caller() { QDBusConnection::disconnectFromBus(bus.name()); }
+    void become(const QString& name) { EXPECT_TRUE(bus.registerService(name)); }
     void tell(const QString& method, const QVariantList& arguments) {
         auto message =
-            QDBusMessage::createMethodCall(QDBusConnection::sessionBus().baseService(), ShellMessages::path(),
+            QDBusMessage::createMethodCall(QDBusConnection("listener").baseService(), ShellMessages::path(),
                                            ShellMessages::interface(), method);
         message.setArguments(arguments);
-        bus_.asyncCall(message);
+        bus.asyncCall(message);
     }
 
-private:
-    QDBusConnection bus_;
+    QDBusConnection bus;
 };
 
 TEST(ShellMessagesTest, HearsOnlyTheShellAndOnlyWhatIsWellFormed) {
     SessionBus bus;
     qDBusRegisterMetaType<SourceOnBus>();
     qDBusRegisterMetaType<QList<SourceOnBus>>();
-    ShellMessages messages(QDBusConnection::sessionBus(), shellName);
+    const Caller listener("listener");
+    ShellMessages messages(listener.bus, shellName);
     std::vector<std::string> heard;
     const auto note = [&heard](const std::string& what) { heard.push_back(what); };
     const Subscription notes[] = {
@@ -106,6 +105,24 @@ TEST(ShellMessagesTest, HearsOnlyTheShellAndOnlyWhatIsWellFormed) {
                                             "changed 1 A.desktop A title 7 hidden", "front 2", "front 0",
                                             "closed 1", "overview opened", "key 1", "sources xkb:us",
                                             "source xkb:ru", "went", "came", "front 3"));
+}
+
+TEST(ShellMessagesTest, HearsWhatWasSaidBeforeTheBusHasToldWhoTheShellIs) {
+    SessionBus bus;
+    const Caller listener("listener");
+    Caller shell("shell"), stranger("stranger");
+    shell.become(shellName);
+    bus.stop(); // It takes what it is given in this order.
+    stranger.tell("SourceChanged", {"xkb:de"});
+    shell.tell("SourceChanged", {"xkb:ru"});
+    ShellMessages messages(listener.bus, shellName);
+    std::vector<std::string> heard;
+    const Subscription notes[] = {
+        messages.shellCame.connect([&] { heard.emplace_back("came"); }),
+        messages.sourceChanged.connect([&](const auto& source) { heard.push_back(source); })};
+    bus.resume();
+    EXPECT_TRUE(waitUntil([&] { return heard.size() > 1; }));
+    EXPECT_THAT(heard, testing::ElementsAre("came", "xkb:ru"));
 }
 
 } // namespace
