@@ -113,6 +113,20 @@ TEST_P(WaylandProgram, ItsWindowIsNativeAndOneHoweverOftenItIsLaunched) {
     }
     EXPECT_TRUE(session_.program->isRunning());
     EXPECT_EQ(session_.program->errors().count("no system tray"), 1);
+    // It is behind another now, and comes to the front only for a launch that the one in front vouches for.
+    if (GetParam() == "sway") SwayServer::run("focus_on_window_activation focus");
+    WaylandWindow launcher("launcher");
+    ASSERT_TRUE(server_.activate("launcher"));
+    constexpr std::uint8_t f1 = 67;
+    server_.type({f1});
+    ASSERT_TRUE(waitUntil([&] { return !launcher.activationToken().isEmpty(); }));
+    for (const bool hasToken : {false, true}) {
+        if (hasToken) qputenv("XDG_ACTIVATION_TOKEN", launcher.activationToken().toUtf8());
+        EXPECT_TRUE(RunningProgram(QUORVANE_PROGRAM).waitForEnd());
+        tool({"status"}); // It has done what it was asked for before.
+        EXPECT_TRUE(waitUntil([&] { return server_.isInFront(hasToken ? "Quorvane" : "launcher"); }));
+    }
+    qunsetenv("XDG_ACTIVATION_TOKEN");
 }
 
 TEST_P(WaylandProgram, TheIndicatorStandsInTheCornerOfTheFrontWindowAndTakesNoFocus) {
