@@ -54,21 +54,30 @@ KGlobalAccelHotKeys::KGlobalAccelHotKeys(const QDBusConnection& bus, LayoutKeybo
 void KGlobalAccelHotKeys::ownerChanged(const QString& /*name*/, const QString& /*oldOwner*/,
                                        const QString& newOwner) {
     bound_.clear();
+    waiting_.clear();
     if (newOwner.isEmpty()) return;
     removeLeftOnes(); // It keeps them in a file.
     changed.emit();
 }
 
-/// A process that was killed has left its own.
+/// A process that was killed has left its own: they would have the keys that are bound next.
 void KGlobalAccelHotKeys::removeLeftOnes() {
+    isReady_ = false;
     const QStringList ofComponent{component, {}, {}, {}};
     callAsync(bus_, accelCall("allActionsForComponent", {ofComponent}), this, [this](const auto& answer) {
-        for (const auto& each : qdbus_cast<QList<QStringList>>(answer.arguments().value(0))) {
-            const auto action = each.value(1);
-            const auto isAction = [&](unsigned number) { return actionOf(number) == action; };
-            if (!std::ranges::any_of(bound_, isAction)) remove(action);
-        }
+        for (const auto& each : qdbus_cast<QList<QStringList>>(answer.arguments().value(0)))
+            remove(each.value(1));
+        isReady_ = true;
+        for (const auto& task : std::exchange(waiting_, {}))
+            task();
     });
+}
+
+void KGlobalAccelHotKeys::whenReady(std::function<void()> task) {
+    if (isReady_)
+        task();
+    else
+        waiting_.push_back(std::move(task));
 }
 
 void KGlobalAccelHotKeys::remove(const QString& action) {
@@ -85,25 +94,31 @@ void KGlobalAccelHotKeys::bind(unsigned number, const KeyCombination& combinatio
             this, [answered = std::move(answered)] { answered(false); }, Qt::QueuedConnection);
         return;
     }
+    whenReady([this, number, key = *key, answered = std::move(answered)] { bindNow(number, key, answered); });
+}
+
+void KGlobalAccelHotKeys::bindNow(unsigned number, int key,
+                                  const std::function<void(bool isGranted)>& answered) {
     bound_.insert(number);
     callAsync(bus_, accelCall("doRegister", {fullAction(number)}), this);
     // The answer has the keys that it has now: not one that somebody else has.
     constexpr unsigned isPresent = 2;
     constexpr unsigned notAsLastTime = 4;
-    const auto call = accelCall("setShortcut", {fullAction(number), QVariant::fromValue(QList<int>{*key}),
-                                                isPresent | notAsLastTime});
-    callAsync(bus_, call, this,
-              [this, number, key = *key, answered = std::move(answered)](const auto& answer) {
-                  // Without an answer it may have been done.
-                  const bool isRefused = answer.type() == QDBusMessage::ReplyMessage &&
-                                         !qdbus_cast<QList<int>>(answer.arguments().value(0)).contains(key);
-                  if (isRefused && bound_.erase(number) > 0) remove(actionOf(number));
-                  answered(!isRefused);
-              });
+    const auto call = accelCall(
+        "setShortcut", {fullAction(number), QVariant::fromValue(QList<int>{key}), isPresent | notAsLastTime});
+    callAsync(bus_, call, this, [this, number, key, answered](const auto& answer) {
+        // Without an answer it may have been done.
+        const bool isRefused = answer.type() == QDBusMessage::ReplyMessage &&
+                               !qdbus_cast<QList<int>>(answer.arguments().value(0)).contains(key);
+        if (isRefused && bound_.erase(number) > 0) remove(actionOf(number));
+        answered(!isRefused);
+    });
 }
 
 void KGlobalAccelHotKeys::unbind(unsigned number, const KeyCombination& /*combination*/) {
-    if (bound_.erase(number) > 0) remove(actionOf(number));
+    whenReady([this, number] {
+        if (bound_.erase(number) > 0) remove(actionOf(number));
+    });
 }
 
 void KGlobalAccelHotKeys::shortcutPressed(const QString& /*component*/, const QString& action,

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <set>
+#include <vector>
 
 #include <QDBusConnection>
 #include <QObject>
@@ -27,6 +29,8 @@ public:
 private:
     Q_SLOT void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
     Q_SLOT void shortcutPressed(const QString& component, const QString& action, qlonglong time);
+    void bindNow(unsigned number, int key, const std::function<void(bool isGranted)>& answered);
+    void whenReady(std::function<void()> task);
     void removeLeftOnes();
     void remove(const QString& action);
     void followLayouts();
@@ -38,6 +42,8 @@ private:
     TypedKeysyms typed_; ///< In the layout that names the keys.
     TypedKeysyms typedWithShift_;
     std::set<unsigned> bound_;
+    bool isReady_ = false; ///< Nothing is left of another process.
+    std::vector<std::function<void()>> waiting_;
     Subscription layoutChanges_;
 };
 
