@@ -26,7 +26,11 @@ public:
     void takeKeys(const KeyCombination& /*combination*/) override {
         bool isHeardOf = false;
         const auto change = parts().hotKeys.changed.connect([&] { isHeardOf = true; });
-        configure("set $users Ctrl\nbindsym --locked $users+J nop the users\n");
+        QFile file(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/users-keys");
+        file.open(QFile::WriteOnly);
+        file.write("set $users Ctrl\nbindsym --locked $users+J nop the users\n");
+        file.close();
+        configure("include users-keys\n");
         EXPECT_TRUE(waitUntil([&] { return isHeardOf; }));
     }
     void configure(const QByteArray& lines) {
@@ -74,6 +78,27 @@ TEST_P(SwaySessionTest, AReloadIsNotNoticed) {
     EXPECT_TRUE(f5Fires());
     EXPECT_EQ(selected(), "xkb:ru");
     EXPECT_EQ(changes, 1);
+}
+
+TEST_P(SwaySessionTest, HotKeysAreOfTheDefaultModeAndNeverTheUsers) {
+    SwayServer::run("mode other");
+    int fired = 0;
+    const auto hotKey = parts_.hotKeys.registerHotKey({0x61, 0}, [&] { ++fired; });
+    SwayServer::run("mode default");
+    EXPECT_TRUE(waitUntil([&] {
+        desktop_->server().pressTogether({72});
+        return fired > 0;
+    }));
+    // The user takes the other one, and it is given back before anybody has seen that.
+    const auto change = parts_.hotKeys.changed.connect([&] { f5_.reset(); });
+    dynamic_cast<SwayDesktop&>(*desktop_).configure("bindcode 71 nop the users\n");
+    ASSERT_TRUE(waitUntil([&] { return !f5_; }));
+    const auto again = parts_.hotKeys.registerHotKey({0x62, 0}, [&] { fired = -1; });
+    EXPECT_TRUE(waitUntil([&] { // F7, asked for after the other was given back.
+        desktop_->server().pressTogether({73});
+        return fired == -1;
+    }));
+    EXPECT_TRUE(desktop_->hasOurs()) << "the user's";
 }
 
 TEST_P(SwaySessionTest, TheFrontWindowIsWhereItWasMoved) {
