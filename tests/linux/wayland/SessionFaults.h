@@ -110,6 +110,7 @@ TEST_P(SessionFaults, AHotKeyStaysAtItsPositionWhateverTheLayouts) {
     const auto hotKey = parts_.hotKeys.registerHotKey({0x0C, ModifierFlag::control}, [&] { isFired = true; });
     desktop_->setLayouts("fr,us", ","); // Which types an A there.
     ASSERT_TRUE(waitUntil([&] { return parts_.layouts.createInputSourceList().size() == 2; }));
+    ASSERT_TRUE(select("xkb:fr") && waitUntil([&] { return desktop_->server().layout() == 0; }));
     EXPECT_TRUE(waitUntil([&] {
         desktop_->server().pressTogether({control, q});
         return isFired;

@@ -81,8 +81,15 @@ TEST_P(SwaySessionTest, AReloadIsNotNoticed) {
 }
 
 TEST_P(SwaySessionTest, HotKeysAreOfTheDefaultModeAndNeverTheUsers) {
+    auto& desktop = dynamic_cast<SwayDesktop&>(*desktop_);
+    ASSERT_TRUE(waitForLayouts());
+    desktop.configure("mode other {\n bindsym x nop\n}\n");
+    ASSERT_TRUE(f5Fires());
+    int fired = 0, told = 0;
+    const auto layouts = parts_.layouts.selectionChanged.connect([&] { ++told; });
     SwayServer::run("mode other");
-    int fired = 0;
+    SwayServer::run("input type:keyboard xkb_switch_layout 1");
+    ASSERT_TRUE(waitUntil([&] { return told > 0; })) << "so that of the mode it was told before";
     const auto hotKey = parts_.hotKeys.registerHotKey({0x61, 0}, [&] { ++fired; });
     SwayServer::run("mode default");
     EXPECT_TRUE(waitUntil([&] {
@@ -91,7 +98,7 @@ TEST_P(SwaySessionTest, HotKeysAreOfTheDefaultModeAndNeverTheUsers) {
     }));
     // The user takes the other one, and it is given back before anybody has seen that.
     const auto change = parts_.hotKeys.changed.connect([&] { f5_.reset(); });
-    dynamic_cast<SwayDesktop&>(*desktop_).configure("bindcode 71 nop the users\n");
+    desktop.configure("bindcode 71 nop the users\n");
     ASSERT_TRUE(waitUntil([&] { return !f5_; }));
     const auto again = parts_.hotKeys.registerHotKey({0x62, 0}, [&] { fired = -1; });
     EXPECT_TRUE(waitUntil([&] { // F7, asked for after the other was given back.
