@@ -86,6 +86,7 @@ std::unique_ptr<SessionDesktop> makeDesktop() {
     return std::make_unique<KWinDesktop>();
 }
 
+INSTANTIATE_TEST_SUITE_P(KWin, FrontWindowContract, on<SessionWindowListBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(KWin, WorkspaceContract, on<SessionWorkspaceBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(KWin, TextInputSourcesContract, on<SessionSourcesBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(KWin, SessionFaults, testing::Values(makeDesktop));

@@ -57,6 +57,7 @@ std::unique_ptr<SessionDesktop> makeDesktop() {
     return std::make_unique<SwayDesktop>();
 }
 
+INSTANTIATE_TEST_SUITE_P(Sway, FrontWindowContract, on<SessionWindowListBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(Sway, WorkspaceContract, on<SessionWorkspaceBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(Sway, TextInputSourcesContract, on<SessionSourcesBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(Sway, SessionFaults, testing::Values(makeDesktop));
