@@ -130,9 +130,11 @@ TEST_P(WaylandProgram, TheIndicatorStandsInTheCornerOfTheFrontWindowAndTakesNoFo
     const WaylandWindow window("black"), other("other"); // So it is.
     const auto file = session_.folders.home() + "/screen.png";
     std::vector places{QRect(100, 200, 400, 300), QRect(500, 100, 400, 300)};
-    if (GetParam() == "sway") { // Which can have another screen, to the right of the first.
+    if (GetParam() == "sway") { // Which can have another screen, to the right of the first and lower.
         SwayServer::run("create_output");
-        places.emplace_back(1400, 150, 400, 300);
+        SwayServer::run("output HEADLESS-1 pos 0 0");
+        SwayServer::run("output HEADLESS-2 pos 1280 100");
+        places.emplace_back(1200, 680, 400, 100);
         places.push_back(places.front());
     }
     for (const auto& place : places) {
