@@ -48,6 +48,7 @@ class SessionWindowListBench : public SessionBench<OnScreenWindowListBench> {
 public:
     using SessionBench::SessionBench;
     OnScreenWindowList& windowList() override { return parts_.windowList; }
+    double widestFrame() const override { return 0; }
     void openWindow(const std::string& owner, const std::string& title, Rect bounds) override {
         const auto name = QString::fromStdString(title);
         owners_[title] = QString::fromStdString(owner);

@@ -144,7 +144,8 @@ TEST_F(SwayConnectionTest, ATreeTellsWhoIsInFrontBeforeItTellsWhoHasGone) {
         accept();
         ASSERT_TRUE(waitForQuestion(SwayRequest::getTree));
         answer(SwayRequest::getTree, tree(number, id));
-        EXPECT_TRUE(waitUntil([&] { return windows.front() && windows.front()->facts.wmClass == id; }));
+        EXPECT_TRUE(waitUntil(
+            [&, wanted = id] { return windows.front() && windows.front()->facts.wmClass == wanted; }));
         lose();
     }
     EXPECT_THAT(told, ElementsAre("active a", "active b"));

@@ -109,19 +109,5 @@ TEST_P(SwaySessionTest, HotKeysAreOfTheDefaultModeAndNeverTheUsers) {
     EXPECT_TRUE(desktop_->hasOurs()) << "the user's";
 }
 
-TEST_P(SwaySessionTest, TheFrontWindowIsWhereItWasMoved) {
-    const WaylandWindow window("alpha", "alpha");
-    ASSERT_TRUE(waitUntil([&] { return front() == "alpha"; }));
-    EXPECT_TRUE(waitUntil([&] { // As a floating one: sway tells that it floats, not that it moves.
-        desktop_->server().move("alpha", {100, 200, 400, 300});
-        return desktop_->server().place("alpha") == QRect(100, 200, 400, 300);
-    }));
-    EXPECT_TRUE(waitUntil([&] {
-        const auto windows = parts_.windowList.windows();
-        return windows.size() == 1 && windows[0].bounds == Rect{100, 200, 400, 300} &&
-               windows[0].name == "alpha";
-    }));
-}
-
 } // namespace
 } // namespace quorvane
