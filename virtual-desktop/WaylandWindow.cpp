@@ -28,6 +28,14 @@ QString WaylandWindow::typed() {
     return text;
 }
 
+QString WaylandWindow::activationToken() {
+    QString token;
+    for (const auto& event : events()) {
+        if (event.what.startsWith("token ")) token = event.what.section(' ', 1);
+    }
+    return token;
+}
+
 std::optional<unsigned> WaylandWindow::group() {
     std::optional<unsigned> group;
     for (const auto& event : events()) {

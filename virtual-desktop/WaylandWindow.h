@@ -17,10 +17,11 @@ public:
         qint64 time; ///< In microseconds, of the steady clock.
         QString what;
     };
-    /// All so far: "shown", "enter", "leave", "group N", "text T".
+    /// All so far: "shown", "enter", "leave", "group N", "text T", "token T".
     std::vector<Event> events();
 
-    QString typed(); ///< The text of all keys so far.
+    QString typed();           ///< The text of all keys so far.
+    QString activationToken(); ///< The last that it was given, as it asks for when F1 is pressed; or none.
     std::optional<unsigned>
     group(); ///< Of its keys, since it got the keyboard. Nothing while it does not have it.
 

@@ -4,17 +4,20 @@
 //   enter, leave   it got or lost the keyboard
 //   group N        which layout of its keymap the keys go through from now on, told after `enter` and when it
 //   changes text T         what a key that was pressed typed
+//   token T        by which another program's window may take the focus; asked for when F1 is pressed
 
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 
+#include <linux/input-event-codes.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
 #include "virtual-desktop/WaylandClient.h"
 #include "virtual-desktop/XkbKeymap.h"
+#include "xdg-activation-v1-client-protocol.h"
 #include "xdg-shell-client-protocol.h"
 
 namespace {
@@ -30,7 +33,7 @@ void record(const char* event, const std::string& detail = {}) {
 
 class Keyboard {
 public:
-    explicit Keyboard(wl_seat* seat) {
+    Keyboard(WaylandClient& client, wl_seat* seat) : client_(client), seat_(seat) {
         static constexpr wl_seat_listener listener{[](void* self, wl_seat* of, std::uint32_t capabilities) {
                                                        static_cast<Keyboard*>(self)->plug(
                                                            of, capabilities & WL_SEAT_CAPABILITY_KEYBOARD);
@@ -54,14 +57,17 @@ private:
             [](void* self, wl_keyboard*, std::uint32_t, int file, std::uint32_t size) {
                 static_cast<Keyboard*>(self)->takeMap(file, size);
             },
-            [](void* self, wl_keyboard*, std::uint32_t, wl_surface*, wl_array*) {
+            [](void* self, wl_keyboard*, std::uint32_t, wl_surface* window, wl_array*) {
                 static_cast<Keyboard*>(self)->group_ = none;
+                static_cast<Keyboard*>(self)->window_ = window;
                 record("enter");
             },
             [](void*, wl_keyboard*, std::uint32_t, wl_surface*) { record("leave"); },
-            [](void* self, wl_keyboard*, std::uint32_t, std::uint32_t, std::uint32_t key,
+            [](void* self, wl_keyboard*, std::uint32_t serial, std::uint32_t, std::uint32_t key,
                std::uint32_t state) {
-                if (state == WL_KEYBOARD_KEY_STATE_PRESSED) static_cast<Keyboard*>(self)->type(key);
+                if (state != WL_KEYBOARD_KEY_STATE_PRESSED) return;
+                if (key == KEY_F1) static_cast<Keyboard*>(self)->askForToken(serial);
+                static_cast<Keyboard*>(self)->type(key);
             },
             [](void* self, wl_keyboard*, std::uint32_t, std::uint32_t depressed, std::uint32_t latched,
                std::uint32_t locked, std::uint32_t group) {
@@ -91,6 +97,20 @@ private:
         if (static_cast<unsigned char>(text[0]) >= ' ') record("text", text);
     }
 
+    void askForToken(std::uint32_t serial) {
+        static constexpr xdg_activation_token_v1_listener listener{
+            [](void*, xdg_activation_token_v1*, const char* token) { record("token", token); }};
+        auto* token = client_.keep(xdg_activation_v1_get_activation_token(
+            client_.bind<xdg_activation_v1>(xdg_activation_v1_interface, 1)));
+        xdg_activation_token_v1_add_listener(token, &listener, nullptr);
+        xdg_activation_token_v1_set_serial(token, serial, seat_);
+        xdg_activation_token_v1_set_surface(token, window_);
+        xdg_activation_token_v1_commit(token);
+    }
+
+    WaylandClient& client_;
+    wl_seat* seat_;
+    wl_surface* window_ = nullptr; ///< That had the keys last.
     quorvane::XkbContext context_{xkb_context_new(XKB_CONTEXT_NO_FLAGS)};
     quorvane::XkbKeymap map_;
     quorvane::XkbState state_;
@@ -158,7 +178,7 @@ private:
 int main(int count, char** arguments) {
     if (count < 2) return 2;
     WaylandClient client;
-    const Keyboard keyboard(client.bind<wl_seat>(wl_seat_interface, 5));
+    const Keyboard keyboard(client, client.bind<wl_seat>(wl_seat_interface, 5));
     const Window window(client, arguments[1], arguments[count - 1]);
     client.run();
     record("gone");

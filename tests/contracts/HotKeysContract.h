@@ -28,7 +28,7 @@ protected:
         bench_->press(combination);
         bench_->press(f5);
         EXPECT_TRUE(waitUntil([&] { return !fired_.empty() && fired_.back() == "end"; }));
-        fired_.pop_back();
+        if (!fired_.empty()) fired_.pop_back();
         return std::exchange(fired_, {});
     }
 

@@ -50,20 +50,19 @@ KGlobalAccelHotKeys::KGlobalAccelHotKeys(const QDBusConnection& bus, LayoutKeybo
 
 void KGlobalAccelHotKeys::serviceTold() {
     bound_.clear();
-    if (!service_.isOwned()) return;
-    removeLeftOnes(); // It keeps them in a file.
-    changed.emit();
+    isReady_ = false;
+    if (service_.isOwned()) removeLeftOnes();
 }
 
-/// A process that was killed has left its own.
+/// It keeps them in a file. A process that was killed has left its own: they would have the keys that are
+/// bound next.
 void KGlobalAccelHotKeys::removeLeftOnes() {
     const QStringList ofComponent{component, {}, {}, {}};
     callAsync(bus_, accelCall("allActionsForComponent", {ofComponent}), this, [this](const auto& answer) {
-        for (const auto& each : qdbus_cast<QList<QStringList>>(answer.arguments().value(0))) {
-            const auto action = each.value(1);
-            const auto isAction = [&](unsigned number) { return actionOf(number) == action; };
-            if (!std::ranges::any_of(bound_, isAction)) remove(action);
-        }
+        for (const auto& each : qdbus_cast<QList<QStringList>>(answer.arguments().value(0)))
+            remove(each.value(1));
+        isReady_ = service_.isOwned();
+        changed.emit();
     });
 }
 
@@ -81,7 +80,7 @@ void KGlobalAccelHotKeys::bind(unsigned number, const KeyCombination& combinatio
             this, [answered = std::move(answered)] { answered(false); }, Qt::QueuedConnection);
         return;
     }
-    if (!service_.isOwned()) return; // Once somebody is, all are bound.
+    if (!isReady_) return; // All are bound once it is.
     bound_.insert(number);
     callAsync(bus_, accelCall("doRegister", {fullAction(number)}), this);
     // The answer has the keys that it has now: not one that somebody else has.

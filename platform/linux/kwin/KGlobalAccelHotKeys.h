@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <set>
 
 #include <QDBusConnection>
@@ -41,6 +42,7 @@ private:
     TypedKeysyms typedWithShift_;
     std::set<unsigned> bound_;
     BusName service_;
+    bool isReady_ = false; ///< Nothing is left there of another process.
     Subscription layoutChanges_;
     Subscription owners_;
 };

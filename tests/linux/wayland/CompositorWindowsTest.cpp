@@ -77,6 +77,9 @@ TEST_F(CompositorWindowsTest, TellTheProgramWhoIsInFront) {
     EXPECT_THAT(list_.windows(), IsEmpty());
     EXPECT_THAT(heard([&] { windows_.activated(1); }), ElementsAre("active a"));
     EXPECT_THAT(heard([&] { windows_.closed(7); }), IsEmpty());
+    EXPECT_THAT(heard([&] { windows_.closed(1); }), ElementsAre("left a", "front moved"));
+    EXPECT_THAT(heard([&] { windows_.changed(1, window("c")); }), ElementsAre("launched c"))
+        << "another one by the number of one that had the focus";
 }
 
 TEST_F(CompositorWindowsTest, AWindowMayBeMinimisedAndMayNameItselfLate) {

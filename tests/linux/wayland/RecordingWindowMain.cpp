@@ -27,7 +27,10 @@ protected:
         // The compositor has heard it by the time that it has shown something else.
         QTimer::singleShot(0, this, [] { tell("shown"); });
     }
-    void keyPressEvent(QKeyEvent* event) override { tell(std::to_string(event->nativeScanCode()).c_str()); }
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() != Qt::Key_Control && event->key() != Qt::Key_Alt) taken_.end(); // It is recorded.
+        tell(std::to_string(event->nativeScanCode()).c_str());
+    }
 
 private:
     static void tell(const char* what) {

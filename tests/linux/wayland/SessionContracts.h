@@ -1,8 +1,11 @@
 #pragma once
 
 // The contracts of the ports as far as they hold for the sessions of Wayland compositors, each with the
-// compositor's own desktop.
+// compositor's own desktop. That of the screens does not: the toolkit of a process has the screens of one
+// display, and these processes open a compositor for each case. What follows the screens is tested with the
+// whole program, on two.
 
+#include "contracts/FrontWindowContract.h"
 #include "contracts/HotKeysContract.h"
 #include "contracts/TextInputSourcesContract.h"
 #include "contracts/WorkspaceContract.h"
@@ -39,6 +42,31 @@ public:
 
 private:
     std::map<std::string, std::list<WaylandWindow>> windows_;
+};
+
+class SessionWindowListBench : public SessionBench<OnScreenWindowListBench> {
+public:
+    using SessionBench::SessionBench;
+    OnScreenWindowList& windowList() override { return parts_.windowList; }
+    double widestFrame() const override { return 0; }
+    void openWindow(const std::string& owner, const std::string& title, Rect bounds) override {
+        const auto name = QString::fromStdString(title);
+        owners_[title] = QString::fromStdString(owner);
+        windows_.emplace_back(name, owners_[title]);
+        const QRect place(int(bounds.x), int(bounds.y), int(bounds.width), int(bounds.height));
+        EXPECT_TRUE(waitUntil([&] {
+            desktop_->server().move(name, place);
+            return desktop_->server().place(name) == place;
+        }));
+    }
+    void bringToFront(const std::string& title) override {
+        EXPECT_TRUE(desktop_->server().activate(QString::fromStdString(title)));
+    }
+    void minimise(const std::string& title) override { desktop_->minimise(owners_.at(title)); }
+
+private:
+    std::list<WaylandWindow> windows_;
+    std::map<std::string, QString> owners_;
 };
 
 class SessionSourcesBench : public SessionBench<TextInputSourcesBench> {

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "linux/wayland/SessionBench.h"
+#include "platform/GlobalEventMonitor.h"
 
 namespace quorvane {
 
@@ -65,6 +66,9 @@ TEST_P(SessionFaults, WorksOnWithTheNextCompositor) {
     std::optional<WaylandWindow> window;
     window.emplace("alpha", "alpha");
     ASSERT_TRUE(waitUntil([&] { return front() == "alpha"; }));
+    desktop_->server().stop();
+    ASSERT_TRUE(select("xkb:de")); // It never hears it,
+    desktop_->server().kill();     // nor tells that its windows are closed.
     window.reset();
     desktop_->server().restart();
     window.emplace("beta", "beta");
@@ -72,12 +76,17 @@ TEST_P(SessionFaults, WorksOnWithTheNextCompositor) {
     EXPECT_TRUE(desktop_->applications.workspace.runningApplicationsWithBundleIdentifier("alpha").empty());
     ASSERT_TRUE(waitForLayouts());
     EXPECT_TRUE(waitUntil([&] { return select("xkb:ru") && desktop_->server().layout() == 1; }));
+    desktop_->server().selectLayout(0);
+    EXPECT_TRUE(waitUntil([&] { return selected() == "xkb:us"; })) << "no answer is waited for any more";
     EXPECT_TRUE(f5Fires());
 }
 
 TEST_P(SessionFaults, ALauncherLeavesTheApplicationInFront) {
     WaylandWindow window("alpha", "alpha");
     ASSERT_TRUE(waitUntil([&] { return front() == "alpha"; }));
+    QElapsedTimer quiet; // So that nothing is still looked at because of that.
+    quiet.start();
+    waitUntil([&] { return quiet.hasExpired(500); });
     std::vector<std::string> open;
     const auto launchers = parts_.windowList.addLauncherObserver(
         [&](const auto& launcher) { open.push_back(launcher ? launcher->bundleIdentifier : ""); });
@@ -95,9 +104,28 @@ TEST_P(SessionFaults, ALauncherLeavesTheApplicationInFront) {
     EXPECT_EQ(front(), "alpha");
 }
 
+TEST_P(SessionFaults, AHotKeyStaysAtItsPositionWhateverTheLayouts) {
+    constexpr std::uint8_t control = 37, q = 24;
+    bool isFired = false;
+    const auto hotKey = parts_.hotKeys.registerHotKey({0x0C, ModifierFlag::control}, [&] { isFired = true; });
+    desktop_->setLayouts("fr,us", ","); // Which types an A there.
+    ASSERT_TRUE(waitUntil([&] { return parts_.layouts.createInputSourceList().size() == 2; }));
+    ASSERT_TRUE(select("xkb:fr") && waitUntil([&] { return desktop_->server().layout() == 0; }));
+    EXPECT_TRUE(waitUntil([&] {
+        desktop_->server().pressTogether({control, q});
+        return isFired;
+    }));
+}
+
 TEST_P(SessionFaults, NothingIsLeftInTheCompositor) {
     WaylandWindow window("alpha", "alpha");
     ASSERT_TRUE(f5Fires());
+    constexpr KeyCombination taken{0x26, ModifierFlag::control};
+    desktop_->takeKeys(taken);
+    bool isRefused = false;
+    const auto change = parts_.hotKeys.changed.connect([&] { isRefused = true; });
+    const auto refused = parts_.hotKeys.registerHotKey(taken, [] {});
+    EXPECT_TRUE(waitUntil([&] { return isRefused; }));
     desktop_->endSession();
     EXPECT_FALSE(desktop_->hasOurs());
 }

@@ -105,6 +105,8 @@ TEST(ShellMessagesTest, HearsOnlyTheShellAndOnlyWhatIsWellFormed) {
                                             "changed 1 A.desktop A title 7 hidden", "front 2", "front 0",
                                             "closed 1", "overview opened", "key 1", "sources xkb:us",
                                             "source xkb:ru", "went", "came", "front 3"));
+    const ShellMessages late(QDBusConnection::sessionBus(), shellName);
+    EXPECT_TRUE(waitUntil([&] { return late.isShellThere(); })) << "one that was there before";
 }
 
 TEST(ShellMessagesTest, HearsWhatWasSaidBeforeTheBusHasToldWhoTheShellIs) {

@@ -26,7 +26,11 @@ public:
     void takeKeys(const KeyCombination& /*combination*/) override {
         bool isHeardOf = false;
         const auto change = parts().hotKeys.changed.connect([&] { isHeardOf = true; });
-        configure("set $users Ctrl\nbindsym --locked $users+J nop the users\n");
+        QFile file(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/users-keys");
+        file.open(QFile::WriteOnly);
+        file.write("set $users Ctrl\nbindsym --locked $users+J nop the users\n");
+        file.close();
+        configure("include users-keys\n");
         EXPECT_TRUE(waitUntil([&] { return isHeardOf; }));
     }
     void configure(const QByteArray& lines) {
@@ -53,6 +57,7 @@ std::unique_ptr<SessionDesktop> makeDesktop() {
     return std::make_unique<SwayDesktop>();
 }
 
+INSTANTIATE_TEST_SUITE_P(Sway, FrontWindowContract, on<SessionWindowListBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(Sway, WorkspaceContract, on<SessionWorkspaceBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(Sway, TextInputSourcesContract, on<SessionSourcesBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(Sway, SessionFaults, testing::Values(makeDesktop));
@@ -76,18 +81,32 @@ TEST_P(SwaySessionTest, AReloadIsNotNoticed) {
     EXPECT_EQ(changes, 1);
 }
 
-TEST_P(SwaySessionTest, TheFrontWindowIsWhereItWasMoved) {
-    const WaylandWindow window("alpha", "alpha");
-    ASSERT_TRUE(waitUntil([&] { return front() == "alpha"; }));
-    EXPECT_TRUE(waitUntil([&] { // As a floating one: sway tells that it floats, not that it moves.
-        desktop_->server().move("alpha", {100, 200, 400, 300});
-        return desktop_->server().place("alpha") == QRect(100, 200, 400, 300);
-    }));
+TEST_P(SwaySessionTest, HotKeysAreOfTheDefaultModeAndNeverTheUsers) {
+    auto& desktop = dynamic_cast<SwayDesktop&>(*desktop_);
+    ASSERT_TRUE(waitForLayouts());
+    desktop.configure("mode other {\n bindsym x nop\n}\n");
+    ASSERT_TRUE(f5Fires());
+    int fired = 0, told = 0;
+    const auto layouts = parts_.layouts.selectionChanged.connect([&] { ++told; });
+    SwayServer::run("mode other");
+    SwayServer::run("input type:keyboard xkb_switch_layout 1");
+    ASSERT_TRUE(waitUntil([&] { return told > 0; })) << "so that of the mode it was told before";
+    const auto hotKey = parts_.hotKeys.registerHotKey({0x61, 0}, [&] { ++fired; });
+    SwayServer::run("mode default");
     EXPECT_TRUE(waitUntil([&] {
-        const auto windows = parts_.windowList.windows();
-        return windows.size() == 1 && windows[0].bounds == Rect{100, 200, 400, 300} &&
-               windows[0].name == "alpha";
+        desktop_->server().pressTogether({72});
+        return fired > 0;
     }));
+    // The user takes the other one, and it is given back before anybody has seen that.
+    const auto change = parts_.hotKeys.changed.connect([&] { f5_.reset(); });
+    desktop.configure("bindcode 71 nop the users\n");
+    ASSERT_TRUE(waitUntil([&] { return !f5_; }));
+    const auto again = parts_.hotKeys.registerHotKey({0x62, 0}, [&] { fired = -1; });
+    EXPECT_TRUE(waitUntil([&] { // F7, asked for after the other was given back.
+        desktop_->server().pressTogether({73});
+        return fired == -1;
+    }));
+    EXPECT_TRUE(desktop_->hasOurs()) << "the user's";
 }
 
 } // namespace

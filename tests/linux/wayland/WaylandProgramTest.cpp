@@ -26,6 +26,12 @@ using Toolkit = TextCommand::Toolkit;
 
 class WaylandProgram : public testing::TestWithParam<std::string> {
 protected:
+    WaylandProgram() {
+        // Left by a session that has ended.
+        if (GetParam() != "sway") qputenv("SWAYSOCK", session_.folders.home().toUtf8() + "/left");
+    }
+    ~WaylandProgram() override { qunsetenv("SWAYSOCK"); }
+
     static constexpr std::uint8_t g = 42, j = 44, control = 37, option = 64;
 
     static std::string tool(const QStringList& arguments) {
@@ -123,7 +129,15 @@ TEST_P(WaylandProgram, TheIndicatorStandsInTheCornerOfTheFrontWindowAndTakesNoFo
     session_.startProgram();
     const WaylandWindow window("black"), other("other"); // So it is.
     const auto file = session_.folders.home() + "/screen.png";
-    for (const QRect place : {QRect(100, 200, 400, 300), QRect(500, 100, 400, 300)}) {
+    std::vector places{QRect(100, 200, 400, 300), QRect(500, 100, 400, 300)};
+    if (GetParam() == "sway") { // Which can have another screen, to the right of the first and lower.
+        SwayServer::run("create_output");
+        SwayServer::run("output HEADLESS-1 pos 0 0");
+        SwayServer::run("output HEADLESS-2 pos 1280 100");
+        places.emplace_back(1200, 680, 400, 100);
+        places.push_back(places.front());
+    }
+    for (const auto& place : places) {
         EXPECT_TRUE(waitUntil([&] {
             server_.move("black", place);
             if (server_.place("black") != place) return false;
@@ -157,7 +171,8 @@ TEST_P(WaylandProgram, WhileTheCompositorHangsItAnswersAndAfterwardsItSwitches) 
     EXPECT_TRUE(waitForLayout(ru));
 }
 
-/// On GNOME the session ends with the shell, and a dialogue asks before a window has the shortcuts.
+/// On GNOME the session ends with the shell, a dialogue asks before a window has the shortcuts, and windows
+/// come to the front without a token, too.
 class WaylandProgramAndCompositor : public WaylandProgram {};
 
 INSTANTIATE_TEST_SUITE_P(Of, WaylandProgramAndCompositor, testing::Values("sway", "kwin"),
@@ -176,6 +191,43 @@ TEST_P(WaylandProgramAndCompositor, ComeBackTogether) {
     session_.program->terminate();
     ASSERT_TRUE(session_.program->waitForEnd());
     EXPECT_EQ(session_.program->exitCode(), 0);
+}
+
+TEST_P(WaylandProgramAndCompositor, LiveOnWithoutTheSessionBus) {
+    session_.startProgram();
+    session_.setRule("first", "xkb:ru");
+    const WaylandWindow first("first"), second("second");
+    if (GetParam() == "sway") {
+        ASSERT_TRUE(server_.activate("second"));
+        server_.bus().end();
+        ASSERT_TRUE(server_.activate("first"));
+        EXPECT_TRUE(waitForLayout(ru)) << session_.program->errors().toStdString();
+    } else { // KWin and the program speak to each other by it only.
+        server_.bus().end();
+        session_.setRule("second", "xkb:de"); // It takes its settings from files as before.
+    }
+    session_.program->terminate();
+    ASSERT_TRUE(session_.program->waitForEnd());
+    EXPECT_EQ(session_.program->exitCode(), 0);
+}
+
+TEST_P(WaylandProgramAndCompositor, BringItsOpenWindowToTheFrontForALaunchWithAToken) {
+    if (GetParam() == "sway") SwayServer::run("focus_on_window_activation focus");
+    session_.program.emplace(QUORVANE_PROGRAM, QStringList{"--preferences"});
+    ASSERT_TRUE(waitUntil([&] { return server_.isInFront("Quorvane"); }));
+    WaylandWindow launcher("launcher");
+    ASSERT_TRUE(server_.activate("launcher"));
+    constexpr std::uint8_t f1 = 67;
+    server_.type({f1});
+    ASSERT_TRUE(waitUntil([&] { return !launcher.activationToken().isEmpty(); }));
+    for (const bool hasToken : {false, true}) {
+        if (hasToken) qputenv("XDG_ACTIVATION_TOKEN", launcher.activationToken().toUtf8());
+        EXPECT_TRUE(RunningProgram(QUORVANE_PROGRAM).waitForEnd());
+        tool({"status"}); // It has done what it was asked for before.
+        EXPECT_TRUE(waitUntil([&] { return server_.isInFront(hasToken ? "Quorvane" : "launcher"); }))
+            << hasToken << server_.namesInFront().join(' ').toStdString();
+    }
+    qunsetenv("XDG_ACTIVATION_TOKEN");
 }
 
 TEST_P(WaylandProgramAndCompositor, LetWhoRecordsAHotKeyHaveTheShortcutsOfOthers) {
@@ -203,9 +255,8 @@ TEST_P(WaylandProgramAndCompositor, LetWhoRecordsAHotKeyHaveTheShortcutsOfOthers
         EXPECT_TRUE(waitUntil([&] { return recorder.output().contains(QString("\n%1\n").arg(j)); }))
             << recorder.output().toStdString();
         EXPECT_EQ(server_.layout(), us);
+        EXPECT_TRUE(isOurs()) << "once it is recorded";
     }
-    ASSERT_TRUE(server_.activate("window"));
-    EXPECT_TRUE(isOurs()) << "after it";
 }
 
 /// With a daemon for input methods beside the compositor, which has the layouts.
