@@ -18,6 +18,8 @@ bool isBusName(std::string_view id) {
 } // namespace
 
 struct BusApplications::Followed {
+    explicit Followed(const QString& id) : name(sessionBus(), id) {}
+
     BusName name;
     Subscription owners;
 };
@@ -39,7 +41,7 @@ const BusApplications::Followed* BusApplications::follow(std::string_view id) {
     if (!isBusName(id)) return nullptr;
     const std::string name(id);
     auto& followed = followed_[name];
-    followed.reset(new Followed{BusName(sessionBus(), QString::fromStdString(name)), {}});
+    followed = std::make_unique<Followed>(QString::fromStdString(name));
     followed->owners = followed->name.told.connect([this, name, &followed = *followed](const auto& before) {
         if (before && before->isEmpty() && followed.name.isOwned()) started_.emit(name);
     });
