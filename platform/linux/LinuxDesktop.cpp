@@ -6,7 +6,6 @@
 #include <QUrl>
 
 #include "platform/linux/LaunchArguments.h"
-#include "platform/linux/dbus/SessionBus.h"
 #include "platform/linux/qt/ApplicationIcon.h"
 #include "platform/linux/qt/LettersIcon.h"
 #include "platform/linux/qt/ReferencedIcon.h"
@@ -80,7 +79,7 @@ LinuxDesktop::LinuxDesktop(const SessionStart& startSession)
     , parts_(session_->parts())
     , ibus_(parts_.hasIBusEngines ? std::nullopt
                                   : std::optional<IBusInputSources>(std::in_place, parts_.layouts, icons))
-    , fcitx5_(sessionBus(), parts_.layouts, icons)
+    , fcitx5_(parts_.layouts, icons)
     , inputSources_(parts_.name, parts_.layouts, daemons())
     , activationsForInput_(
           applications_.workspace.addObserver(WorkspaceNotification::didActivateApplication,

@@ -10,6 +10,7 @@
 #include "fuzz/FuzzTargets.h"
 #include "platform/linux/dbus/DBusPropertyList.h"
 #include "platform/linux/dbus/GLibRefs.h"
+#include "platform/linux/input-methods/fcitx5/Fcitx5Answers.h"
 #include "platform/linux/input-methods/fcitx5/Fcitx5Names.h"
 #include "platform/linux/input-methods/ibus/IBusAddress.h"
 #include "platform/linux/input-methods/ibus/IBusEngines.h"
@@ -90,9 +91,14 @@ void readNotification(std::string_view bytes) {
 }
 
 void readDaemonsAnswer(std::string_view bytes) {
-    const GVariantRef answer(g_variant_ref_sink(
-        g_variant_new_from_data(G_VARIANT_TYPE("av"), bytes.data(), bytes.size(), FALSE, nullptr, nullptr)));
-    if (const auto engines = IBusEngines::ofList(answer.get())) engines->methodForLocale("zh_CN.UTF-8");
+    const auto answer = [bytes](const char* type) {
+        return GVariantRef(g_variant_ref_sink(g_variant_new_from_data(
+            G_VARIANT_TYPE(type), bytes.data(), bytes.size(), FALSE, nullptr, nullptr)));
+    };
+    enabledEngines(answer("av").get(), {"libpinyin"}, {"xkb:us"});
+    fcitx5GroupIn(answer("(sa(ss))").get());
+    fcitx5InputMethodsIn(answer("(a(ssssssb))").get());
+    fcitx5FocusIn(bytes);
     ibusAddressIn(bytes);
     const auto id = idOfEngine(bytes);
     if (!id.starts_with(ibusIdPrefix) && !id.starts_with("xkb:")) std::abort();

@@ -3,10 +3,14 @@
 #include <utility>
 
 #include "platform/linux/Log.h"
+#include "platform/linux/dbus/BusConnection.h"
 #include "platform/linux/dbus/GLibRefs.h"
+#include "platform/linux/dbus/SessionBusAddress.h"
 
 namespace quorvane {
 namespace {
+
+const BusConnection::Interface monitoring{"/org/freedesktop/DBus", "org.freedesktop.DBus.Monitoring"};
 
 std::string text(const char* orNull) {
     return orNull ? orNull : "";
@@ -23,74 +27,41 @@ std::vector<std::string> textsIn(GVariant* arguments) {
     return texts;
 }
 
-struct CharsDeleter {
-    void operator()(char* chars) const { g_free(chars); }
-};
-
 } // namespace
 
-/// The connection, which serves for nothing else: a monitor may not send. GLib's calls back hold it weakly;
-/// one of them runs in GLib's thread for the bus.
-class BusMonitor::Bus {
+/// A connection that serves for nothing else: a monitor may not send. GLib's thread holds this weakly.
+class BusMonitor::Ear : public std::enable_shared_from_this<Ear> {
 public:
-    Bus(std::string matchRule, Heard heard) : rule_(std::move(matchRule)), heard_(std::move(heard)) {}
-    ~Bus() {
-        g_cancellable_cancel(cancellable_.get());
-        if (!connection_) return;
-        g_dbus_connection_remove_filter(connection_.get(), filter_);
-        g_dbus_connection_close(connection_.get(), nullptr, nullptr, nullptr);
+    Ear(std::string matchRule, Heard heard) : rule_(std::move(matchRule)), heard_(std::move(heard)) {}
+    ~Ear() {
+        if (filter_ != 0) g_dbus_connection_remove_filter(bus_->native(), filter_);
     }
-    Bus(const Bus&) = delete;
-    Bus& operator=(const Bus&) = delete;
+    Ear(const Ear&) = delete;
+    Ear& operator=(const Ear&) = delete;
 
-    using Weak = std::weak_ptr<Bus>;
-
-    static void connect(const std::shared_ptr<Bus>& self) {
-        const std::unique_ptr<char, CharsDeleter> address(
-            g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
-        if (!address) return;
-        constexpr auto flags = GDBusConnectionFlags(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                                    G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-        g_dbus_connection_new_for_address(
-            address.get(), flags, nullptr, self->cancellable_.get(),
-            [](GObject*, GAsyncResult* result, gpointer data) {
-                const std::unique_ptr<Weak> weak(static_cast<Weak*>(data));
-                GObjectRef<GDBusConnection> made(g_dbus_connection_new_for_address_finish(result, nullptr));
-                const auto bus = weak->lock();
-                if (made && bus) bus->use(std::move(made), bus);
-            },
-            new Weak(self));
+    void open(const std::string& address) {
+        bus_ = std::make_unique<BusConnection>(
+            address, BusConnection::Events{.opened = [this] { becomeMonitor(); }, .closed = {}});
     }
 
-    bool isHearing() const { return isAllowed_ && !g_dbus_connection_is_closed(connection_.get()); }
+    bool isHearing() const { return isAllowed_ && bus_->isOpen(); }
 
 private:
+    using Weak = std::weak_ptr<Ear>;
     struct Post {
-        Weak bus;
+        Weak ear;
         GObjectRef<GDBusMessage> message;
     };
 
-    void use(GObjectRef<GDBusConnection> made, const Weak& self) {
-        connection_ = std::move(made);
-        filter_ = g_dbus_connection_add_filter(connection_.get(), pass, new Weak(self),
+    void becomeMonitor() {
+        filter_ = g_dbus_connection_add_filter(bus_->native(), pass, new Weak(weak_from_this()),
                                                [](gpointer data) { delete static_cast<Weak*>(data); });
         const char* rules[] = {rule_.c_str(), nullptr};
-        g_dbus_connection_call(
-            connection_.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus",
-            "org.freedesktop.DBus.Monitoring", "BecomeMonitor", g_variant_new("(^asu)", rules, 0U), nullptr,
-            G_DBUS_CALL_FLAGS_NONE, -1, cancellable_.get(),
-            [](GObject* source, GAsyncResult* result, gpointer data) {
-                const std::unique_ptr<Weak> weak(static_cast<Weak*>(data));
-                GError* error = nullptr;
-                const GVariantRef answer(
-                    g_dbus_connection_call_finish(G_DBUS_CONNECTION(source), result, &error));
-                const GErrorRef ownedError(error);
-                const auto bus = weak->lock();
-                if (!bus) return;
-                bus->isAllowed_ = answer != nullptr;
-                if (!answer) logLine("the session bus allows no monitor: " + text(error->message));
-            },
-            new Weak(self));
+        bus_->call("org.freedesktop.DBus", monitoring, "BecomeMonitor", g_variant_new("(^asu)", rules, 0U),
+                   "()", [this](GVariant* allowed, const GError* error) {
+                       isAllowed_ = allowed != nullptr;
+                       if (!allowed) logLine("the session bus allows no monitor: " + text(error->message));
+                   });
     }
 
     /// In GLib's thread. What is heard goes no further on this connection, which would answer it.
@@ -99,8 +70,8 @@ private:
         if (!isIncoming || g_dbus_message_get_message_type(message) != G_DBUS_MESSAGE_TYPE_SIGNAL)
             return message;
         constexpr auto hear = +[](gpointer posted) -> gboolean {
-            const auto& [bus, heard] = *static_cast<Post*>(posted);
-            if (const auto alive = bus.lock()) alive->hear(heard.get());
+            const auto& [ear, heard] = *static_cast<Post*>(posted);
+            if (const auto alive = ear.lock()) alive->hear(heard.get());
             return G_SOURCE_REMOVE;
         };
         g_idle_add_full(G_PRIORITY_DEFAULT, hear,
@@ -117,21 +88,20 @@ private:
 
     std::string rule_;
     Heard heard_;
-    GObjectRef<GCancellable> cancellable_{g_cancellable_new()};
-    GObjectRef<GDBusConnection> connection_; ///< Null until it is made.
+    std::unique_ptr<BusConnection> bus_;
     unsigned filter_ = 0;
     bool isAllowed_ = false;
 };
 
 BusMonitor::BusMonitor(const std::string& matchRule, Heard heard)
-    : bus_(std::make_shared<Bus>(matchRule, std::move(heard))) {
-    Bus::connect(bus_);
+    : ear_(std::make_shared<Ear>(matchRule, std::move(heard))) {
+    ear_->open(sessionBusAddress());
 }
 
 BusMonitor::~BusMonitor() = default;
 
 bool BusMonitor::isHearing() const {
-    return bus_->isHearing();
+    return ear_->isHearing();
 }
 
 } // namespace quorvane

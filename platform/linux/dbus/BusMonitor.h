@@ -30,8 +30,8 @@ public:
     bool isHearing() const;
 
 private:
-    class Bus;
-    std::shared_ptr<Bus> bus_;
+    class Ear;
+    std::shared_ptr<Ear> ear_;
 };
 
 } // namespace quorvane

@@ -9,6 +9,9 @@ namespace quorvane {
 struct GObjectDeleter {
     void operator()(gpointer object) const { g_object_unref(object); }
 };
+struct GCharsDeleter {
+    void operator()(char* chars) const { g_free(chars); }
+};
 struct GVariantDeleter {
     void operator()(GVariant* value) const { g_variant_unref(value); }
 };
@@ -25,6 +28,7 @@ struct GSettingsSchemaKeyDeleter {
 /// Each owns one reference.
 template <class Object>
 using GObjectRef = std::unique_ptr<Object, GObjectDeleter>;
+using GCharsRef = std::unique_ptr<char, GCharsDeleter>;
 using GVariantRef = std::unique_ptr<GVariant, GVariantDeleter>;
 using GErrorRef = std::unique_ptr<GError, GErrorDeleter>;
 using GSettingsSchemaRef = std::unique_ptr<GSettingsSchema, GSettingsSchemaDeleter>;

@@ -14,7 +14,7 @@ namespace {
 // Nor a file moved away: some editors do that just before they write the new one.
 constexpr std::uint32_t folderEvents =
     IN_CLOSE_WRITE | IN_MOVED_TO | IN_DELETE | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
-constexpr std::uint32_t parentEvents = IN_CREATE | IN_MOVED_TO | IN_ONLYDIR;
+constexpr std::uint32_t parentEvents = IN_CREATE | IN_MOVED_TO | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
 
 std::string_view nameOf(const inotify_event& event, const char* name) {
     return event.len > 0 ? std::string_view(name) : std::string_view(); // padded with NULs
@@ -36,14 +36,21 @@ FolderWatch::FolderWatch(std::filesystem::path folder, std::function<void(std::s
 }
 
 void FolderWatch::watch() {
-    if (folderWatch_ >= 0) ::inotify_rm_watch(inotify_.number(), folderWatch_);
-    if (parentWatch_ >= 0) ::inotify_rm_watch(inotify_.number(), parentWatch_);
-    parentWatch_ = -1;
-    folderWatch_ = ::inotify_add_watch(inotify_.number(), folder_.c_str(), folderEvents);
-    if (folderWatch_ >= 0) return;
-    parentWatch_ = ::inotify_add_watch(inotify_.number(), folder_.parent_path().c_str(), parentEvents);
-    // Made in between, so that the parent told nobody.
-    folderWatch_ = ::inotify_add_watch(inotify_.number(), folder_.c_str(), folderEvents);
+    const auto follow = [this](int& watch, const std::filesystem::path& folder, std::uint32_t events) {
+        if (watch >= 0) ::inotify_rm_watch(inotify_.number(), watch);
+        watch = ::inotify_add_watch(inotify_.number(), folder.c_str(), events);
+        return watch >= 0;
+    };
+    std::filesystem::path before;
+    std::error_code error;
+    do {
+        if (follow(folderWatch_, folder_, folderEvents)) return;
+        // The nearest one above that is there tells when the next one comes.
+        before = std::exchange(awaited_, folder_);
+        while (!follow(parentWatch_, awaited_.parent_path(), parentEvents) && awaited_.has_relative_path())
+            awaited_ = awaited_.parent_path();
+        // Made in between, so that nobody told.
+    } while (awaited_ != before && std::filesystem::exists(awaited_, error));
 }
 
 void FolderWatch::read() {
@@ -56,10 +63,9 @@ void FolderWatch::read() {
             std::memcpy(&event, at, sizeof event);
             const auto name = nameOf(event, at + sizeof event);
             at += sizeof event + event.len;
-            const bool isFolderGone =
-                event.wd == folderWatch_ && (event.mask & (IN_DELETE_SELF | IN_MOVE_SELF)) != 0;
-            const bool isFolderBack = event.wd == parentWatch_ && name == folder_.filename().native();
-            if (isFolderGone || isFolderBack)
+            const bool isGone = (event.mask & (IN_DELETE_SELF | IN_MOVE_SELF)) != 0;
+            const bool isThere = event.wd == parentWatch_ && name == awaited_.filename().native();
+            if (isGone || isThere)
                 mustWatchAnew = true;
             else if (event.wd == folderWatch_ || (event.mask & IN_Q_OVERFLOW) != 0)
                 handler_(name);

@@ -1,32 +1,37 @@
 #include "platform/linux/input-methods/fcitx5/Fcitx5InputSources.h"
 
 #include <algorithm>
-#include <chrono>
-#include <memory>
 #include <utility>
 
 #include <QStandardPaths>
 
 #include "platform/linux/Log.h"
+#include "platform/linux/applications/ProcessFacts.h"
+#include "platform/linux/dbus/GLibRefs.h"
+#include "platform/linux/dbus/SessionBusAddress.h"
 #include "platform/linux/keyboard/XkbLayout.h"
 
 namespace quorvane {
 namespace {
 
-using Clock = std::chrono::steady_clock;
+const DaemonConnection::Interface controller{"/controller", "org.fcitx.Fcitx.Controller1"};
 
-InputSource sourceOf(const std::string& inputMethod) {
-    return {.id = idOfFcitx5InputMethod(inputMethod), .hasIconReference = true};
-}
+/// Fcitx5's icon in the tray shows what is typed with. Others' icons change, too.
+const DaemonConnection::Interface trayItem{"/StatusNotifierItem", "org.kde.StatusNotifierItem"};
 
-bool isLayoutID(std::string_view id) {
-    return layoutOfID(id).has_value();
-}
+constexpr const char* contextsAreTold =
+    "type='signal',interface='org.fcitx.Fcitx.InputContext1',member='CurrentIM'";
 
-std::string textIn(const QDBusMessage& answer) {
-    const bool isText =
-        answer.type() == QDBusMessage::ReplyMessage && answer.signature() == QLatin1String("s");
-    return isText ? answer.arguments().at(0).toString().toStdString() : std::string();
+/// Programs in a sandbox talk through a process of this name, which has no windows.
+constexpr const char* proxy = "xdg-dbus-proxy";
+
+/// Stands for the only context that is known, when Fcitx5's description of itself is not understood.
+constexpr const char* unknownContext = "?";
+
+std::string textIn(GVariant* answer) {
+    const char* text = "";
+    if (answer) g_variant_get(answer, "(&s)", &text);
+    return text;
 }
 
 void logMisunderstanding(const char* what) {
@@ -35,211 +40,149 @@ void logMisunderstanding(const char* what) {
 
 } // namespace
 
-Fcitx5InputSources::Fcitx5InputSources(const QDBusConnection& bus, LayoutSources& layouts,
-                                       InputMethodIcons icons)
-    : layouts_(layouts)
-    , underneath_(layouts)
-    , icons_(std::move(icons))
-    , selection_(
-          {.ask = [this](unsigned number, const std::string& inputMethod) { ask(number, inputMethod); },
-           .refused =
-               [](const std::string& inputMethod) { logLine("Fcitx5 does not select " + inputMethod); }})
-    , news_(bus,
-            [this](const auto& news) {
-                selection_.told(news, Clock::now());
-                selectionMoved();
-            })
-    , controller_(bus) {
-    due_.setSingleShot(true);
-    due_.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&due_, &QTimer::timeout, &due_, [this] {
-        selection_.timePassed(Clock::now());
-        selectionMoved();
-    });
-    subscriptions_.push_back(controller_.cameAlive.connect([this] {
-        if (controller_.isStartedAnew())
-            selection_.forget();
-        else
-            selection_.giveUp();
-        watchSettings();
-        readGroup();
-    }));
-    subscriptions_.push_back(controller_.fellSilent.connect([this] {
-        selection_.giveUp();
-        selectionMoved();
+Fcitx5InputSources::Fcitx5InputSources(LayoutSources& layouts, InputMethodIcons icons)
+    : DaemonInputSources(layouts, std::move(icons), TypesLayouts::itself)
+    , connection_("org.fcitx.Fcitx5")
+    , monitor_(contextsAreTold, [this](const auto& signal) { told(signal); }) {
+    subscriptions_.push_back(connection_.cameAlive.connect([this] { cameAlive(); }));
+    subscriptions_.push_back(connection_.wentAway.connect([this] {
         setAvailable(false);
+        selection().giveUp();
+        selectionMoved();
     }));
-    subscriptions_.push_back(controller_.groupsChanged.connect([this] { readGroup(); }));
-    subscriptions_.push_back(layouts_.selectionChanged.connect([this] { tellSelection(); }));
-    subscriptions_.push_back(controller_.iconChanged.connect([this] { userMayHaveSwitched(); }));
+    connection_.listen(controller, [this](std::string_view signal, GVariant*) {
+        if (signal == "InputMethodGroupsChanged") readGroup();
+    });
+    constexpr bool isOfAnybody = true;
+    connection_.listen(
+        trayItem,
+        [this](std::string_view signal, GVariant*) {
+            if (signal == "NewIcon") userMayHaveSwitched();
+        },
+        isOfAnybody);
+    connection_.open(sessionBusAddress());
 }
 
-// Reading the list ----------------------------------------------------------------------------------------
+// The list ------------------------------------------------------------------------------------------------
 
-/// Fcitx5 tells when there is another group, but not when a group has other input methods. It writes that
-/// down, though.
-void Fcitx5InputSources::watchSettings() {
+void Fcitx5InputSources::cameAlive() {
+    if (connection_.isStartedAnew()) {
+        selection().forget();
+        described_.clear(); // The new one may have other names.
+        news_ = 0;
+    } else {
+        selection().giveUp();
+    }
+    // It tells when there is another group, but not when a group has other input methods. It writes that
+    // down, though.
     const auto folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     settings_.emplace(folder.toStdString() + "/fcitx5", [this](std::string_view file) {
         if (file.empty() || file == "profile") readGroup();
     });
+    readGroup();
 }
 
 void Fcitx5InputSources::readGroup() {
-    controller_.call(QStringLiteral("CurrentInputMethodGroup"), {}, [this](const auto& name) {
-        controller_.call(QStringLiteral("InputMethodGroupInfo"), {QString::fromStdString(textIn(name))},
-                         [this](const auto& answer) {
-                             auto group = fcitx5GroupIn(answer);
+    connection_.call(controller, "CurrentInputMethodGroup", nullptr, "(s)", [this](GVariant* name) {
+        connection_.call(controller, "InputMethodGroupInfo", g_variant_new("(s)", textIn(name).c_str()),
+                         "(sa(ss))", [this](GVariant* group) {
                              if (!group) return logMisunderstanding("what can be typed with");
-                             groupRead(std::move(*group));
+                             groupRead(fcitx5GroupIn(group));
                          });
     });
 }
 
-void Fcitx5InputSources::groupRead(Fcitx5Group group) {
-    const bool isKnown = std::ranges::all_of(
-        group.items, [this](const auto& item) { return described_.contains(item.inputMethod); });
-    if (isKnown) return setGroup(std::move(group));
-    controller_.call(QStringLiteral("AvailableInputMethods"), {}, [this, group](const auto& answer) {
-        auto all = fcitx5InputMethodsIn(answer);
-        if (!all) logMisunderstanding("its input methods' names");
-        for (const auto& item : group.items)
-            described_[item.inputMethod] = all ? (*all)[item.inputMethod] : Fcitx5InputMethod();
-        setGroup(group);
-    });
-}
-
-void Fcitx5InputSources::setGroup(Fcitx5Group group) {
-    group_ = std::move(group);
+void Fcitx5InputSources::groupRead(const std::vector<std::string>& names) {
+    const auto isDescribed = [this](const auto& name) { return described_.contains(name); };
+    if (!std::ranges::all_of(names, isDescribed)) {
+        connection_.call(controller, "AvailableInputMethods", nullptr, "(a(ssssssb))",
+                         [this, names](GVariant* list) {
+                             if (!list) logMisunderstanding("its input methods' names");
+                             auto all = list ? fcitx5InputMethodsIn(list) : decltype(described_)();
+                             for (const auto& name : names)
+                                 described_[name] = all[name];
+                             groupRead(names);
+                         });
+        return;
+    }
+    std::vector<Method> methods;
+    for (const auto& name : names) {
+        const auto& [ofPeople, nativeName, icon, label] = described_[name];
+        const auto id = idOf(name);
+        // The label of a layout is its language.
+        const bool isLayout = layoutOfID(id).has_value();
+        methods.push_back({id, name, nativeName.empty() ? ofPeople : nativeName,
+                           isLayout ? InputMethodIcon{icon, {}, label} : InputMethodIcon{icon, label, name}});
+    }
+    setMethods(std::move(methods));
     setAvailable(true);
     userMayHaveSwitched(); // The input method in use may have been taken away.
 }
 
-void Fcitx5InputSources::setAvailable(bool isAvailable) {
-    if (std::exchange(isAvailable_, isAvailable) == isAvailable) return;
-    if (!isAvailable) described_.clear(); // the next one may have other names
-    availabilityChanged.emit();
-}
-
 // The selection -------------------------------------------------------------------------------------------
 
-void Fcitx5InputSources::ask(unsigned number, const std::string& inputMethod) {
-    if (!inputMethod.empty())
-        controller_.call(QStringLiteral("SetCurrentIM"), {QString::fromStdString(inputMethod)});
-    struct Answers {
-        Fcitx5Selection::Answer both;
-        int missing = 2;
-    };
-    const auto answers = std::make_shared<Answers>();
-    answers->both.isToldOfMost = news_.isTelling();
-    // Qt may hand out the answers in another order than that of the calls.
-    const auto come = [this, number, answers] {
-        if (--answers->missing > 0) return;
-        selection_.answered(number, answers->both, Clock::now());
-        selectionMoved();
-    };
-    controller_.call(QStringLiteral("DebugInfo"), {}, [answers, come](const auto& answer) {
-        answers->both.contexts = contextsInDebugInfo(textIn(answer));
-        if (!answers->both.contexts) logMisunderstanding("which program has the focus");
-        come();
+void Fcitx5InputSources::callSelect(const std::string& ownName) {
+    connection_.call(controller, "SetCurrentIM", g_variant_new("(s)", ownName.c_str()), "()",
+                     [this](GVariant* done) {
+                         selection().answered(done != nullptr);
+                         selectionMoved();
+                     });
+    callLook();
+}
+
+void Fcitx5InputSources::callLook() {
+    connection_.call(controller, "DebugInfo", nullptr, "(s)", [this](GVariant* description) {
+        const bool wasUnderstood = focus_.isUnderstood;
+        focus_ = fcitx5FocusIn(textIn(description));
+        if (wasUnderstood && !focus_.isUnderstood) logMisunderstanding("which program has the focus");
     });
-    controller_.call(QStringLiteral("CurrentInputMethod"), {}, [answers, come](const auto& answer) {
-        answers->both.inputMethod = textIn(answer);
-        come();
+    connection_.call(controller, "CurrentInputMethod", nullptr, "(s)", [this, news = news_](GVariant* name) {
+        if (news == news_) looked(focus_, textIn(name)); // Else contexts may have been told since.
+        selectionMoved();
+    });
+}
+
+void Fcitx5InputSources::looked(const Fcitx5Focus& focus, const std::string& inputMethod) {
+    const bool areTold = monitor_.isHearing() && news_ > 0;
+    // One that has had the focus since before this program was there will not be told of.
+    if (focus.context && !(areTold && focus.context->isOfDBus))
+        selection().seen(focus.context->uuid, inputMethod, focus.context->isOfDBus);
+    else if (!focus.isUnderstood && !areTold)
+        selection().seen(unknownContext, inputMethod, true);
+    else if (focus.isUnderstood && !focus.context && !inputMethod.empty())
+        selection().seenNone(inputMethod);
+    else
+        selection().seenNone();
+}
+
+/// The arguments are the input method's name for people, its own name and its language.
+void Fcitx5InputSources::told(const BusMonitor::Message& signal) {
+    if (signal.texts.size() != 3) return;
+    ++news_;
+    connection_.askProcess(signal.destination, [this, context = signal.destination + signal.path,
+                                                inputMethod = signal.texts[1]](int process) {
+        if (process == 0) return; // It is gone.
+        const bool isSandboxed = executableNameOf(process) == proxy;
+        selection().told({context, isSandboxed ? ContextSelection::unknownProcess : process}, inputMethod);
+        selectionMoved();
     });
 }
 
 void Fcitx5InputSources::applicationActivated(const std::string& application, int process) {
-    const auto layout = layouts_.copyCurrentKeyboardInputSource();
-    selection_.activated({application, process}, layout ? fcitx5InputMethodOfID(layout->id) : std::string(),
-                         Clock::now());
+    const auto layout = layouts().copyCurrentKeyboardInputSource();
+    selection().activated({application, process}, layout ? fcitx5InputMethodOfID(layout->id) : std::string());
+    activationSettles();
     selectionMoved();
 }
 
 void Fcitx5InputSources::windowActivated(int process) {
-    selection_.windowActivated(process, Clock::now());
+    selection().windowActivated(process);
     selectionMoved();
 }
 
 void Fcitx5InputSources::userMayHaveSwitched() {
-    selection_.mayHaveChanged(Clock::now());
+    selection().mayHaveChanged();
     selectionMoved();
-}
-
-bool Fcitx5InputSources::selectInputSource(const InputSource& source) {
-    if (!isAvailable_ || createInputSourceList(source.id).empty()) return false;
-    underneath_.prepareFor(source.id);
-    selection_.select(fcitx5InputMethodOfID(source.id), Clock::now());
-    selectionMoved();
-    return true;
-}
-
-/// Arms the timer for what the selection has to do next.
-void Fcitx5InputSources::selectionMoved() {
-    if (const auto due = selection_.nextDue()) {
-        const auto wait = std::chrono::ceil<std::chrono::milliseconds>(*due - Clock::now());
-        due_.start(std::max(wait, std::chrono::milliseconds(0)));
-    } else {
-        due_.stop();
-    }
-    tellSelection();
-}
-
-void Fcitx5InputSources::tellSelection() {
-    const auto current = copyCurrentKeyboardInputSource();
-    if (!current || std::exchange(toldID_, current->id) == current->id) return;
-    // Also when it is somebody else's selection: see the class.
-    underneath_.prepareFor(current->id);
-    selectionChanged.emit();
-}
-
-// What is answered ----------------------------------------------------------------------------------------
-
-std::vector<InputSource> Fcitx5InputSources::createInputSourceList(std::optional<std::string_view> id) const {
-    std::vector<InputSource> list;
-    for (const auto& item : group_.items) {
-        auto source = sourceOf(item.inputMethod);
-        if (!id || source.id == *id) list.push_back(std::move(source));
-    }
-    return list;
-}
-
-std::optional<InputSource> Fcitx5InputSources::copyCurrentKeyboardInputSource() const {
-    if (!isAvailable_) return std::nullopt;
-    if (const auto& current = selection_.current()) return sourceOf(*current);
-    // An application that does without Fcitx5 is typed with the X server's layout.
-    if (selection_.isWithoutContext()) return layouts_.copyCurrentKeyboardInputSource();
-    return std::nullopt;
-}
-
-std::optional<InputSource> Fcitx5InputSources::copyCurrentKeyboardLayoutInputSource() const {
-    auto current = copyCurrentKeyboardInputSource();
-    if (!current || isLayoutID(current->id)) return current;
-    const auto item =
-        std::ranges::find(group_.items, fcitx5InputMethodOfID(current->id), &Fcitx5Group::Item::inputMethod);
-    const auto& own = item == group_.items.end() ? std::string() : item->layout;
-    return sourceOf("keyboard-" + (own.empty() ? group_.layout : own));
-}
-
-const Fcitx5InputMethod& Fcitx5InputSources::described(const InputSource& source) const {
-    static const Fcitx5InputMethod none;
-    const auto described = described_.find(fcitx5InputMethodOfID(source.id));
-    return described == described_.end() ? none : described->second;
-}
-
-std::string Fcitx5InputSources::localizedName(const InputSource& source) const {
-    if (underneath_.has(source.id)) return layouts_.localizedName(source);
-    const auto& inputMethod = described(source);
-    if (!inputMethod.nativeName.empty()) return inputMethod.nativeName;
-    return inputMethod.name.empty() ? source.id : inputMethod.name;
-}
-
-ImageRef Fcitx5InputSources::iconOfReference(const InputSource& source) const {
-    if (underneath_.has(source.id)) return layouts_.iconOfReference(source);
-    const auto& inputMethod = described(source);
-    // The label of a layout is its language.
-    if (isLayoutID(source.id)) return icons_.iconOf({inputMethod.icon, {}, inputMethod.label});
-    return icons_.iconOf({inputMethod.icon, inputMethod.label, fcitx5InputMethodOfID(source.id)});
 }
 
 } // namespace quorvane

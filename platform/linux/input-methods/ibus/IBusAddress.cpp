@@ -58,37 +58,11 @@ std::string ibusAddressIn(std::string_view contents) {
     return {};
 }
 
-IBusAddress::IBusAddress(std::function<void()> changed) : file_(addressFile()), changed_(std::move(changed)) {
-    const auto outer = file_.parent_path().parent_path();
-    const auto watchOuter = [this, outer] {
-        outerWatch_ = std::make_unique<FolderWatch>(outer, [this](std::string_view name) {
-            if (name.empty()) folderAppeared();
-        });
-        watchFolder();
-    };
-    // Everything a user has set is in that folder: whatever happens in it is no reason to wake up.
-    if (std::error_code error; !std::filesystem::exists(outer.parent_path(), error)) {
-        configWatch_ =
-            std::make_unique<FolderWatch>(outer.parent_path(), [this, watchOuter](std::string_view name) {
-                if (!name.empty()) return;
-                watchOuter();
-                changed_();
-            });
-    }
-    watchOuter();
-}
-
-void IBusAddress::watchFolder() {
-    watch_ = std::make_unique<FolderWatch>(file_.parent_path(), [this](std::string_view name) {
-        if (name.empty() || name == file_.filename().native()) changed_();
-    });
-}
-
-/// It may have the file already.
-void IBusAddress::folderAppeared() {
-    watchFolder();
-    changed_();
-}
+IBusAddress::IBusAddress(std::function<void()> changed)
+    : file_(addressFile())
+    , watch_(file_.parent_path(), [this, changed = std::move(changed)](std::string_view name) {
+        if (name.empty() || name == file_.filename().native()) changed();
+    }) {}
 
 std::string IBusAddress::current() const {
     if (auto address = environmentVariable("IBUS_ADDRESS"); !address.empty()) return address;

@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <functional>
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -21,15 +20,8 @@ public:
     std::string current() const;
 
 private:
-    void watchFolder();
-    void folderAppeared();
-
     std::filesystem::path file_;
-    std::function<void()> changed_;
-    // The file's folder and those above it that may come and go with it.
-    std::unique_ptr<FolderWatch> configWatch_;
-    std::unique_ptr<FolderWatch> outerWatch_;
-    std::unique_ptr<FolderWatch> watch_;
+    FolderWatch watch_;
 };
 
 /// The name of the file for a display like `:0.0`.

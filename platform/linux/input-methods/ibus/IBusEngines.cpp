@@ -1,5 +1,7 @@
 #include "platform/linux/input-methods/ibus/IBusEngines.h"
 
+#include <map>
+#include <set>
 #include <tuple>
 #include <utility>
 
@@ -33,27 +35,12 @@ std::string textOf(GVariant* described, gsize field) {
     return value ? g_variant_get_string(value.get(), nullptr) : "";
 }
 
-/// Whether the one is to be taken for an id that both have. The order in which the daemon lists its engines
-/// is another one at each start.
-bool isBetter(const IBusEngine& one, const IBusEngine& other) {
-    return std::tuple(one.rank, std::string_view(other.name)) >
-           std::tuple(other.rank, std::string_view(one.name));
-}
-
 } // namespace
 
 std::string idOfEngine(std::string_view name) {
     const auto layout = layoutOfID(name);
     if (!layout || layout->layout.empty()) return std::string(ibusIdPrefix).append(name);
     return layout->id();
-}
-
-std::string IBusEngine::id() const {
-    return idOfEngine(name);
-}
-
-bool IBusEngine::isLayout() const {
-    return layoutOfID(id()).has_value();
 }
 
 std::optional<IBusEngine> engineOf(GVariant* described) {
@@ -74,57 +61,40 @@ std::optional<IBusEngine> engineOf(GVariant* described) {
     return engine;
 }
 
-std::optional<IBusEngines> IBusEngines::ofList(GVariant* list) {
-    if (!list || !g_variant_is_of_type(list, G_VARIANT_TYPE("av"))) return std::nullopt;
-    std::vector<IBusEngine> engines;
-    const auto count = g_variant_n_children(list);
-    engines.reserve(count);
+std::optional<std::vector<IBusEngine>> enabledEngines(GVariant* installed,
+                                                      const std::vector<std::string>& names,
+                                                      const std::vector<std::string>& layoutIDs) {
+    if (!installed || !g_variant_is_of_type(installed, G_VARIANT_TYPE("av"))) return std::nullopt;
+    std::map<std::string, IBusEngine> byName;
+    std::map<std::string, IBusEngine> byID;
     bool isAllRead = true;
-    for (gsize i = 0; i < count; ++i) {
-        const GVariantRef entry(g_variant_get_child_value(list, i));
-        const GVariantRef described(g_variant_get_variant(entry.get()));
-        if (auto engine = engineOf(described.get()))
-            engines.push_back(std::move(*engine));
-        else
-            isAllRead = false;
+    for (gsize place = 0; place < g_variant_n_children(installed); ++place) {
+        const GVariantRef entry(g_variant_get_child_value(installed, place));
+        const auto engine = engineOf(entry.get());
+        isAllRead = isAllRead && engine;
+        if (!engine) continue;
+        byName.try_emplace(engine->name, *engine);
+        // The order of the list is another one at each start of the daemon.
+        const auto [best, isFirst] = byID.try_emplace(idOfEngine(engine->name), *engine);
+        if (!isFirst &&
+            std::tuple(engine->rank, best->second.name) > std::tuple(best->second.rank, engine->name))
+            best->second = *engine;
     }
     if (!isAllRead) logLine("IBus lists engines that cannot be read: they are left out");
-    return IBusEngines(engines);
-}
 
-IBusEngines::IBusEngines(const std::vector<IBusEngine>& engines) {
-    for (const auto& engine : engines) {
-        const auto [added, isNew] = byName_.try_emplace(engine.name, engine);
-        if (!isNew) continue;
-        const auto [best, isFirst] = nameByID_.try_emplace(engine.id(), added->first);
-        if (!isFirst && isBetter(added->second, byName_.at(best->second))) best->second = added->first;
-    }
-}
-
-const IBusEngine* IBusEngines::named(std::string_view name) const {
-    const auto found = byName_.find(name);
-    return found == byName_.end() ? nullptr : &found->second;
-}
-
-const IBusEngine* IBusEngines::withID(std::string_view id) const {
-    const auto found = nameByID_.find(id);
-    return found == nameByID_.end() ? nullptr : named(found->second);
-}
-
-const IBusEngine* IBusEngines::methodForLocale(std::string_view locale) const {
-    const auto country = locale.substr(0, locale.find_first_of(".@"));
-    if (const auto* method = methodForLanguage(country)) return method;
-    return methodForLanguage(country.substr(0, country.find('_')));
-}
-
-const IBusEngine* IBusEngines::methodForLanguage(std::string_view language) const {
-    const IBusEngine* best = nullptr;
-    for (const auto& [name, engine] : byName_) {
-        // Without a rank it is not meant to be anybody's first one.
-        if (engine.language != language || engine.rank == 0 || engine.isLayout()) continue;
-        if (!best || isBetter(engine, *best)) best = &engine;
-    }
-    return best;
+    std::vector<IBusEngine> enabled;
+    std::set<std::string> ids;
+    const auto enable = [&](const std::map<std::string, IBusEngine>& engines, const std::string& key) {
+        const auto engine = engines.find(key);
+        if (engine != engines.end() && ids.insert(idOfEngine(engine->second.name)).second)
+            enabled.push_back(engine->second);
+    };
+    for (const auto& name : names)
+        enable(byName, name);
+    if (!enabled.empty()) return enabled;
+    for (const auto& id : layoutIDs)
+        enable(byID, id);
+    return enabled;
 }
 
 } // namespace quorvane

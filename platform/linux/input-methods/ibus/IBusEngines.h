@@ -1,6 +1,5 @@
 #pragma once
 
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,9 +20,6 @@ struct IBusEngine {
     std::string symbol;   ///< A letter or two: `拼`.
     std::string textDomain;
     std::uint32_t rank = 0;
-
-    std::string id() const;
-    bool isLayout() const;
 };
 
 /// What the ids of its input methods begin with.
@@ -35,27 +31,10 @@ std::string idOfEngine(std::string_view name);
 /// One engine as it travels on the bus, in a variant or not; none for anything else.
 std::optional<IBusEngine> engineOf(GVariant* described);
 
-/// The engines that are installed.
-class IBusEngines {
-public:
-    IBusEngines() = default;
-    explicit IBusEngines(const std::vector<IBusEngine>& engines);
-
-    /// As the bus tells them; none when that is no list. What in it is no engine is left out.
-    static std::optional<IBusEngines> ofList(GVariant* list);
-
-    // Null when there is none.
-    const IBusEngine* named(std::string_view name) const;
-    const IBusEngine* withID(std::string_view id) const; ///< Of several, the best one.
-
-    /// The best input method for the language of a locale like `zh_CN.UTF-8`.
-    const IBusEngine* methodForLocale(std::string_view locale) const;
-
-private:
-    const IBusEngine* methodForLanguage(std::string_view language) const;
-
-    std::map<std::string, IBusEngine, std::less<>> byName_;
-    std::map<std::string, std::string, std::less<>> nameByID_;
-};
+/// The engines of a list of installed ones that the user has enabled, in the user's order, each id once:
+/// those of these names, or if there is none, the keyboard's layouts. None when that is no list.
+std::optional<std::vector<IBusEngine>> enabledEngines(GVariant* installed,
+                                                      const std::vector<std::string>& names,
+                                                      const std::vector<std::string>& layoutIDs);
 
 } // namespace quorvane

@@ -1,12 +1,13 @@
 #include "platform/linux/input-methods/ibus/IBusSettings.h"
 
-#include <functional>
-#include <utility>
-
 #include "platform/linux/dbus/GLibRefs.h"
+
+#include <utility>
 
 namespace quorvane {
 namespace {
+
+constexpr const char* preloadEnginesKey = "preload-engines";
 
 /// Null when no such key of that type is installed: GLib ends a program that takes one for granted.
 GObjectRef<GSettings> settingsWith(const char* schemaName, const char* key, const GVariantType* type) {
@@ -17,11 +18,6 @@ GObjectRef<GSettings> settingsWith(const char* schemaName, const char* key, cons
     const GSettingsSchemaKeyRef schemaKey(g_settings_schema_get_key(schema.get(), key));
     if (!g_variant_type_equal(g_settings_schema_key_get_value_type(schemaKey.get()), type)) return nullptr;
     return GObjectRef<GSettings>(g_settings_new_full(schema.get(), nullptr, nullptr));
-}
-
-std::string stringAt(GVariant* container, gsize index) {
-    const GVariantRef child(g_variant_get_child_value(container, index));
-    return g_variant_get_string(child.get(), nullptr);
 }
 
 /// GLib ends the program with the session bus, unless the connection is told otherwise; and whoever follows
@@ -40,62 +36,29 @@ void surviveEndOfSessionBus() {
 
 } // namespace
 
-/// One key that holds a list, and the wish to hear of its changes.
-class IBusSettings::List {
-public:
-    List(const char* schema, const char* key, const char* type, std::function<void()> changed)
-        : key_(key)
-        , changed_(std::move(changed))
-        , settings_(settingsWith(schema, key, G_VARIANT_TYPE(type))) {
-        if (!settings_) return;
-        const auto signal = std::string("changed::") + key;
-        handler_ = g_signal_connect(settings_.get(), signal.c_str(), G_CALLBACK(&List::told), this);
-    }
-    ~List() {
-        if (settings_) g_signal_handler_disconnect(settings_.get(), handler_);
-    }
-    List(const List&) = delete;
-    List& operator=(const List&) = delete;
-
-    /// Null when the key is not installed.
-    GVariantRef value() const {
-        return GVariantRef(settings_ ? g_settings_get_value(settings_.get(), key_) : nullptr);
-    }
-
-private:
-    static void told(GSettings*, const char*, List* list) { list->changed_(); }
-
-    const char* key_;
-    std::function<void()> changed_;
-    GObjectRef<GSettings> settings_;
-    gulong handler_ = 0;
-};
-
-IBusSettings::IBusSettings() {
+IBusSettings::IBusSettings(std::function<void()> changed) : changed_(std::move(changed)) {
     surviveEndOfSessionBus();
-    const auto changed = [this] { read(); };
-    preloadEnginesList_ =
-        std::make_unique<List>("org.freedesktop.ibus.general", "preload-engines", "as", changed);
-    desktopSourcesList_ =
-        std::make_unique<List>("org.gnome.desktop.input-sources", "sources", "a(ss)", changed);
-    read(); // From now on changes are told.
+    settings_ = settingsWith("org.freedesktop.ibus.general", preloadEnginesKey, G_VARIANT_TYPE("as"));
+    if (!settings_) return;
+    constexpr auto told = +[](GSettings*, const char*, IBusSettings* self) { self->changed_(); };
+    handler_ = g_signal_connect(settings_.get(), "changed::preload-engines", G_CALLBACK(told), this);
+    preloadEngines(); // Only from then on changes are told.
 }
 
-IBusSettings::~IBusSettings() = default;
+IBusSettings::~IBusSettings() {
+    if (settings_) g_signal_handler_disconnect(settings_.get(), handler_);
+}
 
-void IBusSettings::read() {
-    preloadEngines_.clear();
-    if (const auto value = preloadEnginesList_->value()) {
-        for (gsize i = 0; i < g_variant_n_children(value.get()); ++i)
-            preloadEngines_.push_back(stringAt(value.get(), i));
-    }
-    desktopSources_.clear();
-    if (const auto value = desktopSourcesList_->value()) {
-        for (gsize i = 0; i < g_variant_n_children(value.get()); ++i) {
-            const GVariantRef source(g_variant_get_child_value(value.get(), i));
-            desktopSources_.push_back({stringAt(source.get(), 0), stringAt(source.get(), 1)});
-        }
-    }
+std::vector<std::string> IBusSettings::preloadEngines() const {
+    std::vector<std::string> names;
+    if (!settings_) return names;
+    const GVariantRef value(g_settings_get_value(settings_.get(), preloadEnginesKey));
+    GVariantIter each;
+    g_variant_iter_init(&each, value.get());
+    const char* name = nullptr;
+    while (g_variant_iter_next(&each, "&s", &name))
+        names.emplace_back(name);
+    return names;
 }
 
 } // namespace quorvane

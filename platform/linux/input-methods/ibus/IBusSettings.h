@@ -1,34 +1,30 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "platform/linux/input-methods/ibus/IBusEnabledEngines.h"
+using GSettings = struct _GSettings; // NOLINT(bugprone-reserved-identifier): GLib's
 
 namespace quorvane {
 
-/// The settings (GSettings) that say which sources the user has enabled, followed as they change. What is not
-/// installed on this desktop is empty.
+/// The setting (GSettings) that says which engines the user has enabled.
 class IBusSettings {
 public:
-    IBusSettings();
+    /// `changed` is called from the event loop.
+    explicit IBusSettings(std::function<void()> changed);
     ~IBusSettings();
     IBusSettings(const IBusSettings&) = delete;
     IBusSettings& operator=(const IBusSettings&) = delete;
 
-    const std::vector<std::string>& preloadEngines() const { return preloadEngines_; }
-    const std::vector<DesktopInputSource>& desktopSources() const { return desktopSources_; }
+    /// Empty when nothing was set ever, or where IBus is not installed.
+    std::vector<std::string> preloadEngines() const;
 
 private:
-    class List;
-
-    void read();
-
-    std::unique_ptr<List> preloadEnginesList_;
-    std::unique_ptr<List> desktopSourcesList_;
-    std::vector<std::string> preloadEngines_;
-    std::vector<DesktopInputSource> desktopSources_;
+    std::function<void()> changed_;
+    std::shared_ptr<GSettings> settings_; ///< Null where IBus is not installed.
+    unsigned long handler_ = 0;
 };
 
 } // namespace quorvane

@@ -11,6 +11,7 @@
 #include <QWindow>
 
 #include "platform/linux/dbus/GLibRefs.h"
+#include "platform/linux/input-methods/ibus/IBusNames.h"
 
 namespace quorvane {
 namespace {
@@ -18,6 +19,7 @@ namespace {
 constexpr guint32 withPreedit = 1U << 0U, withFocus = 1U << 3U; // capabilities
 constexpr guint32 isRelease = 1U << 30U;
 constexpr unsigned toKernelsNumber = 8;
+constexpr const char* interfaceOfContext = "org.freedesktop.IBus.InputContext";
 
 bool takesText(QObject* object) {
     if (!object) return false;
@@ -43,21 +45,17 @@ QString textIn(GVariant* arguments) {
 
 } // namespace
 
-IBusTextInput::IBusTextInput() {
+IBusTextInput::IBusTextInput() : context_{{}, interfaceOfContext}, connection_(ibusName) {
     qApp->installEventFilter(this);
     connect(qGuiApp, &QGuiApplication::focusObjectChanged, this, &IBusTextInput::focusMoved);
     connect(QGuiApplication::inputMethod(), &QInputMethod::cursorRectangleChanged, this,
             &IBusTextInput::tellCursor);
-    subscriptions_.push_back(connection_.opened.connect(
-        [this] { connection_.createContext([this](auto* value, auto) { contextCreated(value); }); }));
-    subscriptions_.push_back(connection_.closed.connect([this] { daemonGone(); }));
-    subscriptions_.push_back(connection_.silenceBegan.connect([this] { daemonGone(); }));
-    // What its context makes of keys that have gone their own way meanwhile is not wanted: there is a new
-    // one.
-    subscriptions_.push_back(
-        connection_.silenceEnded.connect([this] { connection_.open(std::string(connection_.address())); }));
-    subscriptions_.push_back(connection_.contextSignal.connect(
-        [this](auto signal, auto* arguments) { handle(signal, arguments); }));
+    // What the context of a daemon that was silent makes of keys that have gone their own way meanwhile is
+    // not wanted: there is a new one.
+    subscriptions_.push_back(connection_.cameAlive.connect([this] { createContext(); }));
+    subscriptions_.push_back(connection_.wentAway.connect([this] { daemonGone(); }));
+    connection_.listen({{}, interfaceOfContext},
+                       [this](std::string_view signal, GVariant* arguments) { handle(signal, arguments); });
 }
 
 void IBusTextInput::focusMoved(QObject* object) {
@@ -72,49 +70,52 @@ void IBusTextInput::focusMoved(QObject* object) {
 
 void IBusTextInput::connectToDaemon() {
     const auto address = address_->current();
-    if (address == connection_.address()) return;
-    daemonGone();
-    if (address.empty())
-        connection_.close();
-    else
-        connection_.open(address);
+    if (!address.empty() && address != connection_.address()) connection_.open(address);
 }
 
-void IBusTextInput::contextCreated(GVariant* answer) {
-    if (!answer || !g_variant_is_of_type(answer, G_VARIANT_TYPE("(o)"))) return;
-    const GVariantRef path(g_variant_get_child_value(answer, 0));
-    context_ = g_variant_get_string(path.get(), nullptr);
-    connection_.callContext(context_, "SetCapabilities", g_variant_new("(u)", withPreedit | withFocus));
-    tellFocus();
+void IBusTextInput::createContext() {
+    connection_.call(ibusDaemon, "CreateInputContext", g_variant_new("(s)", "quorvane"), "(o)",
+                     [this](GVariant* answer) {
+                         if (!answer) return;
+                         const char* path = nullptr;
+                         g_variant_get(answer, "(&o)", &path);
+                         context_.path = path;
+                         callContext("SetCapabilities", g_variant_new("(u)", withPreedit | withFocus));
+                         tellFocus();
+                     });
+}
+
+void IBusTextInput::callContext(const char* method, GVariant* arguments) {
+    connection_.call(context_, method, arguments);
 }
 
 void IBusTextInput::daemonGone() {
-    context_.clear();
+    context_.path.clear();
     letKeysGo();
     if (hasPreedit_) showPreedit({}, 0);
 }
 
 void IBusTextInput::tellFocus() {
-    if (context_.empty()) return;
-    connection_.callContext(context_, field_ ? "FocusIn" : "FocusOut", nullptr);
+    if (context_.path.empty()) return;
+    callContext(field_ ? "FocusIn" : "FocusOut");
     tellCursor();
 }
 
 /// Where candidates are to be shown.
 void IBusTextInput::tellCursor() {
     const auto* window = QGuiApplication::focusWindow();
-    if (context_.empty() || !field_ || !window) return;
+    if (context_.path.empty() || !field_ || !window) return;
     const auto place = QGuiApplication::inputMethod()->cursorRectangle().toRect();
     const auto scale = window->devicePixelRatio();
     const auto corner = window->mapToGlobal(place.topLeft()) * scale;
     const auto size = place.size() * scale;
-    connection_.callContext(context_, "SetCursorLocation",
-                            g_variant_new("(iiii)", corner.x(), corner.y(), size.width(), size.height()));
+    callContext("SetCursorLocation",
+                g_variant_new("(iiii)", corner.x(), corner.y(), size.width(), size.height()));
 }
 
 bool IBusTextInput::eventFilter(QObject* watched, QEvent* event) {
     const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
-    if (!isKey || isLettingGo_ || !field_ || watched != field_ || context_.empty()) return false;
+    if (!isKey || isLettingGo_ || !field_ || watched != field_ || context_.path.empty()) return false;
     ask(*watched, static_cast<QKeyEvent&>(*event));
     return true;
 }
@@ -123,13 +124,12 @@ void IBusTextInput::ask(QObject& field, const QKeyEvent& event) {
     const auto number = ++lastNumber_;
     keys_.push_back({&field, std::unique_ptr<QKeyEvent>(event.clone()), number, {}});
     const guint32 state = event.nativeModifiers() | (event.type() == QEvent::KeyRelease ? isRelease : 0);
-    connection_.callContext(
+    connection_.call(
         context_, "ProcessKeyEvent",
         g_variant_new("(uuu)", event.nativeVirtualKey(), event.nativeScanCode() - toKernelsNumber, state),
-        [this, number](GVariant* value, auto) {
+        "(b)", [this, number](GVariant* value) {
             gboolean isTaken = FALSE;
-            if (value && g_variant_is_of_type(value, G_VARIANT_TYPE("(b)")))
-                g_variant_get(value, "(b)", &isTaken);
+            if (value) g_variant_get(value, "(b)", &isTaken);
             answered(number, isTaken);
         });
 }

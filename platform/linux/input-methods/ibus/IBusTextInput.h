@@ -10,8 +10,8 @@
 #include <QObject>
 #include <QPointer>
 
+#include "platform/linux/input-methods/DaemonConnection.h"
 #include "platform/linux/input-methods/ibus/IBusAddress.h"
-#include "platform/linux/input-methods/ibus/IBusConnection.h"
 
 namespace quorvane {
 
@@ -24,7 +24,7 @@ public:
     IBusTextInput();
 
     /// Whether the daemon gets the keys.
-    bool isInUse() const { return field_ && !context_.empty(); }
+    bool isInUse() const { return field_ && !context_.path.empty(); }
 
 private:
     struct Key {
@@ -38,7 +38,7 @@ private:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void focusMoved(QObject* object);
     void connectToDaemon();
-    void contextCreated(GVariant* answer);
+    void createContext();
     void daemonGone();
     void tellFocus();
     void tellCursor();
@@ -48,13 +48,15 @@ private:
     void handle(std::string_view signal, GVariant* arguments);
     void showPreedit(const QString& text, int cursor);
 
-    std::string context_;     ///< Its path; empty while there is none, or the daemon is silent.
-    QPointer<QObject> field_; ///< Has the focus, and takes text.
+    void callContext(const char* method, GVariant* arguments = nullptr);
+
+    DaemonConnection::Interface context_; ///< Without a path while there is none, or the daemon is silent.
+    QPointer<QObject> field_;             ///< Has the focus, and takes text.
     bool hasPreedit_ = false;
     std::deque<Key> keys_;
     unsigned lastNumber_ = 0;
     bool isLettingGo_ = false;
-    IBusConnection connection_;
+    DaemonConnection connection_;
     std::optional<IBusAddress> address_;
     std::vector<Subscription> subscriptions_;
 };

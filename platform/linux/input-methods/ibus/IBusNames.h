@@ -1,0 +1,10 @@
+#pragma once
+
+#include "platform/linux/input-methods/DaemonConnection.h"
+
+namespace quorvane {
+
+constexpr const char* ibusName = "org.freedesktop.IBus";
+inline const DaemonConnection::Interface ibusDaemon{"/org/freedesktop/IBus", ibusName};
+
+} // namespace quorvane
