@@ -44,7 +44,8 @@ void ContextSelection::activated(const Application& application, const std::stri
     if (before != unknownProcess) others_.insert(before);
     others_.erase(application.process);
     recall(layout);
-    looks_ = 0;
+    // What an application still has is in no hurry, and a look would keep the daemon from giving it.
+    looks_ = current_ ? denseLooks : 0;
     consider();
 }
 

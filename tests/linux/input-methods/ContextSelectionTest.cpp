@@ -270,6 +270,8 @@ TEST_F(ContextSelectionTest, OnlyWhatChangesSomethingIsSelected) {
     visit(cyrillic, "keyboard-ru", 1);
     EXPECT_EQ(has(cyrillic, 1), "keyboard-ru");
     EXPECT_EQ(selections(), 0);
+    activate(latin, "");
+    EXPECT_EQ(selection_.nextLook(), 32ms) << "the daemon is busy with giving it what it has";
 }
 
 TEST_F(ContextSelectionTest, WhoHadTheFocusFirstIsNotToldOf) {
