@@ -4,12 +4,11 @@
 
 #include <xkbcommon/xkbcommon.h>
 
+#include "platform/linux/keyboard/XkbContext.h"
+
 namespace quorvane {
 namespace {
 
-struct ContextDeleter {
-    void operator()(xkb_context* context) const { xkb_context_unref(context); }
-};
 struct KeymapDeleter {
     void operator()(xkb_keymap* keymap) const { xkb_keymap_unref(keymap); }
 };
@@ -19,7 +18,7 @@ constexpr const char* letterKey = "AC01"; // left of the middle row: A, or Q in 
 
 /// Null when it is not installed.
 KeymapRef keymapOf(const XkbLayout& layout) {
-    const std::unique_ptr<xkb_context, ContextDeleter> context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
+    const auto context = newXkbContext();
     if (!context) return nullptr;
     xkb_context_set_log_level(context.get(), XKB_LOG_LEVEL_CRITICAL); // a layout may be missing
     const xkb_rule_names names{.rules = "evdev",

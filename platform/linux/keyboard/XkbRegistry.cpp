@@ -1,58 +1,123 @@
 #include "platform/linux/keyboard/XkbRegistry.h"
 
 #include <algorithm>
-#include <clocale>
 #include <functional>
 #include <libintl.h>
-#include <memory>
 
-#include <xkbcommon/xkbregistry.h>
+#include <QFile>
+#include <QXmlStreamReader>
+
+#include "platform/linux/keyboard/XkbContext.h"
 
 namespace quorvane {
 namespace {
 
 constexpr const char* translations = "xkeyboard-config"; // the database's own gettext domain
 
-std::string textOf(const char* text) {
-    return text ? text : "";
-}
-
-std::string translated(const char* description) {
-    if (!description) return {};
+std::string translated(const std::string& description) {
+    if (description.empty()) return {};
     bind_textdomain_codeset(translations, "UTF-8");
-    return dgettext(translations, description);
+    return dgettext(translations, description.c_str());
 }
 
-struct RegistryDeleter {
-    void operator()(rxkb_context* context) const { rxkb_context_unref(context); }
+/// What the database says about a layout, in English.
+struct Entry {
+    XkbLayout layout;
+    XkbLayoutNames names;
 };
 
-/// Calls it with every layout and its entry.
-void forEachLayout(const std::function<void(const XkbLayout& layout, rxkb_layout* entry)>& call) {
-    const std::unique_ptr<rxkb_context, RegistryDeleter> context(
-        rxkb_context_new(RXKB_CONTEXT_LOAD_EXOTIC_RULES));
-    if (!context || !rxkb_context_parse(context.get(), "evdev")) return;
-    for (auto* entry = rxkb_layout_first(context.get()); entry; entry = rxkb_layout_next(entry))
-        call({textOf(rxkb_layout_get_name(entry)), textOf(rxkb_layout_get_variant(entry))}, entry);
+using OnEntry = std::function<void(const Entry& entry)>;
+
+/// Calls it for each element within the one that was begun; it has to read to that element's end.
+void forEachChild(QXmlStreamReader& xml, const std::function<void(QStringView name)>& call) {
+    while (xml.readNextStartElement())
+        call(xml.name());
+}
+
+/// Reads a configItem; what it calls the layout or variant goes into `name`.
+void readItem(QXmlStreamReader& xml, std::string& name, XkbLayoutNames& names) {
+    forEachChild(xml, [&](QStringView element) {
+        auto* text = element == u"name"               ? &name
+                     : element == u"description"      ? &names.description
+                     : element == u"shortDescription" ? &names.brief
+                                                      : nullptr;
+        if (text)
+            *text = xml.readElementText(QXmlStreamReader::SkipChildElements).toStdString();
+        else
+            xml.skipCurrentElement();
+    });
+}
+
+/// A variant has the letters of its layout unless it says others.
+void readVariant(QXmlStreamReader& xml, const Entry& layout, const OnEntry& call) {
+    Entry entry{{layout.layout.layout, {}}, {{}, layout.names.brief}};
+    forEachChild(xml, [&](QStringView element) {
+        if (element == u"configItem")
+            readItem(xml, entry.layout.variant, entry.names);
+        else
+            xml.skipCurrentElement();
+    });
+    call(entry);
+}
+
+/// The item comes first, the variants follow.
+void readLayout(QXmlStreamReader& xml, const OnEntry& call) {
+    Entry entry;
+    forEachChild(xml, [&](QStringView element) {
+        if (element == u"configItem") {
+            readItem(xml, entry.layout.layout, entry.names);
+            call(entry);
+        } else if (element == u"variantList") {
+            forEachChild(xml, [&](QStringView) { readVariant(xml, entry, call); });
+        } else {
+            xml.skipCurrentElement();
+        }
+    });
+}
+
+void readRegistry(const QString& path, const OnEntry& call) {
+    QFile file(path);
+    if (!file.open(QFile::ReadOnly)) return;
+    QXmlStreamReader xml(&file);
+    if (!xml.readNextStartElement()) return;
+    forEachChild(xml, [&](QStringView element) {
+        if (element == u"layoutList")
+            forEachChild(xml, [&](QStringView) { readLayout(xml, call); });
+        else
+            xml.skipCurrentElement();
+    });
+}
+
+/// Calls it with every layout: of the user's own database first, then of the machine's and of the system's.
+/// It is read an element at a time, because all of it in memory would be the most that this program needs at
+/// once.
+void forEachLayout(const OnEntry& call) {
+    const auto context = newXkbContext();
+    if (!context) return;
+    for (unsigned i = 0; i < xkb_context_num_include_paths(context.get()); ++i) {
+        const auto folder = QFile::decodeName(xkb_context_include_path_get(context.get(), i));
+        for (const auto* name : {"/rules/evdev.xml", "/rules/evdev.extras.xml"})
+            readRegistry(folder + name, call);
+    }
 }
 
 } // namespace
 
 std::map<std::string, XkbLayoutNames> namesOfLayouts(const std::vector<XkbLayout>& layouts) {
     std::map<std::string, XkbLayoutNames> names;
-    forEachLayout([&](const XkbLayout& layout, rxkb_layout* entry) {
-        if (std::ranges::find(layouts, layout) == layouts.end()) return;
-        names[layout.id()] = {translated(rxkb_layout_get_description(entry)),
-                              textOf(rxkb_layout_get_brief(entry))};
+    forEachLayout([&](const Entry& entry) {
+        if (std::ranges::find(layouts, entry.layout) == layouts.end()) return;
+        names.try_emplace(entry.layout.id(),
+                          XkbLayoutNames{translated(entry.names.description), entry.names.brief});
     });
     return names;
 }
 
 std::vector<XkbLayout> layoutsOfNames(const std::vector<std::string>& names) {
     std::map<std::string, XkbLayout> found;
-    forEachLayout([&](const XkbLayout& layout, rxkb_layout* entry) {
-        const auto name = textOf(rxkb_layout_get_description(entry));
-        if (std::ranges::find(names, name) != names.end()) found.try_emplace(name, layout);
+    forEachLayout([&](const Entry& entry) {
+        const auto& name = entry.names.description;
+        if (std::ranges::find(names, name) != names.end()) found.try_emplace(name, entry.layout);
     });
     std::vector<XkbLayout> layouts;
     layouts.reserve(names.size());
