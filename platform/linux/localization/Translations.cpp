@@ -17,7 +17,9 @@ namespace {
 const QString folderSuffix = QStringLiteral(".lproj");
 
 QStringList availableLanguages() {
-    auto names = QDir(QStringLiteral(":/")).entryList({"*" + folderSuffix}, QDir::Dirs);
+    auto names = QDir(QStringLiteral(":/")).entryList(QDir::Dirs);
+    // Not as a pattern: those are regular expressions to Qt, and their library would be loaded for this alone.
+    names.removeIf([](const QString& name) { return !name.endsWith(folderSuffix); });
     for (auto& name : names)
         name.chop(folderSuffix.size());
     return names;
