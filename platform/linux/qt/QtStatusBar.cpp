@@ -67,11 +67,10 @@ private:
         tray_.emplace();
         tray_->setIcon(icon_);
         tray_->setContextMenu(&menu_);
-        tellToolTip();
         QObject::connect(&*tray_, &QSystemTrayIcon::activated, &*tray_, [this](auto reason) {
             if (reason == QSystemTrayIcon::Trigger) menu_.popup(QCursor::pos());
         });
-        tray_->setVisible(isVisible_);
+        setVisible(isVisible_);
     }
 
     void tellToolTip() {
