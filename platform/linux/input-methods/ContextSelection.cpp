@@ -12,6 +12,10 @@ using std::chrono::milliseconds;
 /// seconds.
 constexpr std::size_t denseLooks = 6, regularLooks = 36, mostLooks = 44;
 
+/// What an application still has is in no hurry, and a look would keep the daemon from giving it. This one is
+/// after eight milliseconds.
+constexpr std::size_t firstOfThoseThatHave = 4;
+
 milliseconds distanceOfLook(std::size_t number) {
     if (number == 0) return milliseconds(0);
     if (number <= denseLooks) return milliseconds(1U << (number - 1));
@@ -44,8 +48,7 @@ void ContextSelection::activated(const Application& application, const std::stri
     if (before != unknownProcess) others_.insert(before);
     others_.erase(application.process);
     recall(layout);
-    // What an application still has is in no hurry, and a look would keep the daemon from giving it.
-    looks_ = current_ ? denseLooks : 0;
+    looks_ = current_ ? firstOfThoseThatHave : 0;
     consider();
 }
 
