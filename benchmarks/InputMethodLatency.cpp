@@ -1,7 +1,6 @@
 // How long an input method daemon's source takes to follow the focus, what programs that were just launched
 // get of what is typed at once, and what idling costs. Usage: ibus|fcitx [switches] [launches] [idle seconds]
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <random>
@@ -12,6 +11,8 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 
+#include "benchmarks/IBusAlone.h"
+#include "benchmarks/Percentiles.h"
 #include "benchmarks/ProcessFigures.h"
 #include "virtual-desktop/InputMethodSession.h"
 #include "virtual-desktop/WaitUntil.h"
@@ -25,7 +26,8 @@ using Session = InputMethodSession;
 using Clock = XWatcher::Clock;
 
 const char* nameOf(TextProgram::Toolkit toolkit) {
-    return toolkit == TextProgram::Toolkit::qt ? "Qt" : "XIM";
+    using enum TextProgram::Toolkit;
+    return toolkit == qt ? "Qt" : toolkit == gtk ? "GTK" : "XIM";
 }
 
 double milliseconds(Clock::duration duration) {
@@ -72,20 +74,29 @@ void measureSwitches(Session& session, int count) {
         else
             ++missed;
     }
-    std::ranges::sort(times);
-    const auto percentile = [&](double share) {
-        return times.empty() ? 0
-                             : times[std::min(times.size() - 1, std::size_t(share * double(times.size())))];
-    };
-    std::printf("FocusIn to source, %d switches: p50 %.2f ms, p99 %.2f ms, longest %.2f ms, missed %d\n",
-                count, percentile(0.5), percentile(0.99), percentile(1), missed);
+    std::printf("FocusIn to source, %d switches: ", count);
+    printPercentiles(times);
+    std::printf(", missed %d\n", missed);
+    std::fflush(stdout);
+}
+
+/// To about a millisecond, which `InputMethodSession::waitForContextAfter` is not.
+void waitForContextAfter(Session& session, const QString& before) {
+    const auto deadline = Clock::now() + 10s;
+    for (auto context = before; context.isEmpty() || context == before; context = session.focusedContext()) {
+        if (Clock::now() > deadline) {
+            std::puts("the launched program has no context");
+            return;
+        }
+        std::this_thread::sleep_for(500us);
+    }
 }
 
 /// Whether a program that is launched gets what is typed this long after the daemon has its context.
 bool isRightFromTheFirstKey(Session& session, TextProgram::Toolkit toolkit, std::chrono::milliseconds after) {
     const auto before = session.focusedContext();
     TextProgram launched(session, toolkit, Session::wmClass(toolkit, Session::pinyin));
-    session.waitForContextAfter(before);
+    waitForContextAfter(session, before);
     std::this_thread::sleep_for(after);
     session.typeWith(Session::pinyin);
     QElapsedTimer age;
@@ -106,7 +117,7 @@ void measureLaunches(Session& session, TextProgram::Toolkit toolkit, int count,
         pauseForAWhile();
         right += isRightFromTheFirstKey(session, toolkit, after);
     }
-    std::printf("%s, typed into %ld ms after a launched program could take it: %d of %d right\n",
+    std::printf("%s, typed %ld ms after the daemon had the context of a launched program: %d of %d right\n",
                 nameOf(toolkit), static_cast<long>(after.count()), right, count);
     std::fflush(stdout);
 }
@@ -124,12 +135,16 @@ void measureIdling(Session& session, TextProgram::Toolkit toolkit, unsigned long
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     const std::string framework = argc > 1 ? argv[1] : "ibus";
+    if (framework == "ibus-alone") {
+        measureIBusAlone(argc > 2 ? std::atoi(argv[2]) : 100);
+        return 0;
+    }
     Session session(QString::fromStdString(framework));
     measureSwitches(session, argc > 2 ? std::atoi(argv[2]) : 200);
     using enum TextCommand::Toolkit;
     const int launches = argc > 3 ? std::atoi(argv[3]) : 50;
-    for (const auto toolkit : {qt, xim}) {
-        for (const auto after : {0ms, 20ms})
+    for (const auto toolkit : {qt, gtk, xim}) {
+        for (const auto after : {0ms, 5ms})
             measureLaunches(session, toolkit, launches, after);
     }
     for (const auto toolkit : {qt, xim})

@@ -136,7 +136,10 @@ QString IBusDaemon::globalEngine() {
 QString IBusDaemon::currentInputContext() {
     const auto answer = call("org.freedesktop.DBus.Properties", "Get",
                              {daemonInterface, QStringLiteral("CurrentInputContext")});
-    return answer.arguments().value(0).value<QDBusVariant>().variant().value<QDBusObjectPath>().path();
+    const auto path =
+        answer.arguments().value(0).value<QDBusVariant>().variant().value<QDBusObjectPath>().path();
+    // The daemon made the first one for itself: it has the focus while no program's has.
+    return path.endsWith("/InputContext_1") ? QString() : path;
 }
 
 QByteArrayList IBusDaemon::processes() const {

@@ -29,7 +29,7 @@ public:
     /// What IBus' own panel would do when the user chooses an engine. False when the daemon refuses.
     bool setGlobalEngine(const QString& engine);
     QString globalEngine();        ///< Empty when there is none.
-    QString currentInputContext(); ///< The path of the one with the focus; empty when there is none.
+    QString currentInputContext(); ///< The path of a program's that has the focus; empty when none has.
 
     /// Kills the process behind an engine, of which the daemon tells nobody. False when there is none.
     bool killEngine(const QString& program);
