@@ -118,7 +118,7 @@ private:
 
 /// Everything that the switch before has left to do is done.
 void pause() {
-    std::this_thread::sleep_for(30ms);
+    std::this_thread::sleep_for(100ms);
 }
 
 void measureSelections(OnlyClient& client, const QString& from, const QString& to, int count) {
