@@ -1,5 +1,7 @@
 #include "virtual-desktop/InputMethodSession.h"
 
+#include <algorithm>
+
 #include "virtual-desktop/WaitUntil.h"
 
 namespace quorvane {
@@ -57,12 +59,19 @@ QString InputMethodSession::wmClass(Toolkit toolkit, Source source) {
     return QString("Toolkit%1_%2").arg(int(toolkit)).arg(int(source));
 }
 
-bool InputMethodSession::isSelected(Source source) {
+std::optional<InputMethodSession::Source> InputMethodSession::selectedByDaemon() {
     auto* fcitx5 = std::get_if<Fcitx5Daemon>(&daemon);
     const auto selected = fcitx5 ? fcitx5->inputMethod() : std::get<IBusDaemon>(daemon).globalEngine();
-    const auto* wanted = fcitx5 ? typed[source].fcitx5InputMethod : typed[source].ibusEngine;
-    const bool isLayoutAlone = selected.isEmpty() && (source == us || source == ru);
-    return (selected == wanted || isLayoutAlone) && group() == typed[source].group;
+    const auto* found = std::ranges::find_if(sources, [&](Source source) {
+        return selected == (fcitx5 ? typed[source].fcitx5InputMethod : typed[source].ibusEngine);
+    });
+    return found == std::end(sources) ? std::nullopt : std::optional(*found);
+}
+
+bool InputMethodSession::isSelected(Source source) {
+    const auto selected = selectedByDaemon();
+    const bool isLayoutAlone = !selected && (source == us || source == ru);
+    return (selected == source || isLayoutAlone) && group() == typed[source].group;
 }
 
 bool InputMethodSession::waitForSource(Source source) {

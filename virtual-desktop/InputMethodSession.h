@@ -28,6 +28,7 @@ public:
 
     /// Whether this is typed with, as the daemon and the X server tell it.
     bool isSelected(Source source);
+    std::optional<Source> selectedByDaemon();
     bool waitForSource(Source source);
     void selectByHand(Source source);
 

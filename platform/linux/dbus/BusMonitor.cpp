@@ -32,7 +32,9 @@ std::vector<std::string> textsIn(GVariant* arguments) {
 /// A connection that serves for nothing else: a monitor may not send. GLib's thread holds this weakly.
 class BusMonitor::Ear : public std::enable_shared_from_this<Ear> {
 public:
-    Ear(std::string matchRule, Heard heard) : rule_(std::move(matchRule)), heard_(std::move(heard)) {}
+    Ear(std::vector<std::string> matchRules, Heard heard)
+        : rules_(std::move(matchRules))
+        , heard_(std::move(heard)) {}
     ~Ear() {
         if (filter_ != 0) g_dbus_connection_remove_filter(bus_->native(), filter_);
     }
@@ -56,9 +58,13 @@ private:
     void becomeMonitor() {
         filter_ = g_dbus_connection_add_filter(bus_->native(), pass, new Weak(weak_from_this()),
                                                [](gpointer data) { delete static_cast<Weak*>(data); });
-        const char* rules[] = {rule_.c_str(), nullptr};
-        bus_->call("org.freedesktop.DBus", monitoring, "BecomeMonitor", g_variant_new("(^asu)", rules, 0U),
-                   "()", [this](GVariant* allowed, const GError* error) {
+        std::vector<const char*> rules;
+        for (const auto& rule : rules_)
+            rules.push_back(rule.c_str());
+        rules.push_back(nullptr);
+        bus_->call("org.freedesktop.DBus", monitoring, "BecomeMonitor",
+                   g_variant_new("(^asu)", rules.data(), 0U), "()",
+                   [this](GVariant* allowed, const GError* error) {
                        isAllowed_ = allowed != nullptr;
                        if (!allowed) logLine("the session bus allows no monitor: " + text(error->message));
                    });
@@ -67,8 +73,9 @@ private:
     /// In GLib's thread. What is heard goes no further on this connection, which would answer it.
     static GDBusMessage* pass(GDBusConnection* /*connection*/, GDBusMessage* message, gboolean isIncoming,
                               gpointer data) {
-        if (!isIncoming || g_dbus_message_get_message_type(message) != G_DBUS_MESSAGE_TYPE_SIGNAL)
-            return message;
+        const auto type = g_dbus_message_get_message_type(message);
+        const bool isOfOthers = type == G_DBUS_MESSAGE_TYPE_SIGNAL || type == G_DBUS_MESSAGE_TYPE_METHOD_CALL;
+        if (!isIncoming || !isOfOthers) return message;
         constexpr auto hear = +[](gpointer posted) -> gboolean {
             const auto& [ear, heard] = *static_cast<Post*>(posted);
             if (const auto alive = ear.lock()) alive->hear(heard.get());
@@ -83,18 +90,19 @@ private:
     void hear(GDBusMessage* message) {
         if (!isAllowed_) return; // what the bus tells this connection itself
         heard_({text(g_dbus_message_get_sender(message)), text(g_dbus_message_get_destination(message)),
-                text(g_dbus_message_get_path(message)), textsIn(g_dbus_message_get_body(message))});
+                text(g_dbus_message_get_path(message)), text(g_dbus_message_get_member(message)),
+                textsIn(g_dbus_message_get_body(message))});
     }
 
-    std::string rule_;
+    std::vector<std::string> rules_;
     Heard heard_;
     std::unique_ptr<BusConnection> bus_;
     unsigned filter_ = 0;
     bool isAllowed_ = false;
 };
 
-BusMonitor::BusMonitor(const std::string& matchRule, Heard heard)
-    : ear_(std::make_shared<Ear>(matchRule, std::move(heard))) {
+BusMonitor::BusMonitor(std::vector<std::string> matchRules, Heard heard)
+    : ear_(std::make_shared<Ear>(std::move(matchRules), std::move(heard))) {
     ear_->open(sessionBusAddress());
 }
 

@@ -10,7 +10,13 @@ namespace {
 
 constexpr std::chrono::seconds longestAnswer{1};
 
+constexpr std::size_t mostProcesses = 500; // A bus gives each connection another name.
+
 const BusConnection::Interface busItself{"/org/freedesktop/DBus", "org.freedesktop.DBus"};
+
+BusConnection::Interface propertiesOf(const BusConnection::Interface& callee) {
+    return {callee.path, "org.freedesktop.DBus.Properties"};
+}
 
 bool isOfBus(const GError& error) {
     return !g_dbus_error_is_remote_error(&error) ||
@@ -30,6 +36,8 @@ DaemonConnection::DaemonConnection(std::string daemonName) : daemonName_(std::mo
 void DaemonConnection::open(const std::string& address) {
     close();
     address_ = address;
+    processes_.clear();
+    askedProcesses_ = 0;
     bus_ = std::make_unique<BusConnection>(
         address, BusConnection::Events{.opened = [this] { opened(); }, .closed = [this] { close(); }});
 }
@@ -83,8 +91,7 @@ void DaemonConnection::call(const Interface& callee, const char* method, GVarian
 }
 
 void DaemonConnection::read(const Interface& callee, const char* property, Answer answered) {
-    const Interface properties{callee.path, "org.freedesktop.DBus.Properties"};
-    call(properties, "Get", g_variant_new("(ss)", callee.name.c_str(), property), "(v)",
+    call(propertiesOf(callee), "Get", g_variant_new("(ss)", callee.name.c_str(), property), "(v)",
          [answered = std::move(answered)](GVariant* value) {
              if (!value) return answered(nullptr);
              const GVariantRef boxed(g_variant_get_child_value(value, 0));
@@ -93,13 +100,23 @@ void DaemonConnection::read(const Interface& callee, const char* property, Answe
          });
 }
 
+void DaemonConnection::write(const Interface& callee, const char* property, GVariant* value) {
+    call(propertiesOf(callee), "Set", g_variant_new("(ssv)", callee.name.c_str(), property, value));
+}
+
 void DaemonConnection::askProcess(const std::string& connection, std::function<void(int process)> answered) {
     if (!bus_) return;
+    const auto known = processes_.find(connection);
+    if (known != processes_.end() && askedProcesses_ == 0) return answered(known->second);
+    ++askedProcesses_;
     bus_->call(busItself.name, busItself, "GetConnectionUnixProcessID",
                g_variant_new("(s)", connection.c_str()), "(u)",
-               [answered = std::move(answered)](auto* value, const auto* /*error*/) {
+               [this, connection, answered = std::move(answered)](auto* value, const auto* /*error*/) {
+                   --askedProcesses_;
                    guint32 process = 0;
                    if (value) g_variant_get(value, "(u)", &process);
+                   if (processes_.size() >= mostProcesses) processes_.clear();
+                   processes_[connection] = static_cast<int>(process);
                    answered(static_cast<int>(process));
                });
 }

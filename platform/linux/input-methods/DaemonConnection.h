@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -50,7 +51,11 @@ public:
     /// Reads a property; the answer is its value.
     void read(const Interface& callee, const char* property, Answer answered);
 
-    /// Which process a connection to the bus is of; 0 when it is gone. The bus answers.
+    /// Sets a property. A floating `value` is taken over.
+    void write(const Interface& callee, const char* property, GVariant* value);
+
+    /// Which process a connection to the bus is of; 0 when it is gone. The bus answers, once, in the order of
+    /// the questions.
     void askProcess(const std::string& connection, std::function<void(int process)> answered);
 
     /// Hears the signals of an interface on the buses that are opened from now on; an empty path stands for
@@ -80,8 +85,10 @@ private:
     bool isStartedAnew_ = true;
     bool hasAnswered_ = false; ///< This process.
     bool isSilent_ = false;
-    unsigned silences_ = 0; ///< What was asked before the last one is not told.
-    int unanswered_ = 0;    ///< Of those that were asked since.
+    unsigned silences_ = 0;                ///< What was asked before the last one is not told.
+    int unanswered_ = 0;                   ///< Of those that were asked since.
+    std::map<std::string, int> processes_; ///< By connection.
+    int askedProcesses_ = 0;               ///< And not answered yet.
     QTimer patience_;
     std::unique_ptr<BusConnection> bus_;
 };

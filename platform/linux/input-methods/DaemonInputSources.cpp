@@ -53,12 +53,19 @@ void DaemonInputSources::selectionMoved() {
     tellSelection();
 }
 
+/// For what has become current, also by somebody else's selection. Afterwards the layout is the user's.
+void DaemonInputSources::prepareUnderneath() {
+    const auto& current = selection_.current();
+    if (!isAvailable_ || !current || prepared_ == current) return;
+    prepared_ = current;
+    if (typesLayouts_ == TypesLayouts::itself || !isLayoutID(idOf(*current)))
+        underneath_.prepareFor(idOf(*current));
+}
+
 void DaemonInputSources::tellSelection() {
+    prepareUnderneath();
     const auto current = copyCurrentKeyboardInputSource();
-    if (!current || std::exchange(toldID_, current->id) == current->id) return;
-    // Also when it is somebody else's selection.
-    underneath_.prepareFor(current->id);
-    selectionChanged.emit();
+    if (current && std::exchange(toldID_, current->id) != current->id) selectionChanged.emit();
 }
 
 void DaemonInputSources::setAvailable(bool isAvailable) {
@@ -72,6 +79,7 @@ bool DaemonInputSources::selectInputSource(const InputSource& source) {
     const auto* method = isAvailable_ ? methodWithID(source.id) : nullptr;
     if (!method || !sourceOf(source.id).isSelectCapable) return false;
     underneath_.prepareFor(source.id);
+    prepared_ = method->ownName;
     selection_.select(method->ownName);
     selectionMoved();
     return true;
@@ -100,13 +108,20 @@ std::vector<InputSource> DaemonInputSources::createInputSourceList(std::optional
     return list;
 }
 
+bool DaemonInputSources::isHandedThrough(const std::string& id) const {
+    const auto* method = methodWithID(id);
+    return typesLayouts_ == TypesLayouts::server || (method && method->isHandedThrough);
+}
+
+/// An input method that is given other letters than Latin ones hands them on.
 bool DaemonInputSources::isTypedByLayout() const {
     const auto& current = selection_.current();
-    const bool isByServer = typesLayouts_ == TypesLayouts::server;
-    if (!current) return isByServer || selection_.isWithoutContext();
+    if (!current) return typesLayouts_ == TypesLayouts::server || selection_.isWithoutContext();
     using enum ContextSelection::State;
     const bool isThere = selection_.state() == free || selection_.state() == reached;
-    return isByServer && isThere && isLayoutID(idOf(*current));
+    if (!isThere) return false;
+    const auto id = idOf(*current);
+    return isLayoutID(id) ? isHandedThrough(id) : !underneath_.isLatin();
 }
 
 std::optional<InputSource> DaemonInputSources::copyCurrentKeyboardInputSource() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,10 +33,11 @@ protected:
         std::string ownName;   ///< The daemon's.
         std::string humanName; ///< May be empty.
         InputMethodIcon icon;
+        bool isHandedThrough = false; ///< It is that one layout.
     };
 
-    /// Who types with keyboard layouts: the daemon itself, whatever the layout underneath is, or the X
-    /// server, to which the daemon hands the keys through.
+    /// Who types with keyboard layouts: the daemon itself, whatever the layout underneath is, but for one; or
+    /// the X server, to which the daemon hands the keys through.
     enum class TypesLayouts { itself, server };
 
     /// The layouts must outlive this object.
@@ -62,6 +64,8 @@ private:
     const Method* methodWithID(std::string_view id) const;
     InputSource sourceOf(const std::string& id) const;
     bool isTypedByLayout() const;
+    bool isHandedThrough(const std::string& id) const;
+    void prepareUnderneath();
     void tellSelection();
 
     LayoutSources& layouts_;
@@ -71,7 +75,8 @@ private:
     bool isAvailable_ = false;
     std::vector<Method> methods_;
     ContextSelection selection_;
-    std::string toldID_; ///< What observers know as the selected source.
+    std::string toldID_;                  ///< What observers know as the selected source.
+    std::optional<std::string> prepared_; ///< The layout underneath has been, for this one of the daemon's.
     QTimer looks_, settling_;
     Subscription layoutChanges_;
 };

@@ -15,14 +15,19 @@ void LayoutUnderneath::prepareFor(std::string_view id) {
     if (!current || current->id != wanted->id) layouts_.selectInputSource(*wanted);
 }
 
-std::string LayoutUnderneath::firstLatin() {
+bool LayoutUnderneath::isLatin() const {
+    const auto current = layouts_.copyCurrentKeyboardInputSource();
+    return !current || isLatin(current->id);
+}
+
+std::string LayoutUnderneath::firstLatin() const {
     const auto layouts = layouts_.createInputSourceList();
     const auto latin =
         std::ranges::find_if(layouts, [this](const auto& layout) { return isLatin(layout.id); });
     return latin == layouts.end() ? std::string() : latin->id;
 }
 
-bool LayoutUnderneath::isLatin(const std::string& id) {
+bool LayoutUnderneath::isLatin(const std::string& id) const {
     const auto [known, isNew] = isLatin_.try_emplace(id, false);
     if (isNew) {
         const auto layout = layoutOfID(id);

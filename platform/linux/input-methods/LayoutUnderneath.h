@@ -21,14 +21,18 @@ public:
     /// first one with Latin letters.
     void prepareFor(std::string_view id);
 
+    /// Whether what is typed now is letters that an input method reads.
+    bool isLatin() const;
+
     /// The id of the first layout with Latin letters; empty when there is none.
-    std::string firstLatin();
+    std::string firstLatin() const;
 
 private:
-    bool isLatin(const std::string& id);
+    bool isLatin(const std::string& id) const;
 
     LayoutSources& layouts_;
-    std::map<std::string, bool> isLatin_; ///< By id, those that were asked for: it takes milliseconds.
+    mutable std::map<std::string, bool>
+        isLatin_; ///< By id, those that were asked for: it takes milliseconds.
 };
 
 } // namespace quorvane

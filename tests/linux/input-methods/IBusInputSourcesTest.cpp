@@ -34,6 +34,9 @@ struct IBusSession {
     bool waitForCurrent(const std::string& id) {
         return waitUntil([&] { return currentIdIn(sources) == id; });
     }
+    bool waitForGroup(unsigned group) {
+        return waitUntil([&] { return XClient().currentGroup() == group; });
+    }
     bool waitForEngine(const QString& engine) {
         return waitUntil([&] { return daemon.globalEngine() == engine; });
     }
@@ -106,6 +109,7 @@ protected:
 
 TEST_F(IBusInputSourcesTest, AMethodIsSelectedOverALatinLayout) {
     start();
+    EXPECT_TRUE(waitUntil([this] { return daemon.killEngine("libpinyin"); })) << "it is started ahead";
     ASSERT_TRUE(select("xkb:ru") && waitForEngine("xkb:ru::rus"));
     EXPECT_EQ(XClient().currentGroup(), 1U);
     ASSERT_TRUE(select("ibus:libpinyin"));
@@ -122,6 +126,13 @@ TEST_F(IBusInputSourcesTest, AMethodIsSelectedOverALatinLayout) {
     user.lockGroup(1); // By the keys that go through the layouts, past IBus.
     EXPECT_TRUE(waitForCurrent("xkb:ru"));
     EXPECT_GE(changes, told + 3);
+    ASSERT_TRUE(daemon.setGlobalEngine("libpinyin"));
+    ASSERT_TRUE(waitForCurrent("ibus:libpinyin"));
+    EXPECT_TRUE(waitForGroup(0)) << "whoever selected it";
+    user.lockGroup(1);
+    EXPECT_TRUE(waitForCurrent("xkb:ru")) << "it has no use for these letters";
+    user.lockGroup(2);
+    EXPECT_TRUE(waitForCurrent("ibus:libpinyin"));
 }
 
 TEST_F(IBusInputSourcesTest, SourcesAreDescribedAsTheUserKnowsThem) {
@@ -187,7 +198,7 @@ TEST_F(IBusInputSourcesTest, OwnTextFieldsAreTypedWithItAndNeverWaitForIt) {
     constexpr std::uint8_t n = 57, i = 31, space = 65;
     const auto isInUse = [&](bool isIt) { return waitUntil([&] { return input.isInUse() == isIt; }); };
     const auto becomes = [&](const char* text) { return waitUntil([&] { return field.text() == text; }); };
-    ASSERT_TRUE(isInUse(true) && !daemon.currentInputContext().isEmpty());
+    ASSERT_TRUE(isInUse(true) && waitUntil([&] { return !daemon.currentInputContext().isEmpty(); }));
     type({n, i, space});
     EXPECT_TRUE(becomes("你")) << field.text().toStdString();
     daemon.stop();

@@ -48,8 +48,11 @@ std::map<std::string, Fcitx5InputMethod> fcitx5InputMethodsIn(GVariant* answer) 
     return inputMethods;
 }
 
-std::vector<std::string> fcitx5GroupIn(GVariant* answer) {
-    std::vector<std::string> names;
+Fcitx5Group fcitx5GroupIn(GVariant* answer) {
+    const char* layout = nullptr;
+    g_variant_get_child(answer, 0, "&s", &layout);
+    Fcitx5Group group{{}, std::string("keyboard-").append(layout)};
+    auto& names = group.inputMethods;
     const GVariantRef items(g_variant_get_child_value(answer, 1));
     GVariantIter each;
     g_variant_iter_init(&each, items.get());
@@ -57,7 +60,7 @@ std::vector<std::string> fcitx5GroupIn(GVariant* answer) {
     while (g_variant_iter_next(&each, "(&s&s)", &name, nullptr)) {
         if (*name && std::ranges::find(names, name) == names.end()) names.emplace_back(name);
     }
-    return names;
+    return group;
 }
 
 } // namespace quorvane

@@ -34,8 +34,13 @@ struct Fcitx5InputMethod {
 /// By Fcitx5's own names, of a list "(a(ssssssb))".
 std::map<std::string, Fcitx5InputMethod> fcitx5InputMethodsIn(GVariant* answer);
 
-/// The names of the input methods in a group "(sa(ss))", which the user has put in that order. Those without
-/// a name and repetitions are left out.
-std::vector<std::string> fcitx5GroupIn(GVariant* answer);
+/// What the user types with.
+struct Fcitx5Group {
+    std::vector<std::string> inputMethods; ///< Their own names, in the user's order.
+    std::string layout; ///< The one of these names for which keys are handed through to the X server.
+};
+
+/// A group "(sa(ss))"; without those that have no name, and repetitions.
+Fcitx5Group fcitx5GroupIn(GVariant* answer);
 
 } // namespace quorvane

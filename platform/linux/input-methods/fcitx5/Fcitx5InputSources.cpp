@@ -22,6 +22,9 @@ const DaemonConnection::Interface trayItem{"/StatusNotifierItem", "org.kde.Statu
 constexpr const char* contextsAreTold =
     "type='signal',interface='org.fcitx.Fcitx.InputContext1',member='CurrentIM'";
 
+constexpr const char* contextsAreMade =
+    "type='method_call',interface='org.fcitx.Fcitx.InputMethod1',member='CreateInputContext'";
+
 /// Programs in a sandbox talk through a process of this name, which has no windows.
 constexpr const char* proxy = "xdg-dbus-proxy";
 
@@ -43,7 +46,7 @@ void logMisunderstanding(const char* what) {
 Fcitx5InputSources::Fcitx5InputSources(LayoutSources& layouts, InputMethodIcons icons)
     : DaemonInputSources(layouts, std::move(icons), TypesLayouts::itself)
     , connection_("org.fcitx.Fcitx5")
-    , monitor_(contextsAreTold, [this](const auto& signal) { told(signal); }) {
+    , monitor_({contextsAreTold, contextsAreMade}, [this](const auto& message) { heard(message); }) {
     subscriptions_.push_back(connection_.cameAlive.connect([this] { cameAlive(); }));
     subscriptions_.push_back(connection_.wentAway.connect([this] {
         setAvailable(false);
@@ -92,16 +95,17 @@ void Fcitx5InputSources::readGroup() {
     });
 }
 
-void Fcitx5InputSources::groupRead(const std::vector<std::string>& names) {
+void Fcitx5InputSources::groupRead(const Fcitx5Group& group) {
+    const auto& names = group.inputMethods;
     const auto isDescribed = [this](const auto& name) { return described_.contains(name); };
     if (!std::ranges::all_of(names, isDescribed)) {
         connection_.call(controller, "AvailableInputMethods", nullptr, "(a(ssssssb))",
-                         [this, names](GVariant* list) {
+                         [this, group](GVariant* list) {
                              if (!list) logMisunderstanding("its input methods' names");
                              auto all = list ? fcitx5InputMethodsIn(list) : decltype(described_)();
-                             for (const auto& name : names)
+                             for (const auto& name : group.inputMethods)
                                  described_[name] = all[name];
-                             groupRead(names);
+                             groupRead(group);
                          });
         return;
     }
@@ -112,7 +116,8 @@ void Fcitx5InputSources::groupRead(const std::vector<std::string>& names) {
         // The label of a layout is its language.
         const bool isLayout = layoutOfID(id).has_value();
         methods.push_back({id, name, nativeName.empty() ? ofPeople : nativeName,
-                           isLayout ? InputMethodIcon{icon, {}, label} : InputMethodIcon{icon, label, name}});
+                           isLayout ? InputMethodIcon{icon, {}, label} : InputMethodIcon{icon, label, name},
+                           name == group.layout});
     }
     setMethods(std::move(methods));
     setAvailable(true);
@@ -156,6 +161,12 @@ void Fcitx5InputSources::looked(const Fcitx5Focus& focus, const std::string& inp
 }
 
 /// The arguments are the input method's name for people, its own name and its language.
+void Fcitx5InputSources::heard(const BusMonitor::Message& message) {
+    if (message.member == "CurrentIM") return told(message);
+    // When a program's first context gets the focus, there is no time to ask whose it is.
+    connection_.askProcess(message.sender, [](int) {});
+}
+
 void Fcitx5InputSources::told(const BusMonitor::Message& signal) {
     if (signal.texts.size() != 3) return;
     ++news_;

@@ -20,8 +20,8 @@ namespace quorvane {
 /// Contexts of programs that use Fcitx5 by D-Bus are told what they are typed with, and this listens in: to
 /// that one signal, which has nothing of what is typed. For the others Fcitx5 is asked.
 ///
-/// Its keyboard layouts work in its clients whatever the X server's layout is, except the first one of the
-/// group, which leaves keys to the X server. So the X server has the same layout always, which is also what
+/// Its keyboard layouts work in its clients whatever the X server's layout is, except the group's
+/// own one, which leaves keys to the X server. So the X server has the same layout always, which is also what
 /// programs without a context are typed with.
 class Fcitx5InputSources final : public DaemonInputSources {
 public:
@@ -48,7 +48,8 @@ private:
 
     void cameAlive();
     void readGroup();
-    void groupRead(const std::vector<std::string>& names);
+    void groupRead(const Fcitx5Group& group);
+    void heard(const BusMonitor::Message& message);
     void told(const BusMonitor::Message& signal);
     void looked(const Fcitx5Focus& focus, const std::string& inputMethod);
 

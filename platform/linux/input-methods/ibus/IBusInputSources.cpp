@@ -69,8 +69,19 @@ void IBusInputSources::readEngines() {
                  humanNameOf(engine),
                  {engine.icon, engine.symbol, engine.language.empty() ? engine.name : engine.language}});
         setMethods(std::move(methods));
+        startAhead(*engines);
         callLook();
     });
+}
+
+/// An engine's process would start at its first selection, and the first keys would be typed without it.
+/// IBus' own panel does the same, where there is one.
+void IBusInputSources::startAhead(const std::vector<IBusEngine>& engines) {
+    if (settings_->preloadEngines().empty()) return;
+    std::vector<const char*> names;
+    for (const auto& engine : engines)
+        names.push_back(engine.name.c_str());
+    connection_.write(ibusDaemon, "PreloadEngines", g_variant_new_strv(names.data(), gssize(names.size())));
 }
 
 void IBusInputSources::callLook() {

@@ -33,6 +33,7 @@ private:
     void connectToDaemon();
     void cameAlive();
     void readEngines();
+    void startAhead(const std::vector<IBusEngine>& engines);
     void told(const std::string& engine);
 
     std::optional<IBusSettings> settings_; ///< From when a daemon was first there.
