@@ -122,6 +122,7 @@ INSTANTIATE_TEST_SUITE_P(Program, ShownSource, testing::Values("ibus", "fcitx"),
 TEST_P(ShownSource, IsWhatIsTypedWhoeverChangesIt) {
     std::mt19937 random{7}; // NOLINT(bugprone-random-generator-seed): the same each time
     std::vector<qint64> times;
+    bool isAlone = true; // The change before is over, and will not overtake this one.
     for (int change = 0; change < changes; ++change) {
         const auto source = all[random() % 3];
         bool isChosen = true; // It is to be typed then.
@@ -144,7 +145,9 @@ TEST_P(ShownSource, IsWhatIsTypedWhoeverChangesIt) {
         }
         QElapsedTimer age;
         age.start();
-        if (random() % 4 == 0) continue; // The next one does not wait.
+        isChosen = isChosen && isAlone;
+        isAlone = random() % 4 != 0;
+        if (!isAlone) continue;
         ASSERT_TRUE(waitUntil([&] {
             const auto now = typed();
             return (!isChosen || now == source) && isShown(now);

@@ -1,4 +1,4 @@
-#include "platform/linux/input-methods/DaemonConnection.h"
+#include "platform/linux/dbus/DaemonConnection.h"
 
 #include <chrono>
 #include <utility>
