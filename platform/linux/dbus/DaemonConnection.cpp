@@ -105,7 +105,7 @@ void DaemonConnection::write(const Interface& callee, const char* property, GVar
 }
 
 void DaemonConnection::askProcess(const std::string& connection, std::function<void(int process)> answered) {
-    if (!bus_) return;
+    if (!bus_ || !bus_->isOpen()) return;
     const auto known = processes_.find(connection);
     if (known != processes_.end() && askedProcesses_ == 0) return answered(known->second);
     ++askedProcesses_;
