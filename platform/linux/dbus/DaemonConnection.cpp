@@ -8,7 +8,7 @@
 namespace quorvane {
 namespace {
 
-constexpr std::chrono::seconds longestWait{1};
+constexpr std::chrono::seconds longestUnanswered{1};
 
 constexpr std::size_t mostProcesses = 500; // A bus gives each connection another name.
 
@@ -29,7 +29,7 @@ bool isOfBus(const GError& error) {
 
 DaemonConnection::DaemonConnection(std::string daemonName) : daemonName_(std::move(daemonName)) {
     patience_.setSingleShot(true);
-    patience_.setInterval(longestWait);
+    patience_.setInterval(longestUnanswered);
     QObject::connect(&patience_, &QTimer::timeout, &patience_, [this] { beSilent(); });
 }
 
