@@ -30,7 +30,8 @@ warnings = """-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor 
 -Wno-unknown-warning-option -Wno-missing-designated-field-initializers -Werror"""
 
 # What most sources read. Only one processor has it: on the other each source has to include for itself what it uses.
-prefix = ["Cocoa/Cocoa.h", "algorithm", "functional", "map", "memory", "optional", "string", "utility", "variant", "vector"]
+prefixes = {"c++": "algorithm functional map memory optional string utility variant vector".split()}
+prefixes["objective-c++"] = ["Cocoa/Cocoa.h", *prefixes["c++"]]
 
 rules = """
 rule compile
@@ -93,18 +94,19 @@ def headers_alone():
 def edges(processor):
     compiler, _ = compilers[processor]
     common = f"  processor = {processor}\n  compiler = {compiler}\n"
-    objective = "-fobjc-arc -fblocks -x objective-c++"
     needs = f"| {processor}.flags"
+    languages = {"c++": "-x c++", "objective-c++": "-fobjc-arc -fblocks -x objective-c++"}
     if processor == "arm64":
-        yield f"build prefix.pch: compile prefix.h {needs}\n{common}  options = {objective}-header -Xclang -fno-pch-timestamp\n"
+        for language, options in languages.items():
+            yield (f"build {language}.pch: compile {language}.h {needs}\n{common}"
+                   f"  options = {options}-header -Xclang -fno-pch-timestamp\n")
     sources = sorted([*macos.rglob("*.mm"), *macos.rglob("*.cpp")])
-    native = sorted((root / "tests/macos/native").glob("*.mm"))
+    native = sorted((root / "tests/macos/native").glob("*.mm")) if processor == "arm64" else []
     for source in [*sources, *units_of_program(), *headers_alone(), *native]:
-        options, prerequisites = "", needs
-        if source.suffix == ".mm":
-            options = objective
-            if processor == "arm64":
-                options, prerequisites = f"{objective} -include-pch prefix.pch", f"{needs} prefix.pch"
+        language = "objective-c++" if source.suffix == ".mm" else "c++"
+        options, prerequisites = languages[language], needs
+        if processor == "arm64":
+            options, prerequisites = f"{options} -include-pch {language}.pch", f"{needs} {language}.pch"
         base = made if made in source.parents else root
         out = pathlib.Path(processor) / source.relative_to(base)
         details = f"{prerequisites}\n{common}  options = {options}\n"
@@ -119,7 +121,8 @@ def edges(processor):
 
 for processor in compilers:
     write(made / f"{processor}.flags", flags(processor))
-write(made / "prefix.h", "".join(f"#include <{name}>\n" for name in prefix))
+for language, headers in prefixes.items():
+    write(made / f"{language}.h", "".join(f"#include <{name}>\n" for name in headers))
 write(made / "build.ninja", f"cache = {shutil.which('ccache') or ''}\nresolve = {here / 'resolve.py'} {macos}\n{rules}" +
       "".join(edge for processor in compilers for edge in edges(processor)))
 environment = {**os.environ, "CCACHE_BASEDIR": str(root), "CCACHE_NOHASHDIR": "1",
