@@ -13,11 +13,13 @@ folder = pathlib.Path(sys.argv[1])
 comment = re.compile(r"//[^\n]*|/\*.*?\*/", re.DOTALL)
 opened = re.compile(r"@(interface|protocol|implementation) (\w+)(?: *\((\w*)\))?([^\n{]*(?:\n {4}:[^\n]*)?)(.*?)@end", re.DOTALL)
 
+# The second one by a table's row, for each of its cells that has it; the last one by whoever makes another window.
+called_from_outside = {"dealloc", "setBackgroundStyle:", "titleOfAppWithBundleIdentifier:"}
+
 # What is begun with the one must be ended with the other, in the same file or one that it uses.
-pairs = [(r"addObserver(?:ForName)?:", "removeObserver:"), (r"add(?:Global|Local)MonitorFor", "removeMonitor:"), (r"lockFocus", "unlockFocus"),
-         (r"statusItemWithLength:", "removeStatusItem"), (r"beginActivity", "endActivity"),
-         (r"saveGraphicsState", "restoreGraphicsState"), (r"InstallEventHandler\(", r"RemoveEventHandler\("),
-         (r"\bRegisterEventHotKey\(", r"UnregisterEventHotKey\(")]
+pairs = [(r"addObserver(?:ForName)?:", "removeObserver:"), (r"add(?:Global|Local)MonitorFor", "removeMonitor:"),
+         ("lockFocus", "unlockFocus"), ("statusItemWithLength:", "removeStatusItem"), ("beginActivity", "endActivity"),
+         ("saveGraphicsState", "restoreGraphicsState")]
 
 # By the names of Core Foundation's functions: who owns what they return.
 owned_wrongly = re.compile(r"::retain\(\s*\w*(?:Create|Copy)\w*\(|::adopt\(\s*\w*Get(?!TypeID)\w*\(")
@@ -59,23 +61,21 @@ class Declarations:
                 self.methods.setdefault(name, set()).update(methods(body))
                 self.parents.setdefault(name, []).extend(re.findall(r"\w+", re.sub(r"<__covariant.*?>", "", heading)))
 
-    def known_to(self, name):
-        known = set(self.methods.get(name, ()))
-        for parent in self.parents.get(name, ()):
-            if parent != name:  # NSObject is a class and a protocol
-                known |= self.known_to(parent)
-        return known
+    def inherited_by(self, name):
+        others = {parent for parent in self.parents.get(name, ()) if parent != name}  # NSObject is also a protocol
+        return set().union(*(self.methods.get(other, set()) | self.inherited_by(other) for other in others))
 
 
-def faults(file, declarations):
+def faults(file, declarations, everything):
     code = text_of(file)
     for kind, name, _, _, body in opened.findall(code):
         if kind != "implementation":
             continue
-        for each in methods(body) - declarations.known_to(name) - {"dealloc"}:
+        for each in methods(body) - declarations.inherited_by(name) - called_from_outside:
             first = each.split(":")[0]
-            if not re.search(rf"\[(?:self|me\(\)) {first}\b|@selector\({each}\)", code):
-                yield f"{file}: nobody calls {each} of {name}: neither it, its superclasses nor its protocols declare it"
+            attribute = first.removeprefix("set")
+            if not re.search(rf"(?<!\))\b{first}\b|\.{attribute[:1].lower()}{attribute[1:]}\b", everything):
+                yield f"{file}: nobody calls {each} of {name}: neither its superclasses nor its protocols declare it"
     used = imported(code)
     used |= {header for each in used for header in imported(text_of(each))}
     around = code + "".join(text_of(header.with_suffix(".mm")) for header in used)
@@ -89,5 +89,6 @@ def faults(file, declarations):
 declarations = Declarations([*folder.rglob("*.h"), *folder.rglob("*.mm")])
 sources = [file for suffix in ("h", "mm", "cpp") for file in folder.rglob(f"*.{suffix}")
            if folder / "declarations" not in file.parents]
-found = [fault for file in sorted(sources) for fault in faults(file, declarations)]
+everything = "".join(map(text_of, sources))
+found = [fault for file in sorted(sources) for fault in faults(file, declarations, everything)]
 sys.exit("\n".join(found) or 0)
