@@ -11,7 +11,8 @@ import sys
 
 folder = pathlib.Path(sys.argv[1])
 comment = re.compile(r"//[^\n]*|/\*.*?\*/", re.DOTALL)
-opened = re.compile(r"@(interface|protocol|implementation) (\w+)(?: *\((\w*)\))?([^\n{]*(?:\n {4}:[^\n]*)?)(.*?)@end", re.DOTALL)
+opened = re.compile(r"@(interface|protocol|implementation) (\w+)(?: *\(\w*\))?([^\n{]*(?:\n {4}:[^\n]*)?)(.*?)@end",
+                    re.DOTALL)
 
 # The second one by a table's row, for each of its cells that has it; the last one by whoever makes another window.
 called_from_outside = {"dealloc", "setBackgroundStyle:", "titleOfAppWithBundleIdentifier:"}
@@ -41,7 +42,8 @@ def selector(declaration):
 
 
 def methods(body):
-    declared = {selector(each) for each in re.findall(r"^[-+]\s*(\([^;{]*?)(?=\s*[;{]|\s+API_|\s+__attr)", body, re.MULTILINE)}
+    found = re.findall(r"^[-+]\s*(\([^;{]*?)(?=\s*[;{]|\s+API_|\s+__attr)", body, re.MULTILINE)
+    declared = {selector(each) for each in found}
     for attributes, rest in re.findall(r"^@property(\([^)]*\))?([^;]*);", body, re.MULTILINE):
         name = re.search(r"(\w+)(?:\s+(?:API_\w+|__attribute__)\(.*)?\s*$", rest, re.DOTALL).group(1)
         getter = re.search(r"getter=(\w+)", attributes)
@@ -55,7 +57,7 @@ class Declarations:
     def __init__(self, files):
         self.methods, self.parents = {}, {}
         for file in files:
-            for kind, name, _, heading, body in opened.findall(text_of(file)):
+            for kind, name, heading, body in opened.findall(text_of(file)):
                 if kind == "implementation":
                     continue
                 self.methods.setdefault(name, set()).update(methods(body))
@@ -68,13 +70,13 @@ class Declarations:
 
 def faults(file, declarations, everything):
     code = text_of(file)
-    for kind, name, _, _, body in opened.findall(code):
+    for kind, name, _, body in opened.findall(code):
         if kind != "implementation":
             continue
         for each in methods(body) - declarations.inherited_by(name) - called_from_outside:
-            first = each.split(":")[0]
-            attribute = first.removeprefix("set")
-            if not re.search(rf"(?<!\))\b{first}\b|\.{attribute[:1].lower()}{attribute[1:]}\b", everything):
+            message = each.replace(":", r"\b:[^;{}]*?\b").removesuffix(r"[^;{}]*?\b")
+            attribute = each.removeprefix("set").strip(":")
+            if not re.search(rf"(?<!\))\b{message}|\.{attribute[:1].lower()}{attribute[1:]}\b", everything):
                 yield f"{file}: nobody calls {each} of {name}: neither its superclasses nor its protocols declare it"
     used = imported(code)
     used |= {header for each in used for header in imported(text_of(each))}
