@@ -127,4 +127,4 @@ write(made / "build.ninja", f"cache = {shutil.which('ccache') or ''}\nresolve = 
       "".join(edge for processor in compilers for edge in edges(processor)))
 environment = {**os.environ, "CCACHE_BASEDIR": str(root), "CCACHE_NOHASHDIR": "1",
                "CCACHE_SLOPPINESS": "pch_defines,time_macros"}
-sys.exit(subprocess.run(["ninja", "--quiet", "-C", made, "-k", "0"], env=environment).returncode)
+sys.exit(subprocess.run(["ninja", "--quiet", "-C", made, "-k", "0", "-j", str(os.cpu_count())], env=environment).returncode)
