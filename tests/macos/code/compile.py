@@ -38,18 +38,14 @@ rule compile
   command = $cache $compiler @$processor.flags $options -MD -MF $out.d -c $in -o $out
   depfile = $out.d
   deps = gcc
-  description = $processor $in
-rule analyze
-  command = $compiler @$processor.flags $options --analyze --analyzer-output text -Xclang -analyzer-werror $
-    -MD -MF $out.d -MT $out $in && touch $out
+rule read
+  command = $compiler @$processor.flags $options -MD -MF $out.d -MT $out $in && touch $out
   depfile = $out.d
   deps = gcc
-  description = analyze $in
 rule resolve
   command = $resolve $processor $out $out.objects
   rspfile = $out.objects
   rspfile_content = $in
-  description = $processor symbols
 """
 
 
@@ -81,14 +77,10 @@ def units_of_program():
         yield unit
 
 
-def headers_alone():
+def is_alone(header):
     """Others are checked with the source of their name."""
-    for header in sorted(macos.rglob("*.h")):
-        alone = not any(header.with_suffix(suffix).exists() for suffix in (".mm", ".cpp"))
-        if alone and declarations not in header.parents:
-            unit = made / "headers" / header.relative_to(macos).with_suffix(".mm")
-            write(unit, f'#import "{header.relative_to(root)}"\n')
-            yield unit
+    sources = [header.with_suffix(suffix) for suffix in (".mm", ".cpp")]
+    return declarations not in header.parents and not any(source.exists() for source in sources)
 
 
 def edges(processor):
@@ -102,19 +94,24 @@ def edges(processor):
                    f"  options = {options}-header -Xclang -fno-pch-timestamp\n")
     sources = sorted([*macos.rglob("*.mm"), *macos.rglob("*.cpp")])
     native = sorted((root / "tests/macos/native").glob("*.mm")) if processor == "arm64" else []
-    for source in [*sources, *units_of_program(), *headers_alone(), *native]:
-        language = "objective-c++" if source.suffix == ".mm" else "c++"
+    headers = [header for header in sorted(macos.rglob("*.h")) if is_alone(header)]
+    units = [*units_of_program()]
+    for source in [*sources, *units, *headers, *native]:
+        language = "c++" if source.suffix == ".cpp" else "objective-c++"
         options, prerequisites = languages[language], needs
         if processor == "arm64":
             options, prerequisites = f"{options} -include-pch {language}.pch", f"{needs} {language}.pch"
         base = made if made in source.parents else root
         out = pathlib.Path(processor) / source.relative_to(base)
-        details = f"{prerequisites}\n{common}  options = {options}\n"
-        yield f"build {out}.o: compile {source} {details}"
-        if processor == "arm64" and macos in source.parents:
-            yield f"build {out}.analyzed: analyze {source} {details}"
+        details = f"{source} {prerequisites}\n{common}  options = {options} "
+        if source in headers:
+            yield f"build {out}.read: read {details}-x {language}-header -fsyntax-only\n"
+        else:
+            yield f"build {out}.o: compile {details}\n"
+        if processor == "arm64" and source in sources:
+            yield f"build {out}.analyzed: read {details}--analyze --analyzer-output text -Xclang -analyzer-werror\n"
     linked = [f"{processor}/{source.relative_to(root)}.o" for source in sources]
-    linked += [f"{processor}/{unit.relative_to(made)}.o" for unit in units_of_program()]
+    linked += [f"{processor}/{unit.relative_to(made)}.o" for unit in units]
     inputs = [here / "resolve.py", declarations / "symbols.txt", macos / "CMakeLists.txt", macos / "bundle/Bundle.cmake"]
     yield f"build {processor}.resolved: resolve {' '.join(linked)} | {' '.join(map(str, inputs))}\n{common}"
 
