@@ -8,19 +8,17 @@ namespace {
 
 NSAlert* makeAlert(const Alert& alert) {
     NSAlert* made = [[NSAlert alloc] init];
-    if (NSString* text = toNSString(alert.messageText)) made.messageText = text;
-    if (NSString* text = toNSString(alert.informativeText)) made.informativeText = text;
+    made.messageText = shownText(alert.messageText);
+    made.informativeText = shownText(alert.informativeText);
     for (const auto& title : alert.buttons) {
-        NSString* text = toNSString(title);
-        NSButton* button = [made addButtonWithTitle:text ? text : @""];
+        NSButton* button = [made addButtonWithTitle:shownText(title)];
         // The system lets Escape press a button only if that is called "Cancel".
         const bool isLastOfSeveral = &title != &alert.buttons.front() && &title == &alert.buttons.back();
         if (isLastOfSeveral) button.keyEquivalent = @"\033";
     }
-    NSString* suppressionTitle = toNSString(alert.suppressionButtonTitle);
-    if (suppressionTitle && !alert.suppressionButtonTitle.empty()) {
+    if (!alert.suppressionButtonTitle.empty()) {
         made.showsSuppressionButton = YES;
-        made.suppressionButton.title = suppressionTitle;
+        made.suppressionButton.title = shownText(alert.suppressionButtonTitle);
     }
     return made;
 }

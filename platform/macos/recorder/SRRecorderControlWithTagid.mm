@@ -164,6 +164,11 @@ void tellDelegate(SRRecorderControlWithTagid* recorder) {
     callProgram([&] { _behaviour->press(); });
 }
 
+/// Nor where the window can be moved by its background.
+- (BOOL)mouseDownCanMoveWindow {
+    return NO;
+}
+
 - (BOOL)accessibilityPerformPress {
     callProgram([&] { _behaviour->press(); });
     return YES;
