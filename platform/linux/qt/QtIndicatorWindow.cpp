@@ -1,8 +1,9 @@
 #include "platform/linux/qt/QtIndicatorWindow.h"
 
 #include <QColor>
+#include <QGuiApplication>
+#include <QPalette>
 
-#include "platform/linux/qt/IndicatorPicture.h"
 #include "platform/linux/qt/QtImage.h"
 
 namespace quorvane {
@@ -37,6 +38,14 @@ void QtIndicatorWindow::orderOut() {
     changed_.start();
 }
 
+/// As light or dark as the program's windows.
+IndicatorBox QtIndicatorWindow::box() const {
+    if (isBoxHidden_) return IndicatorBox::none;
+    constexpr int middle = 128;
+    const bool isDark = QGuiApplication::palette().color(QPalette::Window).lightness() < middle;
+    return isDark ? IndicatorBox::dark : IndicatorBox::light;
+}
+
 void QtIndicatorWindow::update() {
     const auto icon = isIconHidden_ ? QImage() : icon_;
     if (!isOrderedIn_ || (icon.isNull() && isBoxHidden_)) {
@@ -44,7 +53,7 @@ void QtIndicatorWindow::update() {
         return;
     }
     const QColor ground = style_.hasClearBackground ? Qt::transparent : Qt::white;
-    surface_.show(drawIndicator(icon, !isBoxHidden_, ground, surface_.scale()));
+    surface_.show(drawIndicator(icon, box(), ground, surface_.scale()));
 }
 
 void QtIndicatorWindow::IconView::setHidden(bool hidden) {

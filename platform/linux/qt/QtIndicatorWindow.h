@@ -4,6 +4,7 @@
 #include <QTimer>
 
 #include "platform/Window.h"
+#include "platform/linux/qt/IndicatorPicture.h"
 #include "platform/linux/qt/IndicatorSurface.h"
 
 namespace quorvane {
@@ -52,6 +53,7 @@ private:
         QtIndicatorWindow& window_;
     };
 
+    IndicatorBox box() const;
     void update();
 
     IndicatorSurface& surface_;

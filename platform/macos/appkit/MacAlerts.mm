@@ -24,12 +24,9 @@ NSAlert* makeAlert(const Alert& alert) {
 }
 
 AlertAnswer answerOf(NSAlert* alert, NSModalResponse response) {
-    // Ended from outside, for instance when the program is told to quit, the alert was answered by no button.
     // One without buttons of ours gets one from the system.
-    const auto buttons = static_cast<NSModalResponse>(alert.buttons.count);
-    const auto last = NSAlertFirstButtonReturn + (buttons > 0 ? buttons - 1 : 0);
-    const bool isButton = response >= NSAlertFirstButtonReturn && response <= last;
-    return {.response = static_cast<int>(isButton ? response : last),
+    const auto buttons = static_cast<std::int64_t>(alert.buttons.count);
+    return {.response = alertResponse(response - NSAlertFirstButtonReturn, buttons),
             .suppressionButtonIsOn = alert.suppressionButton.state == NSControlStateValueOn};
 }
 
