@@ -23,11 +23,8 @@ bool isTemplateShape(std::span<const std::uint8_t> pixels) {
         hasGround = hasGround || alpha < barelySeen;
         if (alpha < clearlySeen) continue;
         const auto [least, most] = std::ranges::minmax(pixels.first(bytesPerPixel - 1));
-        const int darker = least * 255 / alpha;
-        const int lighter = most * 255 / alpha;
-        if (lighter - darker > widestTone) return false;
-        lightest = std::max(lightest, lighter);
-        darkest = std::min(darkest, darker);
+        lightest = std::max(lightest, most * 255 / alpha);
+        darkest = std::min(darkest, least * 255 / alpha);
     }
     const bool hasShape = darkest <= lightest;
     return hasGround && hasShape && lightest - darkest <= widestTone;

@@ -1,14 +1,16 @@
 #include "platform/linux/qt/QtIndicatorWindow.h"
 
+#include <utility>
+
 #include <QColor>
-#include <QGuiApplication>
-#include <QPalette>
 
 #include "platform/linux/qt/QtImage.h"
 
 namespace quorvane {
 
-QtIndicatorWindow::QtIndicatorWindow(IndicatorSurface& surface) : surface_(surface) {
+QtIndicatorWindow::QtIndicatorWindow(IndicatorSurface& surface, std::function<bool()> isDark)
+    : surface_(surface)
+    , isDark_(std::move(isDark)) {
     surface_.mayBeDragged = [this] {
         return style_.isMovableByWindowBackground && iconView_.mouseDownCanMoveWindow();
     };
@@ -38,14 +40,6 @@ void QtIndicatorWindow::orderOut() {
     changed_.start();
 }
 
-/// As light or dark as the program's windows.
-IndicatorBox QtIndicatorWindow::box() const {
-    if (isBoxHidden_) return IndicatorBox::none;
-    constexpr int middle = 128;
-    const bool isDark = QGuiApplication::palette().color(QPalette::Window).lightness() < middle;
-    return isDark ? IndicatorBox::dark : IndicatorBox::light;
-}
-
 void QtIndicatorWindow::update() {
     const auto icon = isIconHidden_ ? QImage() : icon_;
     if (!isOrderedIn_ || (icon.isNull() && isBoxHidden_)) {
@@ -53,7 +47,8 @@ void QtIndicatorWindow::update() {
         return;
     }
     const QColor ground = style_.hasClearBackground ? Qt::transparent : Qt::white;
-    surface_.show(drawIndicator(icon, box(), ground, surface_.scale()));
+    const auto box = isBoxHidden_ ? IndicatorBox::none : isDark_() ? IndicatorBox::dark : IndicatorBox::light;
+    surface_.show(drawIndicator(icon, box, ground, surface_.scale()));
 }
 
 void QtIndicatorWindow::IconView::setHidden(bool hidden) {
