@@ -150,7 +150,8 @@ TEST_F(MacServices, WindowsAreDescribedAsFarAsTheSystemTells) {
     const CGWindowList list;
     EXPECT_THAT(list.windows(),
                 ElementsAre(WindowDescription{"Alpha", "Übung", {100, 120.5, 300, 200}, 101, true},
-                            WindowDescription{}, WindowDescription{.name = "", .isOnScreen = true},
+                            WindowDescription{.isOnScreen = true},
+                            WindowDescription{.name = "", .isOnScreen = true},
                             WindowDescription{.layer = -2147483601, .isOnScreen = true}));
     system().hasWindowServer = false;
     EXPECT_THAT(list.windows(), IsEmpty());
