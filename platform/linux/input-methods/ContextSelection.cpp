@@ -1,30 +1,32 @@
 #include "platform/linux/input-methods/ContextSelection.h"
 
+#include <iterator>
 #include <utility>
 
 namespace quorvane {
 namespace {
 
+using namespace std::chrono_literals;
 using std::chrono::milliseconds;
 
-/// Looks are at once and after 1, 2, 4, ... milliseconds, for programs that run; about every thirty during
-/// the second that programs need to open; and then at ever longer distances, for slow ones, up to eight
-/// seconds.
-constexpr std::size_t denseLooks = 6, regularLooks = 36, mostLooks = 44;
+/// Looks are at once and each millisecond while programs get the focus, whose first key may follow; then
+/// after longer distances, of about thirty milliseconds during the second that programs need to open; and of
+/// ever more, for slow ones, up to eight seconds.
+constexpr milliseconds firstDistances[] = {0ms, 1ms, 1ms, 1ms, 1ms, 1ms, 1ms, 2ms, 8ms, 16ms};
+constexpr milliseconds regularDistance = 32ms;
+constexpr std::size_t regularLooks = 40, mostLooks = 48;
 
 /// What an application still has is in no hurry, and a look would keep the daemon from giving it. This one is
 /// after eight milliseconds.
-constexpr std::size_t firstOfThoseThatHave = 4;
+constexpr std::size_t firstOfThoseThatHave = 8;
 
 milliseconds distanceOfLook(std::size_t number) {
-    if (number == 0) return milliseconds(0);
-    if (number <= denseLooks) return milliseconds(1U << (number - 1));
-    const auto regular = milliseconds(1U << (denseLooks - 1));
-    return number <= regularLooks ? regular : regular * (1U << (number - regularLooks));
+    if (number < std::size(firstDistances)) return firstDistances[number];
+    return number <= regularLooks ? regularDistance : regularDistance * (1U << (number - regularLooks));
 }
 
-// A daemon may be slower to tell than to answer. It gets a quarter of a second.
-constexpr std::size_t looksBeforeSendingAgain = 6;
+// A daemon may be slower to tell than to answer. It gets an eighth of a second.
+constexpr std::size_t looksBeforeSendingAgain = std::size(firstDistances);
 constexpr int mostSent = 4;
 
 // Numbers of processes are used again some time: these are only too many programs that have ended.

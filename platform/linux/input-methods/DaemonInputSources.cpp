@@ -45,7 +45,7 @@ DaemonInputSources::DaemonInputSources(LayoutSources& layouts, InputMethodIcons 
 // The selection -------------------------------------------------------------------------------------------
 
 void DaemonInputSources::selectionMoved() {
-    const auto next = selection_.nextLook();
+    const auto next = isAvailable_ ? selection_.nextLook() : std::nullopt; // Else there is nobody to ask.
     if (!next)
         looks_.stop();
     else if (!looks_.isActive() || *next < looks_.remainingTimeAsDuration())

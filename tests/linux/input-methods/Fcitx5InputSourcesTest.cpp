@@ -1,5 +1,8 @@
+#include <QAbstractEventDispatcher>
+#include <QCoreApplication>
 #include <QDBusObjectPath>
 #include <QDBusVirtualObject>
+#include <QTimer>
 #include <unistd.h>
 
 #include "contracts/TextInputSourcesContract.h"
@@ -138,6 +141,16 @@ TEST_F(Fcitx5InputSourcesTest, IsUnavailableWhileTheDaemonHangsAndWhenTheBusHasE
     EXPECT_TRUE(becomes(true));
     session_.bus.end();
     EXPECT_TRUE(becomes(false));
+}
+
+TEST_F(Fcitx5InputSourcesTest, NobodyIsWokenWithoutADaemon) {
+    int wakeUps = 0;
+    session_.sources.applicationActivated("application", getpid());
+    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, qApp,
+                     [&] { ++wakeUps; });
+    QTimer::singleShot(500, qApp, [] { QCoreApplication::exit(); }); // Looks would be each 32 ms.
+    QCoreApplication::exec();
+    EXPECT_LT(wakeUps, 15) << "of which some are the start's";
 }
 
 TEST_F(Fcitx5InputSourcesTest, WhatNoDaemonEverListedChangesNothingWhileItIsAway) {
