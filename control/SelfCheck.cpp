@@ -1,6 +1,7 @@
 #include "control/SelfCheck.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <utility>
 
 namespace quorvane {
@@ -12,6 +13,11 @@ constexpr int timeToLook = 3; // seconds
 constexpr std::size_t widthOfNames = 18;
 
 } // namespace
+
+void printLine(const std::string& line) {
+    std::puts(line.c_str());
+    std::fflush(stdout);
+}
 
 SelfCheck::SelfCheck(Desktop& desktop, Tell tell, OwnFacts ownFacts)
     : desktop_(desktop)

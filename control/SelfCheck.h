@@ -9,6 +9,9 @@
 
 namespace quorvane {
 
+/// Onto the standard output, at once: should a question never be answered, this is what shows which.
+void printLine(const std::string& line);
+
 /// What this desktop answers to the program, a line for each fact, so that somebody who sits before it can
 /// send what a bug report needs.
 ///

@@ -1,34 +1,22 @@
 #include "platform/linux/SelfCheckRun.h"
 
-#include <cstdio>
-#include <string>
-
 #include <QApplication>
 
 #include "control/SelfCheck.h"
 #include "platform/linux/LinuxDesktop.h"
 
 namespace quorvane {
-namespace {
-
-/// At once: should a question never be answered, this is what shows which.
-void print(const std::string& line) {
-    std::puts(line.c_str());
-    std::fflush(stdout);
-}
-
-} // namespace
 
 int runSelfCheck(const OpenedSession& session) {
     const bool isAlone = session.instance().becomeTheOne(SingleInstance::IfAnotherRuns::leaveIt);
     if (!isAlone && session.servesOnlyOne()) {
-        print(
+        printLine(
             "Quorvane runs, and this desktop answers one instance at a time. End that one first, or ask it: "
             "quorvanectl status; quorvanectl doctor");
         return 0;
     }
     LinuxDesktop linuxDesktop(session.start(), LinuxDesktop::Purpose::lookAround);
-    SelfCheck check(linuxDesktop.desktop(), print, [&](const TellFact& tell) {
+    SelfCheck check(linuxDesktop.desktop(), printLine, [&](const TellFact& tell) {
         const auto& report = linuxDesktop.report();
         const auto trouble = report.settingsTrouble();
         tell("system", QSysInfo::prettyProductName().toStdString() + ", " +
