@@ -27,6 +27,7 @@ AppDelegate::AppDelegate(Desktop& desktop)
     : desktop_(desktop)
     , standardDefaults_(desktop.defaults.standardUserDefaults())
     , interface_(desktop.interfaceFiles.mainInterface())
+    , focusReset_(interface_.window, desktop.runLoop, standardDefaults_)
     , companion_(desktop.workspace, desktop.defaults, desktop.distributedNotifications)
     , inputSwitch_(desktop.inputSources, desktop.defaults, desktop.workspace, desktop.facts.launchers,
                    openLaunchers_, companion_, [this] { reset(); })
@@ -188,11 +189,6 @@ void AppDelegate::observeValueForKeyPath(std::string_view keyPath) {
 
 void AppDelegate::updateStatusBarItem() {
     statusBarIcon_.setHidden(standardDefaults_.boolForKey(key::hiddenIconInStatusBar));
-}
-
-void AppDelegate::reset() {
-    interface_.window.makeKeyAndOrderFront();
-    interface_.window.orderOut();
 }
 
 void AppDelegate::restart() {

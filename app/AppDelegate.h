@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "app/FocusReset.h"
 #include "app/LaunchAtLoginController.h"
 #include "app/LoginItemsReminder.h"
 #include "app/StatusBarIcon.h"
@@ -57,7 +58,7 @@ public:
     void updateStatusBarItem();
 
     /// Orders the delegate's window in and out, so that a selection takes effect in the application in front.
-    void reset();
+    void reset() { focusReset_.reset(); }
 
     /// Starts a new instance of the program and ends this one at once.
     void restart();
@@ -83,6 +84,7 @@ private:
     StandardUserDefaults& standardDefaults_;
     MainInterface interface_;
 
+    FocusReset focusReset_;
     CompanionLink companion_;
     OpenLaunchers openLaunchers_;
     InputSwitch inputSwitch_;

@@ -1,9 +1,12 @@
 #include "control/PlainValue.h"
 
-#include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
+#include <locale>
 #include <optional>
+#include <sstream>
+#include <string>
 #include <string_view>
 
 namespace quorvane {
@@ -16,10 +19,36 @@ PropertyList wrapped(const char* key, PropertyList value) {
     return PropertyList::Dictionary{{key, std::move(value)}};
 }
 
+// By streams: not every standard library converts real numbers otherwise without the user's decimal point.
+
+std::optional<double> realOf(const std::string& text) {
+    const bool isNegative = text.starts_with('-');
+    const auto magnitude = std::string_view(text).substr(isNegative ? 1 : 0);
+    for (const double special :
+         {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()})
+        if (magnitude == (std::isnan(special) ? "nan" : "inf")) return isNegative ? -special : special;
+    std::istringstream stream(text);
+    stream.imbue(std::locale::classic());
+    double number = 0;
+    const bool isWhole =
+        (stream >> std::noskipws >> number) && stream.peek() == std::istringstream::traits_type::eof();
+    return isWhole ? std::optional(number) : std::nullopt;
+}
+
+/// As short as it can be and still come back as the same number.
 std::string textOfReal(double number) {
-    std::array<char, 32> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
-    return {text.data(), end};
+    if (!std::isfinite(number)) return std::isnan(number) ? "nan" : number > 0 ? "inf" : "-inf";
+    constexpr int mostDigits = std::numeric_limits<double>::max_digits10;
+    std::string text;
+    for (int digits = std::numeric_limits<double>::digits10; digits <= mostDigits; ++digits) {
+        std::ostringstream stream;
+        stream.imbue(std::locale::classic());
+        stream.precision(digits);
+        stream << number;
+        text = stream.str();
+        if (realOf(text) == number) break;
+    }
+    return text;
 }
 
 std::string textOfData(const PropertyList::Data& data) {
@@ -36,11 +65,7 @@ bool looksWrapped(const PropertyList::Dictionary& dictionary) {
 
 std::optional<double> realOf(const PropertyList& value) {
     const auto* text = value.string();
-    double number = 0;
-    if (!text) return std::nullopt;
-    const auto* end = text->data() + text->size();
-    const auto read = std::from_chars(text->data(), end, number);
-    return read.ec == std::errc() && read.ptr == end ? std::optional(number) : std::nullopt;
+    return text ? realOf(*text) : std::nullopt;
 }
 
 std::optional<PropertyList::Data> dataOf(const PropertyList& value) {

@@ -15,46 +15,46 @@
 namespace quorvane {
 namespace {
 
-constexpr const char* none = "none";
+constexpr const char* nothing = "none";
 
-std::string text(double number) {
+std::string factOf(double number) {
     std::ostringstream digits;
     digits << number;
     return std::move(digits).str();
 }
 
-std::string text(Size size) {
-    return text(size.width) + " x " + text(size.height);
+std::string factOf(Size size) {
+    return factOf(size.width) + " x " + factOf(size.height);
 }
 
-std::string text(const Rect& rect) {
-    return text(Size{rect.width, rect.height}) + " at " + text(rect.x) + ", " + text(rect.y);
+std::string factOf(const Rect& rect) {
+    return factOf(Size{rect.width, rect.height}) + " at " + factOf(rect.x) + ", " + factOf(rect.y);
 }
 
-std::string text(const ImageRef& image) {
-    return image ? text(image->size()) : none;
+std::string factOf(const ImageRef& image) {
+    return image ? factOf(image->size()) : nothing;
 }
 
 // Each of the following asks one port -----------------------------------------------------------------------
 
-std::string text(const std::optional<InputSource>& source, const TextInputSources& sources) {
-    return source ? textOf(Named{source->id, sources.localizedName(*source)}) : none;
+std::string factOf(const std::optional<InputSource>& source, const TextInputSources& sources) {
+    return source ? textOf(Named{source->id, sources.localizedName(*source)}) : nothing;
 }
 
 void askSources(const Desktop& desktop, const TellFact& tell) {
     const auto& sources = desktop.inputSources;
     const auto list = sources.createInputSourceList();
-    if (list.empty()) tell("source", none);
+    if (list.empty()) tell("source", nothing);
     for (const auto& source : list) {
-        auto fact = text(source, sources);
+        auto fact = factOf(source, sources);
         if (source.category != InputSourceCategory::keyboard) fact += ", not of a keyboard";
         if (!source.isSelectCapable) fact += ", cannot be selected";
         if (source.hasIconReference) fact += ", icon drawn by the desktop";
         if (!source.iconImageURL.empty()) fact += ", icon in a file";
-        tell("source", fact + ", icon " + text(loadIcon(source, sources, desktop.images)));
+        tell("source", fact + ", icon " + factOf(loadIcon(source, sources, desktop.images)));
     }
-    tell("current source", text(sources.copyCurrentKeyboardInputSource(), sources));
-    tell("current layout", text(sources.copyCurrentKeyboardLayoutInputSource(), sources));
+    tell("current source", factOf(sources.copyCurrentKeyboardInputSource(), sources));
+    tell("current layout", factOf(sources.copyCurrentKeyboardLayoutInputSource(), sources));
     tell("switches ahead", desktop.switchingAhead ? "yes" : "no");
 }
 
@@ -63,15 +63,15 @@ void askWorkspace(const Desktop& desktop, const TellFact& tell) {
     tell("in front",
          front ? textOf(Named{front->bundleIdentifier.value_or("no identifier"), front->localizedName}) +
                      ", process " + std::to_string(front->processIdentifier)
-               : none);
+               : nothing);
     const auto path = front && front->bundleIdentifier
                           ? desktop.applicationBundles.absolutePathForAppBundle(*front->bundleIdentifier)
                           : std::nullopt;
     if (path)
         tell("its bundle", desktop.applicationBundles.displayNameAtPath(*path) + ", icon " +
-                               text(desktop.applicationBundles.iconForFile(*path)));
+                               factOf(desktop.applicationBundles.iconForFile(*path)));
     else
-        tell("its bundle", none);
+        tell("its bundle", nothing);
     tell("applications", std::to_string(desktop.workspace.runningApplications().size()));
     const CompanionLink companion(desktop.workspace, desktop.defaults, desktop.distributedNotifications);
     tell("companion", companion.isRunning() ? "runs" : "does not run");
@@ -79,11 +79,11 @@ void askWorkspace(const Desktop& desktop, const TellFact& tell) {
 
 void askWindows(const Desktop& desktop, const TellFact& tell) {
     const auto windows = desktop.windowList.windows();
-    if (windows.empty()) tell("window", none);
+    if (windows.empty()) tell("window", nothing);
     for (const auto& window : windows) {
         const auto* name = !window.name ? "no name told" : window.name->empty() ? "an empty name" : "a name";
         tell("window", window.ownerName.value_or("no owner told") + ", layer " +
-                           std::to_string(window.layer) + ", " + text(window.bounds) + ", " + name +
+                           std::to_string(window.layer) + ", " + factOf(window.bounds) + ", " + name +
                            (window.isOnScreen ? "" : ", not on the screen"));
     }
     std::string launchers = desktop.facts.launchers.areTold ? "told by the desktop:" : "looked for:";
@@ -94,17 +94,17 @@ void askWindows(const Desktop& desktop, const TellFact& tell) {
     tell("launchers", launchers);
 }
 
-std::string text(const std::optional<Screen>& screen) {
-    if (!screen) return none;
-    return "number " + std::to_string(screen->number) + ", " + text(screen->frame) + ", " +
+std::string factOf(const std::optional<Screen>& screen) {
+    if (!screen) return nothing;
+    return "number " + std::to_string(screen->number) + ", " + factOf(screen->frame) + ", " +
            std::to_string(screen->depth) + " bits";
 }
 
 void askScreens(const Desktop& desktop, const TellFact& tell) {
-    tell("main screen", text(desktop.screens.mainScreen()));
-    tell("deepest screen", text(desktop.screens.deepestScreen()));
+    tell("main screen", factOf(desktop.screens.mainScreen()));
+    tell("deepest screen", factOf(desktop.screens.deepestScreen()));
     const auto hotSpot = desktop.cursor.hotSpot();
-    tell("hot spot", hotSpot ? text(hotSpot->x) + ", " + text(hotSpot->y) : none);
+    tell("hot spot", hotSpot ? factOf(hotSpot->x) + ", " + factOf(hotSpot->y) : nothing);
 }
 
 /// How much there is, not what.
@@ -117,8 +117,8 @@ std::string amountOf(const PropertyList& value) {
 }
 
 template <std::size_t count>
-std::string text(std::string_view domain, const UserDefaults& store,
-                 const std::array<std::string_view, count>& keys) {
+std::string factOf(std::string_view domain, const UserDefaults& store,
+                   const std::array<std::string_view, count>& keys) {
     std::string fact(domain);
     for (const auto key : keys)
         if (const auto value = store.objectForKey(key); !value.isNothing())
@@ -140,8 +140,8 @@ void askSettings(const Desktop& desktop, const TellFact& tell) {
                              key::enableForceEnglishBrowserAddress};
     constexpr std::array shared{key::switchTimes, key::arrOfLocationInfo, key::askTandrelSwitchInput,
                                 key::autoInput, key::enableForceEnglishBrowserAddress};
-    tell("own settings", text(maker::bundleIdentifier, desktop.defaults.standardUserDefaults(), own));
-    tell("shared settings", text(maker::sharedSuiteName, *openSharedDefaults(desktop.defaults), shared));
+    tell("own settings", factOf(maker::bundleIdentifier, desktop.defaults.standardUserDefaults(), own));
+    tell("shared settings", factOf(maker::sharedSuiteName, *openSharedDefaults(desktop.defaults), shared));
     const auto isEnabled = desktop.loginItems.isEnabled(maker::loginItemIdentifier);
     tell("login item", !isEnabled ? "not told" : *isEnabled ? "on" : "off");
 }
@@ -149,7 +149,7 @@ void askSettings(const Desktop& desktop, const TellFact& tell) {
 void askApplication(const Desktop& desktop, const TellFact& tell) {
     constexpr auto localizedKey = "Preferences…";
     tell("text", desktop.application.localizedString(localizedKey));
-    tell("picture", "menuBarIcon " + text(desktop.images.imageNamed("menuBarIcon")));
+    tell("picture", "menuBarIcon " + factOf(desktop.images.imageNamed("menuBarIcon")));
     tell("time", std::to_string(static_cast<std::int64_t>(desktop.clock.secondsSince1970())));
 }
 

@@ -1,7 +1,7 @@
 #include "control/SelfCheck.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <iostream>
 #include <utility>
 
 namespace quorvane {
@@ -15,8 +15,7 @@ constexpr std::size_t widthOfNames = 18;
 } // namespace
 
 void printLine(const std::string& line) {
-    std::puts(line.c_str());
-    std::fflush(stdout);
+    std::cout << line << std::endl; // which flushes
 }
 
 SelfCheck::SelfCheck(Desktop& desktop, Tell tell, OwnFacts ownFacts)

@@ -7,6 +7,12 @@ namespace {
 
 constexpr double distanceFromWindowEdge = 22; // points, both from the right and from the top
 constexpr double distanceFromScreenEdge = 20; // points
+constexpr double furthest = 100'000;          // points: beyond any screen, and within what any window takes
+
+/// Also for what is no number.
+double within(double place) {
+    return std::max(-furthest, std::min(furthest, place));
+}
 
 } // namespace
 
@@ -26,7 +32,7 @@ Point indicatorOrigin(const PropertyList& followedBounds, const Rect& mainScreen
     // The deepest screen turns top-left into bottom-left coordinates; the main one is added and taken away.
     const auto y =
         mainScreen.height - number("Y") - mainScreen.height + deepestScreen.height - distanceFromWindowEdge;
-    return {x, y};
+    return {within(x), within(y)};
 }
 
 } // namespace quorvane

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -14,6 +16,14 @@ struct Alert {
 };
 
 inline constexpr int alertFirstButtonReturn = 1000; ///< The second button answers 1001, and so on.
+
+/// What an alert with so many buttons answers when the one at this place was pressed, counted from 0. Ended
+/// from outside, for instance when the program is told to quit, it was answered by none: then its last one
+/// counts.
+constexpr int alertResponse(std::int64_t button, std::int64_t buttons) {
+    const auto last = std::max<std::int64_t>(buttons - 1, 0);
+    return alertFirstButtonReturn + static_cast<int>(button >= 0 && button <= last ? button : last);
+}
 
 struct AlertAnswer {
     int response = 0;

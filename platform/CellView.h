@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -39,6 +40,18 @@ struct PopUpButtonPart {
     bool isBordered = true;
     std::function<void(const std::string& title)> action; ///< The user has chosen an item.
     std::function<void(int tag)> willPopUp;               ///< The menu is about to open.
+
+    /// By its place, since titles may repeat; 0 for an empty menu, too.
+    int selectedItem() const {
+        const auto found = std::ranges::find(itemTitles, title);
+        return found == itemTitles.end() ? 0 : static_cast<int>(found - itemTitles.begin());
+    }
+
+    /// The user has chosen the item at this place; nothing happens when there is none.
+    void choose(std::int64_t item) const {
+        if (action && item >= 0 && item < static_cast<std::int64_t>(itemTitles.size()))
+            action(itemTitles[static_cast<std::size_t>(item)]);
+    }
 };
 
 struct CheckBoxPart {

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <cstdlib>
 #include <limits>
+#include <locale>
+#include <sstream>
 #include <type_traits>
 
 namespace quorvane {
@@ -40,6 +42,17 @@ std::int64_t PropertyList::integerValue() const {
     if (const auto* value = real()) return wholeNumber(*value);
     if (const auto* text = string()) return std::strtoll(text->c_str(), nullptr, 10);
     return 0;
+}
+
+double PropertyList::realValue() const {
+    if (const auto* value = real()) return *value;
+    const auto* text = string();
+    if (!text) return static_cast<double>(integerValue());
+    std::istringstream stream(*text);
+    stream.imbue(std::locale::classic()); // whatever the user's language writes for the point
+    double value = 0;
+    stream >> value;
+    return value;
 }
 
 const PropertyList& PropertyList::operator[](std::string_view key) const {

@@ -60,6 +60,10 @@ public:
     /// range, numerals in strings are read, everything else (and what is not a number) is 0.
     std::int64_t integerValue() const;
 
+    /// The value as a number: numerals at the beginning of strings are read, with a point, everything else is
+    /// 0.
+    double realValue() const;
+
     /// The entry of a dictionary; nothing when the key is missing or this is no dictionary.
     const PropertyList& operator[](std::string_view key) const;
 

@@ -1,12 +1,14 @@
 #pragma once
 
+#include <array>
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-#include "platform/Subscription.h"
+#include "platform/Signal.h"
 
 namespace quorvane {
 
@@ -49,7 +51,18 @@ public:
     virtual std::optional<RunningApplication> frontmostApplication() const = 0;
 
     virtual Subscription addObserver(WorkspaceNotification notification,
-                                     std::function<void(const RunningApplication&)> handler) = 0;
+                                     std::function<void(const RunningApplication&)> handler) {
+        return posted_.at(static_cast<std::size_t>(notification)).connect(std::move(handler));
+    }
+
+protected:
+    /// Calls the observers of this notification.
+    void post(WorkspaceNotification notification, const RunningApplication& application) const {
+        posted_.at(static_cast<std::size_t>(notification)).emit(application);
+    }
+
+private:
+    std::array<Signal<const RunningApplication&>, 4> posted_; ///< One for each notification.
 };
 
 } // namespace quorvane

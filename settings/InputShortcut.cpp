@@ -1,8 +1,6 @@
 #include "settings/InputShortcut.h"
 
-#include <algorithm>
-#include <array>
-
+#include "settings/KeyNames.h"
 #include "settings/Keys.h"
 #include "settings/ReadCopyChangeWrite.h"
 
@@ -11,10 +9,6 @@ namespace {
 
 constexpr std::string_view keyCodeKey = "keyCode";
 constexpr std::string_view modifierFlagsKey = "modifierFlags";
-
-/// F1 to F20, in this order.
-constexpr std::array<std::int64_t, 20> functionKeyCodes = {122, 120, 99,  118, 96,  97,  98, 100, 101, 109,
-                                                           103, 111, 105, 107, 113, 106, 64, 79,  80,  90};
 
 } // namespace
 
@@ -31,7 +25,7 @@ PropertyList InputShortcut::record() const {
 }
 
 bool InputShortcut::isFunctionKey(std::int64_t keyCode) {
-    return std::ranges::find(functionKeyCodes, keyCode) != functionKeyCodes.end();
+    return !nameIn(functionKeys, keyCode).empty();
 }
 
 void setShortcut(UserDefaults& standard, std::string_view inputSourceID, const PropertyList& record) {

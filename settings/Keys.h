@@ -19,6 +19,9 @@ inline constexpr std::string_view defaultInput = "defaultInput";                
 inline constexpr std::string_view orderOfAppsRule = "orderOfAppsRule";     // array of bundle identifiers
 inline constexpr std::string_view notDisplayAppName = "notDisplayAppName"; // array of bundle identifiers
 inline constexpr std::string_view shortcutOfInput = "shortcutOfInput";     // input source id to InputShortcut
+inline constexpr std::string_view timeWithFocus =
+    "timeWithFocus"; // number of seconds, for systems that need it: how long a window of the program takes
+                     // the keyboard focus after a selection. No widget changes it.
 
 // In the standard defaults, mirrored to the shared suite for the companion application.
 inline constexpr std::string_view autoInput = "autoInput"; // bundle identifier to AppRule

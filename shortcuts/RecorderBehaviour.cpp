@@ -6,6 +6,24 @@
 
 namespace quorvane {
 
+RecorderBehaviour::Role RecorderBehaviour::roleOf(std::int64_t keyCode) {
+    switch (keyCode) {
+    case 0x35: // Escape
+        return Role::leaves;
+    case 0x24: // Return
+    case 0x31: // Space
+    case 0x4c: // Enter
+        return Role::begins;
+    case 0x33: // Backspace
+    case 0x75: // Delete
+        return Role::clears;
+    case 0x30: // Tab
+        return Role::movesOn;
+    default:
+        return Role::none;
+    }
+}
+
 void RecorderBehaviour::setObjectValue(PropertyList value, bool hasEntry) {
     objectValue_ = std::move(value);
     hasEntry_ = hasEntry;

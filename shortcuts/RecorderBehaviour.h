@@ -30,6 +30,9 @@ public:
         movesOn, ///< Tab: ends a recording, and goes to the next control.
     };
 
+    /// By the program's key code.
+    static Role roleOf(std::int64_t keyCode);
+
     struct Key {
         std::uint32_t number = 0;            ///< The desktop's own: it comes again with the release.
         std::optional<std::int64_t> keyCode; ///< None for a key that no hot key can have.

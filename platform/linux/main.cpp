@@ -19,7 +19,7 @@
 #include "platform/linux/appearance/ColorScheme.h"
 #include "platform/linux/control/ControlService.h"
 #include "platform/linux/dbus/SessionBus.h"
-#include "platform/linux/input-methods/ibus/IBusTextInput.h"
+#include "platform/linux/text-input/IBusTextInput.h"
 #include "platform/linux/localization/Translations.h"
 #include "platform/linux/qt/ProgramIcon.h"
 #include "platform/linux/qt/TemplateIcon.h"

@@ -20,15 +20,12 @@ Subscription SimulatedWorkspace::addObserver(WorkspaceNotification notification,
                                              std::function<void(const RunningApplication&)> handler) {
     constexpr std::array names = {"activations", "unhides", "launches", "leaves"};
     journal_.add("observe ", names.at(static_cast<std::size_t>(notification)));
-    return posted_.connect([notification, handler = std::move(handler)](
-                               WorkspaceNotification posted, const RunningApplication& application) {
-        if (posted == notification) handler(application);
-    });
+    return Workspace::addObserver(notification, std::move(handler));
 }
 
 void SimulatedWorkspace::launch(const RunningApplication& application) {
     running_.push_back(application);
-    posted_.emit(WorkspaceNotification::didLaunchApplication, application);
+    post(WorkspaceNotification::didLaunchApplication, application);
 }
 
 void SimulatedWorkspace::launch(const std::string& bundleIdentifier, ActivationPolicy policy) {
@@ -42,7 +39,7 @@ void SimulatedWorkspace::quit(std::string_view bundleIdentifier) {
     if (!frontmost_ || frontmost_->bundleIdentifier != bundleIdentifier) return;
     const RunningApplication left = *frontmost_;
     activateNext();
-    if (!frontmost_) posted_.emit(WorkspaceNotification::didLeaveFront, left);
+    if (!frontmost_) post(WorkspaceNotification::didLeaveFront, left);
 }
 
 void SimulatedWorkspace::hide(std::string_view bundleIdentifier) {
@@ -70,13 +67,13 @@ void SimulatedWorkspace::activate(const RunningApplication& application) {
                           [&](const RunningApplication& other) { return other != application; });
     const bool wasHidden = hidden_.erase(application.bundleIdentifier.value_or("")) > 0;
     frontmost_ = application;
-    posted_.emit(WorkspaceNotification::didActivateApplication, application);
-    if (wasHidden) posted_.emit(WorkspaceNotification::didUnhideApplication, application);
+    post(WorkspaceNotification::didActivateApplication, application);
+    if (wasHidden) post(WorkspaceNotification::didUnhideApplication, application);
 }
 
 void SimulatedWorkspace::unhide(std::string_view bundleIdentifier) {
     for (const auto& application : runningApplicationsWithBundleIdentifier(bundleIdentifier))
-        posted_.emit(WorkspaceNotification::didUnhideApplication, application);
+        post(WorkspaceNotification::didUnhideApplication, application);
 }
 
 } // namespace quorvane

@@ -49,7 +49,6 @@ private:
     std::vector<RunningApplication> running_; // the one that was in front last comes last
     std::set<std::string, std::less<>> hidden_;
     std::optional<RunningApplication> frontmost_;
-    Signal<WorkspaceNotification, const RunningApplication&> posted_;
 };
 
 /// Applications installed by hand: a path for each bundle identifier, a name and an icon for each path.

@@ -12,11 +12,11 @@ using Dictionary = PropertyList::Dictionary;
 
 TEST(IndicatorOrigin, IsInTheWindowsTopRightCorner) {
     const Rect screen{0, 0, 1440, 900}, second{1440, -180, 1920, 1080}, wide{0, 0, 1e30, 900},
-        odd{0, 0, 16777237, 900};
+        odd{0, 0, 20020.1, 900};
     constexpr auto nan = std::numeric_limits<double>::quiet_NaN();
     constexpr auto infinity = std::numeric_limits<double>::infinity();
     constexpr auto largest = std::numeric_limits<std::int64_t>::max();
-    constexpr auto twiceLargest = 2 * static_cast<double>(largest);
+    constexpr auto smallest = std::numeric_limits<std::int64_t>::min();
     const auto window = boundsDictionary({100, 50, 1000, 600});
     const auto bounds = [](PropertyList x, PropertyList y, PropertyList width) -> PropertyList {
         return Dictionary{{"X", std::move(x)}, {"Y", std::move(y)}, {"Width", std::move(width)}};
@@ -38,9 +38,11 @@ TEST(IndicatorOrigin, IsInTheWindowsTopRightCorner) {
         {"other types", bounds("100", true, Dictionary{}), screen, screen, {78, 877}},
         {"no screens", window, {}, {}, {-20, -72}},
         {"no numbers", bounds(nan, nan, nan), screen, screen, {-22, 878}},
-        {"as large as it gets", bounds(largest, {}, infinity), wide, screen, {twiceLargest - 22, 878}},
-        {"as small as it gets", bounds(-infinity, {}, -1e300), screen, screen, {-twiceLargest - 22, 878}},
-        {"single precision", bounds(0, 0, 2e9), odd, screen, {16777216, 878}},
+        {"as large as it gets", bounds(largest, {}, infinity), wide, screen, {100'000, 878}},
+        {"as small as it gets", bounds(-infinity, {}, -1e300), screen, screen, {-100'000, 878}},
+        {"as high as it gets", Dictionary{{"Y", smallest}}, screen, screen, {-22, 100'000}},
+        {"as low as it gets", Dictionary{{"Y", largest}}, screen, screen, {-22, -100'000}},
+        {"single precision", bounds(0, 0, 2e9), odd, screen, {20000.1F, 878}},
     };
     // clang-format on
     for (const auto& expected : cases)

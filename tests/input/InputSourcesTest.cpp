@@ -5,6 +5,7 @@
 #include "input/IconLoading.h"
 #include "input/InputSourceCatalogue.h"
 #include "input/MonochromeTest.h"
+#include "platform/TemplateShape.h"
 #include "support/ProgramTest.h"
 
 namespace quorvane {
@@ -98,6 +99,25 @@ TEST(MonochromeTest, TellsIconsOfOneColourFromColouredOnes) {
     for (const auto& picture : pictures)
         EXPECT_EQ(isMonochrome(picture.size, picture.bytes), picture.isMonochrome) << picture.what;
     EXPECT_FALSE(isMonochrome(nullptr));
+}
+
+TEST(TemplateShape, IsOneGreyOnAClearGround) {
+    const std::tuple<const char*, Bytes, bool> pictures[] = {
+        {"black letter on a clear ground", {0, 0, 0, 255, 0, 0, 0, 90, 0, 0, 0, 0}, true},
+        {"white, half transparent at its edge", {255, 255, 255, 255, 140, 140, 140, 140, 0, 0, 0, 0}, true},
+        {"nearly black", {30, 28, 31, 255, 0, 0, 0, 0}, true},
+        {"two greys", {30, 30, 30, 255, 90, 90, 90, 255, 0, 0, 0, 0}, false},
+        {"white letter on black", {255, 255, 255, 255, 0, 0, 0, 255}, false},
+        {"black ground, clear letter and a red mark", {0, 0, 0, 255, 0, 0, 0, 0, 200, 0, 0, 255}, false},
+        {"dark red, half transparent", {70, 0, 0, 140, 0, 0, 0, 0}, false},
+        {"a flag", {200, 30, 40, 255, 255, 255, 255, 255}, false},
+        {"all black", {0, 0, 0, 255, 0, 0, 0, 255}, false},
+        {"all clear", {0, 0, 0, 0, 0, 0, 0, 0}, false},
+        {"nothing", {}, false},
+        {"half a pixel more", {0, 0, 0, 255, 0, 0, 0, 0, 255, 255}, true},
+    };
+    for (const auto& [name, pixels, isShape] : pictures)
+        EXPECT_EQ(isTemplateShape(pixels), isShape) << name;
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 #include "platform/macos/CFValues.h"
 #include "platform/macos/input/TISInputSources.h"
 #include "platform/macos/keyboard/CarbonHotKeys.h"
+#include "platform/macos/recorder/KeyNames.h"
 #include "platform/macos/windows/CGWindowList.h"
 #include "platform/simulated/SimulatedImage.h"
 
@@ -31,18 +32,22 @@ struct MacBench : Bench, FreshSystem {
 class MacInputSourcesBench : public MacBench<TextInputSourcesBench> {
 public:
     MacInputSourcesBench() {
-        for (const auto* id : {"xkb:us", "xkb:ru", "xkb:de:neo"})
+        for (const auto* id : {"xkb:us", "xkb:ru", "xkb:de:neo", "xkb:nosuch"})
             system().sources.push_back({{"TISPropertyInputSourceID", id},
                                         {"TISPropertyInputSourceCategory", "TISCategoryKeyboardInputSource"},
                                         {"TISPropertyInputSourceIsSelectCapable", true},
                                         {"TISPropertyLocalizedName", std::string("name of ") + id}});
+        disable("xkb:nosuch");
     }
     TextInputSources& sources() override { return sources_; }
     int changesTold() const override { return system().selectionsTold; }
     void selectFromOutside(const std::string& id) override { system().select(id); }
     void disable(const std::string& id) override {
         auto& sources = system().sources;
-        std::erase_if(sources, [&](Dictionary& each) { return each["TISPropertyInputSourceID"] == id; });
+        const auto disabled = std::ranges::find_if(
+            sources, [&](Dictionary& each) { return each["TISPropertyInputSourceID"] == id; });
+        system().installedSources.push_back(std::move(*disabled));
+        sources.erase(disabled);
         if (system().selectedID == id) system().select(*sources[0]["TISPropertyInputSourceID"].string());
     }
 
@@ -57,8 +62,8 @@ public:
         system().press(static_cast<UInt32>(combination.keyCode), modifiersOf(combination));
     }
     void takeFromOutside(const KeyCombination& combination) override {
-        system().combinationsOfOthers.push_back(standins::System::combination(
-            static_cast<UInt32>(combination.keyCode), modifiersOf(combination)));
+        system().combinationsOfOthers[standins::System::combination(static_cast<UInt32>(combination.keyCode),
+                                                                    modifiersOf(combination))] = true;
     }
 
 private:
@@ -145,7 +150,8 @@ TEST_F(MacServices, WindowsAreDescribedAsFarAsTheSystemTells) {
     const CGWindowList list;
     EXPECT_THAT(list.windows(),
                 ElementsAre(WindowDescription{"Alpha", "Übung", {100, 120.5, 300, 200}, 101, true},
-                            WindowDescription{}, WindowDescription{.name = "", .isOnScreen = true},
+                            WindowDescription{.isOnScreen = true},
+                            WindowDescription{.name = "", .isOnScreen = true},
                             WindowDescription{.layer = -2147483601, .isOnScreen = true}));
     system().hasWindowServer = false;
     EXPECT_THAT(list.windows(), IsEmpty());
@@ -183,7 +189,7 @@ TEST_F(MacServices, HotKeysRestWhileTheyAreSuspended) {
     EXPECT_FALSE(add(early)) << "this program has it, though the system does not know";
     const auto third = add(late);
     const auto fourth = add(taken);
-    system().combinationsOfOthers.push_back(standins::System::combination(0x60, 0));
+    system().combinationsOfOthers = {{standins::System::combination(0x60, 0), true}};
     EXPECT_FALSE(add({0x60, ModifierFlag::capsLock}));
     second->end();
     EXPECT_THAT(firedOfAll(), IsEmpty());
@@ -196,9 +202,49 @@ TEST_F(MacServices, HotKeysRestWhileTheyAreSuspended) {
     inner = CarbonHotKeys().suspend(); // which ends before what it returned
 }
 
+TEST_F(MacServices, HotKeysAreSharedWithOtherPrograms) {
+    constexpr KeyCombination combination{0x28, 0}, foreign{0x26, 0};
+    system().combinationsOfOthers = {{standins::System::combination(0x28, 0), false}};
+    CarbonHotKeys hotKeys;
+    int fired = 0;
+    const auto mine = hotKeys.registerHotKey(combination, [&] { ++fired; });
+    ASSERT_TRUE(mine) << "though another program has it, too";
+    EXPECT_EQ(system().press(0x28, 0), noErr);
+    EXPECT_EQ(fired, 1);
+    EXPECT_EQ(system().pressesOfOthers, 1);
+
+    // Somebody else in this process counts their own from the beginning, too.
+    EventHotKeyRef theirs = nullptr;
+    RegisterEventHotKey(0x26, 0, {0x6f74'6872, 1}, GetEventDispatcherTarget(), 0, &theirs);
+    EXPECT_FALSE(hotKeys.registerHotKey(foreign, [] {}));
+    EXPECT_EQ(system().press(0x26, 0), eventNotHandledErr);
+    EXPECT_EQ(fired, 1);
+    UnregisterEventHotKey(theirs);
+}
+
+TEST_F(MacServices, AnInputMethodHasALayoutOfItsOwn) {
+    for (const auto* id : {"method", "layout"})
+        system().sources.push_back({{"TISPropertyInputSourceID", id}});
+    system().layoutsOfInputMethods = {{"method", "layout"}};
+    system().select("method");
+    const TISInputSources sources({});
+    EXPECT_EQ(sources.copyCurrentKeyboardInputSource()->id, "method");
+    EXPECT_EQ(sources.copyCurrentKeyboardLayoutInputSource()->id, "layout");
+}
+
 TEST_F(MacServices, BelongToTheMainThread) {
-    EXPECT_DEATH(std::thread([] { TISInputSources({}).createInputSourceList(); }).join(), "main thread");
-    EXPECT_DEATH(std::thread([] { CarbonHotKeys(); }).join(), "main thread");
+    TISInputSources sources({});
+    const std::function<void()> uses[] = {[&] { sources.createInputSourceList(); },
+                                          [&] { sources.createInputSourceList("a"); },
+                                          [&] { sources.copyCurrentKeyboardInputSource(); },
+                                          [&] { sources.copyCurrentKeyboardLayoutInputSource(); },
+                                          [&] { sources.selectInputSource({.id = "a"}); },
+                                          [&] { sources.localizedName({.id = "a"}); },
+                                          [&] { sources.iconOfReference({.id = "a"}); },
+                                          [] { nameOfKey(0, ""); },
+                                          [] { CarbonHotKeys(); }};
+    for (const auto& use : uses)
+        EXPECT_DEATH(std::thread(use).join(), "belong to the main thread");
 }
 
 TEST_F(MacServices, StringsAreWholeOrNothing) {

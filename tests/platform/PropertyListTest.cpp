@@ -28,6 +28,12 @@ TEST(PropertyList, ReadsEveryTypeAsATruthAndAsAWholeNumber) {
         EXPECT_EQ(readings[i].value.boolValue(), readings[i].asBool) << i;
         EXPECT_EQ(readings[i].value.integerValue(), readings[i].asInteger) << i;
     }
+    const std::pair<PropertyList, double> numbers[] = {
+        {{}, 0},      {true, 1},      {7, 7},
+        {-0.5, -0.5}, {"0.05", 0.05}, {" -1e3 points", -1000},
+        {"0,5", 0},   {"points", 0},  {PropertyList::Array{1}, 0}};
+    for (const auto& [value, number] : numbers)
+        EXPECT_EQ(value.realValue(), number);
 }
 
 TEST(PropertyList, ChangingACopyLeavesTheOriginalAlone) {

@@ -1,5 +1,6 @@
-// The contracts of the ports, on the simulated desktop.
+// The contracts of the ports, on the simulated desktop and on systems with manners of their own.
 
+#include "EchoingDefaults.h"
 #include "contracts/DistributedNotificationCenterContract.h"
 #include "contracts/HotKeysContract.h"
 #include "contracts/TextInputSourcesContract.h"
@@ -87,6 +88,31 @@ INSTANTIATE_TEST_SUITE_P(Simulated, DistributedNotificationCenterContract,
 INSTANTIATE_TEST_SUITE_P(Simulated, HotKeysContract, simulated<SimulatedHotKeysBench>());
 INSTANTIATE_TEST_SUITE_P(Simulated, TextInputSourcesContract, simulated<SimulatedInputSourcesBench>());
 INSTANTIATE_TEST_SUITE_P(Simulated, WorkspaceContract, simulated<SimulatedWorkspaceBench>());
+
+TEST(ObservedDomain, IsSilentAboutWhatIsNotKeptAndAboutOldNews) {
+    EchoingBench bench(Echo::late);
+    auto& own = bench.stores().standardUserDefaults().ownDomain();
+    std::vector<PropertyList> seen;
+    const auto observe = [&] {
+        return own.addObserver("key", [&](auto key) { seen.push_back(own.objectForKey(key)); });
+    };
+    const auto first = observe();
+    const auto second = observe();
+    own.setObject("cannot be kept", "key");
+    bench.writeFromOutside("", "key", "others'");
+    own.setObject("own", "key");
+    EXPECT_TRUE(bench.waitUntil([] { return true; }));
+    EXPECT_THAT(seen, testing::ElementsAre("own", "own")) << "to both observers";
+}
+
+template <Echo echo>
+std::unique_ptr<UserDefaultsBench> echoing() {
+    return std::make_unique<EchoingBench>(echo);
+}
+
+INSTANTIATE_TEST_SUITE_P(Echoing, UserDefaultsContract,
+                         testing::Values(echoing<Echo::atOnce>, echoing<Echo::late>, echoing<Echo::twice>,
+                                         echoing<Echo::onAnotherThread>, echoing<Echo::outOfOrder>));
 
 } // namespace
 } // namespace quorvane

@@ -13,12 +13,17 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Key = RecorderBehaviour::Key;
 using Modifiers = RecorderBehaviour::Modifiers;
-using Role = RecorderBehaviour::Role;
 using State = RecorderBehaviour::State;
 
 constexpr auto shift = ModifierFlag::shift, commandFlag = ModifierFlag::command;
-constexpr Key a{10, 0}, k{11, 40}, f5{12, 96}, unknown{13, std::nullopt}, escape{14, 53, Role::leaves},
-    space{15, 49, Role::begins}, remove{16, 51, Role::clears}, tab{17, 48, Role::movesOn};
+
+Key at(std::int64_t keyCode) {
+    return {static_cast<std::uint32_t>(keyCode) + 10, keyCode, RecorderBehaviour::roleOf(keyCode)};
+}
+
+const Key a = at(0), k = at(0x28), f5 = at(0x60), unknown{13, std::nullopt}, escape = at(0x35),
+          space = at(0x31), remove = at(0x33), forwardDelete = at(0x75), tab = at(0x30), returnKey = at(0x24),
+          enter = at(0x4c);
 constexpr Modifiers bare, capsLock{ModifierFlag::capsLock}, withShift{shift},
     withCommand{commandFlag | ModifierFlag::leftCommand}, altGr{0, true}, altGrAndCommand{commandFlag, true};
 
@@ -77,6 +82,9 @@ TEST_F(RecorderBehaviourTest, WhatEachKeyDoes) {
         {"Delete", remove, bare, {true, releasing, cleared}, {true, atRest, cleared}},
         {"Escape", escape, bare, {true, releasing, nothing}, {false, atRest, nothing}},
         {"Space", space, bare, {true, releasing, nothing}, {true, recording, nothing}},
+        {"Return", returnKey, bare, {true, releasing, nothing}, {true, recording, nothing}},
+        {"Enter", enter, bare, {true, releasing, nothing}, {true, recording, nothing}},
+        {"forward Delete", forwardDelete, bare, {true, releasing, cleared}, {true, atRest, cleared}},
         {"Tab", tab, bare, {false, atRest, nothing}, {false, atRest, nothing}},
         {"Shift Delete", remove, withShift, {true, releasing, recorded(remove, shift)}, {false, atRest, {}}},
         {"Command Escape",

@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -62,6 +64,10 @@ const Story activations[] = {
     {"the wait is for whoever is in front then",
      "screen:2 ru.app 0.19 de.app 1",
      {"0.29 " + switchTo("de"), "0.3 " + switchTo("de", "de", 2)}},
+    {"with the focus kept for a while, the later one gives it back",
+     "launch first.app own:timeWithFocus=0.1 1 | ru.app 0.05 de.app 1",
+     {"0.1 suite SwitchTimes = 1; keep us; list ru; select ru; window in",
+      "0.15 suite SwitchTimes = 2; keep ru; list de; select de; window in", "0.25 window out"}},
     {"two in quick succession",
      "ru.app 0.05 de.app 1",
      {"0.1 " + switchToRu, "0.15 " + switchTo("de", "ru", 2)}},
@@ -97,6 +103,26 @@ const Story activations[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Activations, Stories, testing::ValuesIn(activations));
+
+TEST_F(ProgramTest, TheFocusComesBackAtOnceOrWhenTheSettingSays) {
+    const Lines atOnce{"0 window in; window out"};
+    const std::pair<PropertyList, Lines> settings[] = {{{}, atOnce},
+                                                       {0, atOnce},
+                                                       {-1, atOnce},
+                                                       {"x", atOnce},
+                                                       {std::nan(""), atOnce},
+                                                       {0.05, {"0 window in", "0.05 window out"}},
+                                                       {"0.2", {"0 window in", "0.2 window out"}},
+                                                       {1e300, {"0 window in", "1 window out"}}};
+    play("launch |");
+    for (const auto& [setting, lines] : settings) {
+        standard_.setObject(setting, key::timeWithFocus);
+        desktop_.journal.take();
+        program_->reset();
+        desktop_.runLoop.advance(2);
+        EXPECT_EQ(desktop_.journal.take(), lines);
+    }
+}
 
 TEST_F(ProgramTest, ADesktopThatSwitchesAheadHasTheRulesWheneverTheProgramWouldSwitch) {
     auto& desktop = desktop_.desktop;

@@ -35,26 +35,12 @@ SessionWorkspace::runningApplicationsWithBundleIdentifier(std::string_view bundl
     return {};
 }
 
-Subscription SessionWorkspace::addObserver(WorkspaceNotification notification,
-                                           std::function<void(const RunningApplication&)> handler) {
-    switch (notification) {
-    case WorkspaceNotification::didActivateApplication:
-        return activated_.connect(std::move(handler));
-    case WorkspaceNotification::didUnhideApplication:
-        return unhidden_.connect(std::move(handler));
-    case WorkspaceNotification::didLaunchApplication:
-        return launched_.connect(std::move(handler));
-    case WorkspaceNotification::didLeaveFront:
-        return left_.connect(std::move(handler));
-    }
-    return {};
-}
-
 void SessionWorkspace::opened(WindowId window, const WindowOwner& owner, bool isHidden) {
     if (owner.launcher) return launchers_.add(window, *owner.launcher);
     const bool ranBefore = owner.id && background_ && background_->isRunning(*owner.id);
     const bool isNew = applications_.add(window, owner, isHidden);
-    if (isNew && !ranBefore) launched_.emit(*applications_.applicationOf(window));
+    if (isNew && !ranBefore)
+        post(WorkspaceNotification::didLaunchApplication, *applications_.applicationOf(window));
 }
 
 // First who comes to the front, then who went: a launcher that closes because another application came to the
@@ -70,8 +56,9 @@ void SessionWorkspace::activate(WindowId window) {
     activeWindow_ = window;
     front_ = application;
     const auto shownAgain = std::exchange(shownAgain_, std::nullopt);
-    activated_.emit(*application);
-    if (shownAgain && shownAgain == application->bundleIdentifier) unhidden_.emit(*application);
+    post(WorkspaceNotification::didActivateApplication, *application);
+    if (shownAgain && shownAgain == application->bundleIdentifier)
+        post(WorkspaceNotification::didUnhideApplication, *application);
 }
 
 // Shown again means that every window of it was minimised. The application in front is the one the user types
@@ -81,7 +68,7 @@ void SessionWorkspace::setHidden(WindowId window, bool isHidden) {
     if (!applications_.setHidden(window, isHidden)) return;
     const auto application = applications_.applicationOf(window);
     if (window == activeWindow_ || isInFront(application->bundleIdentifier)) {
-        unhidden_.emit(*application);
+        post(WorkspaceNotification::didUnhideApplication, *application);
     } else {
         shownAgain_ = application->bundleIdentifier;
     }
@@ -105,7 +92,7 @@ void SessionWorkspace::closed(WindowId window, bool isDestroyed, std::optional<W
     if (inFront) movedToFront(*inFront);
     const bool hasLeft =
         wasLast && activeWindow_ == noWindow && (wasActive || isInFront(application->bundleIdentifier));
-    if (hasLeft) left_.emit(*std::exchange(front_, std::nullopt));
+    if (hasLeft) post(WorkspaceNotification::didLeaveFront, *std::exchange(front_, std::nullopt));
 }
 
 bool SessionWorkspace::isInFront(const std::optional<std::string>& id) const {
@@ -118,7 +105,8 @@ RunningApplication SessionWorkspace::backgroundApplication(std::string_view id) 
 }
 
 void SessionWorkspace::backgroundApplicationStarted(std::string_view id) {
-    if (!applications_.withId(id)) launched_.emit(backgroundApplication(id));
+    if (!applications_.withId(id))
+        post(WorkspaceNotification::didLaunchApplication, backgroundApplication(id));
 }
 
 } // namespace quorvane

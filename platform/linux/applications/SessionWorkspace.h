@@ -1,12 +1,10 @@
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "platform/Signal.h"
 #include "platform/Workspace.h"
 #include "platform/linux/applications/BackgroundApplications.h"
 #include "platform/linux/applications/LauncherWindows.h"
@@ -29,8 +27,6 @@ public:
     std::vector<RunningApplication>
     runningApplicationsWithBundleIdentifier(std::string_view bundleIdentifier) const override;
     std::optional<RunningApplication> frontmostApplication() const override { return front_; }
-    Subscription addObserver(WorkspaceNotification notification,
-                             std::function<void(const RunningApplication&)> handler) override;
 
     /// The last window of an application that became active; none when that one is closed.
     WindowId activeWindow() const { return activeWindow_; }
@@ -59,8 +55,6 @@ public:
     void closed(WindowId window, bool isDestroyed, std::optional<WindowId> inFront);
 
 private:
-    using Posted = Signal<const RunningApplication&>;
-
     void activate(WindowId window);
     bool isInFront(const std::optional<std::string>& id) const;
     RunningApplication backgroundApplication(std::string_view id) const;
@@ -74,10 +68,6 @@ private:
     std::optional<RunningApplication> front_;
     std::optional<std::string>
         shownAgain_; ///< Of the application that was so while another one was in front.
-    Posted activated_;
-    Posted unhidden_;
-    Posted launched_;
-    Posted left_;
     Subscription backgroundStarts_;
 };
 

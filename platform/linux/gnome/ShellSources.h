@@ -6,8 +6,8 @@
 
 #include "platform/linux/gnome/GnomeShell.h"
 #include "platform/linux/input-methods/InputMethodIcons.h"
-#include "platform/linux/input-methods/LayoutUnderneath.h"
 #include "platform/linux/keyboard/LayoutSources.h"
+#include "platform/linux/keyboard/LayoutUnderneath.h"
 
 namespace quorvane {
 

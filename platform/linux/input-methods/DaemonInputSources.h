@@ -9,7 +9,7 @@
 #include "platform/linux/input-methods/ContextSelection.h"
 #include "platform/linux/input-methods/InputMethodDaemon.h"
 #include "platform/linux/input-methods/InputMethodIcons.h"
-#include "platform/linux/input-methods/LayoutUnderneath.h"
+#include "platform/linux/keyboard/LayoutUnderneath.h"
 
 namespace quorvane {
 

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "platform/linux/input-methods/InputMethodDaemon.h"
-#include "platform/linux/input-methods/LayoutUnderneath.h"
 #include "platform/linux/keyboard/LayoutSources.h"
+#include "platform/linux/keyboard/LayoutUnderneath.h"
 
 namespace quorvane {
 

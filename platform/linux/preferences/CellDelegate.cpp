@@ -11,6 +11,7 @@
 #include "platform/linux/qt/ApplicationIcon.h"
 #include "platform/linux/qt/PlainText.h"
 #include "platform/linux/qt/QtImage.h"
+#include "platform/linux/qt/Shapes.h"
 
 namespace quorvane {
 namespace {
@@ -33,16 +34,6 @@ QRect placeOfText(const QRect& cell, const TextFieldPart& part) {
 QString drawnText(const TextFieldPart& part, const QFontMetrics& font, int width) {
     return font.elidedText(QString::fromStdString(part.stringValue).left(longestDrawn), Qt::ElideRight,
                            width);
-}
-
-/// The shape in one colour.
-QPixmap inColour(QImage shape, const QColor& colour) {
-    shape.convertTo(QImage::Format_ARGB32_Premultiplied);
-    QPainter painter(&shape);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(QRectF(QPointF(), shape.deviceIndependentSize()), colour);
-    painter.end();
-    return QPixmap::fromImage(shape);
 }
 
 /// The nearest place where a picture's pixels are the screen's, and so stay sharp.
@@ -87,7 +78,7 @@ void CellDelegate::drawImage(QPainter& painter, const QStyleOptionViewItem& opti
     const auto icon = iconToLoad(part, pixelsPerPoint);
     const auto image = icon ? QImage() : QtImage::unwrapped(part.image);
     const auto pixmap = icon              ? icons_.pixmapOf(*icon)
-                        : part.isTemplate ? inColour(image, textColour(option))
+                        : part.isTemplate ? QPixmap::fromImage(inColour(image, textColour(option)))
                                           : QPixmap::fromImage(image);
     if (pixmap.isNull()) return;
     const QSizeF frame(part.frame.width, part.frame.height);

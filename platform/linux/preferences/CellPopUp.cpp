@@ -35,9 +35,7 @@ void CellPopUp::setPart(const PopUpButtonPart& part) {
     part_ = part;
     setFrame(part_.isBordered);
     setTitles();
-    const auto& titles = part_.itemTitles;
-    const auto selected = std::ranges::find(titles, part_.title);
-    setCurrentIndex(selected == titles.end() ? 0 : static_cast<int>(selected - titles.begin()));
+    setCurrentIndex(part_.selectedItem());
 }
 
 /// One by one, since an open menu closes when it is emptied.
@@ -88,9 +86,8 @@ bool CellPopUp::eventFilter(QObject* watched, QEvent* event) {
 
 void CellPopUp::choose(int item) {
     const auto part = part_; // The program may give another one meanwhile.
-    if (item < 0 || static_cast<std::size_t>(item) >= part.itemTitles.size()) return;
     if (!isAnnounced_ && part.willPopUp) part.willPopUp(part.tag);
-    if (part.action) part.action(part.itemTitles[static_cast<std::size_t>(item)]);
+    part.choose(item);
 }
 
 int CellPopUp::roomForText() const {

@@ -11,6 +11,7 @@
 #include <xkbcommon/xkbcommon.h>
 
 #include "platform/linux/keyboard/KeyCodes.h"
+#include "settings/KeyNames.h"
 
 namespace quorvane {
 namespace {
@@ -24,10 +25,6 @@ struct NamedKey {
 constexpr NamedKey namedKeys[] = {
     {0x35, Qt::Key_Escape}, {0x33, Qt::Key_Backspace}, {0x30, Qt::Key_Tab}, {0x24, Qt::Key_Return},
     {0x31, Qt::Key_Space}, {0x6e, Qt::Key_Menu},
-    {0x7a, Qt::Key_F1}, {0x78, Qt::Key_F2}, {0x63, Qt::Key_F3}, {0x76, Qt::Key_F4}, {0x60, Qt::Key_F5},
-    {0x61, Qt::Key_F6}, {0x62, Qt::Key_F7}, {0x64, Qt::Key_F8}, {0x65, Qt::Key_F9}, {0x6d, Qt::Key_F10},
-    {0x67, Qt::Key_F11}, {0x6f, Qt::Key_F12}, {0x69, Qt::Key_F13}, {0x6b, Qt::Key_F14}, {0x71, Qt::Key_F15},
-    {0x6a, Qt::Key_F16}, {0x40, Qt::Key_F17}, {0x4f, Qt::Key_F18}, {0x50, Qt::Key_F19}, {0x5a, Qt::Key_F20},
     {0x72, Qt::Key_Insert}, {0x75, Qt::Key_Delete}, {0x73, Qt::Key_Home}, {0x77, Qt::Key_End},
     {0x74, Qt::Key_PageUp}, {0x79, Qt::Key_PageDown},
     {0x7b, Qt::Key_Left}, {0x7c, Qt::Key_Right}, {0x7e, Qt::Key_Up}, {0x7d, Qt::Key_Down},
@@ -90,7 +87,15 @@ int KeyNames::widestName(const QFontMetrics& font) {
     return widest;
 }
 
+std::optional<std::int64_t> KeyNames::keyCodeOf(int key) {
+    const auto* const named =
+        std::ranges::find(namedKeys, key, [](const auto& each) { return each.key.key(); });
+    return named == std::end(namedKeys) ? std::nullopt : std::optional(named->keyCode);
+}
+
 QString KeyNames::nameOf(std::int64_t keyCode) const {
+    if (const auto name = nameIn(functionKeys, keyCode); !name.empty())
+        return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
     const auto* const named = std::ranges::find(namedKeys, keyCode, &NamedKey::keyCode);
     if (named != std::end(namedKeys)) return nameOfNamed(*named);
     const auto keysym = keysyms_.find(xKeycodeOf(keyCode).value_or(0));

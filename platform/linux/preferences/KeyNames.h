@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include <QFontMetrics>
@@ -20,6 +21,9 @@ public:
 
     /// The longest of the names that keys have without a keyboard.
     static int widestName(const QFontMetrics& font);
+
+    /// The program's code of the key that Qt calls so; none for keys that type something, but for Space.
+    static std::optional<std::int64_t> keyCodeOf(int key);
 
     /// The key's name as menus write it: "K", "F5", "Page Up". `keyCode` is one of the program's.
     QString nameOf(std::int64_t keyCode) const;

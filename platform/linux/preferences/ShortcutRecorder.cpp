@@ -55,22 +55,10 @@ bool isModifier(const QKeyEvent& event) {
            keysym == XK_Mode_switch;
 }
 
+/// Of the key that has this meaning on most keyboards, wherever it is on this one.
 Role roleOf(int key) {
-    switch (key) {
-    case Qt::Key_Escape:
-        return Role::leaves;
-    case Qt::Key_Space:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        return Role::begins;
-    case Qt::Key_Backspace:
-    case Qt::Key_Delete:
-        return Role::clears;
-    case Qt::Key_Tab:
-        return Role::movesOn;
-    default:
-        return Role::none;
-    }
+    const auto keyCode = KeyNames::keyCodeOf(key);
+    return keyCode ? RecorderBehaviour::roleOf(*keyCode) : Role::none;
 }
 
 } // namespace

@@ -6,6 +6,8 @@
 #include <QLinearGradient>
 #include <QPainter>
 
+#include "platform/linux/qt/Shapes.h"
+
 namespace quorvane {
 namespace {
 
@@ -16,13 +18,25 @@ int pixelsOf(double points, double pixelsPerPoint) {
     return std::max(1, static_cast<int>(std::lround(points * pixelsPerPoint)));
 }
 
-/// A key of a keyboard: light, with a border that tells it from a white window.
-void drawBox(QPainter& painter, int size, double pixelsPerPoint) {
+struct BoxColours {
+    QColor top, bottom;
+    QColor border; ///< Tells the box from a window of its colour.
+    QColor ink;
+};
+
+/// A key of a keyboard.
+BoxColours coloursOf(IndicatorBox box) {
+    if (box == IndicatorBox::dark)
+        return {QColor(66, 69, 75), QColor(52, 54, 59), QColor(128, 134, 145), QColor(240, 240, 242)};
+    return {QColor(255, 255, 255), QColor(233, 235, 239), QColor(128, 134, 145), Qt::black};
+}
+
+void drawBox(QPainter& painter, const BoxColours& colours, int size, double pixelsPerPoint) {
     const double line = pixelsOf(0.5, pixelsPerPoint);
     QLinearGradient light(0, 0, 0, size);
-    light.setColorAt(0, QColor(255, 255, 255));
-    light.setColorAt(1, QColor(233, 235, 239));
-    painter.setPen(QPen(QColor(128, 134, 145), line));
+    light.setColorAt(0, colours.top);
+    light.setColorAt(1, colours.bottom);
+    painter.setPen(QPen(colours.border, line));
     painter.setBrush(light);
     const auto radius = cornerRadius * pixelsPerPoint - line / 2;
     painter.drawRoundedRect(QRectF(line / 2, line / 2, size - line, size - line), radius, radius);
@@ -34,14 +48,16 @@ int indicatorSizeInPixels(double pixelsPerPoint) {
     return pixelsOf(indicatorSize, pixelsPerPoint);
 }
 
-QImage drawIndicator(const QImage& icon, bool hasBox, const QColor& ground, double pixelsPerPoint) {
+QImage drawIndicator(const QImage& icon, IndicatorBox box, const QColor& ground, double pixelsPerPoint) {
     const auto size = indicatorSizeInPixels(pixelsPerPoint);
     QImage picture(size, size, QImage::Format_ARGB32_Premultiplied);
     picture.fill(ground);
     if (picture.isNull()) return picture;
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (hasBox) drawBox(painter, size, pixelsPerPoint);
+    const auto colours = coloursOf(box);
+    const bool hasBox = box != IndicatorBox::none;
+    if (hasBox) drawBox(painter, colours, size, pixelsPerPoint);
     if (icon.isNull()) return picture;
 
     auto points = icon.deviceIndependentSize();
@@ -53,6 +69,7 @@ QImage drawIndicator(const QImage& icon, bool hasBox, const QColor& ground, doub
     if (scaled.size() != pixels)
         scaled = scaled.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     scaled.setDevicePixelRatio(1);
+    if (hasBox && isShape(scaled)) scaled = inColour(scaled, colours.ink);
     painter.drawImage((size - pixels.width()) / 2, (size - pixels.height()) / 2, scaled);
     return picture;
 }

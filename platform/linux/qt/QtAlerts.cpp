@@ -45,10 +45,7 @@ public:
     }
 
     AlertAnswer answer() const {
-        // Ended from outside, for instance when the program is told to quit, the alert has no clicked button.
-        const auto clicked = buttons_.indexOf(clickedButton());
-        const auto answered = clicked >= 0 ? clicked : buttons_.size() - 1;
-        return {.response = alertFirstButtonReturn + static_cast<int>(answered),
+        return {.response = alertResponse(buttons_.indexOf(clickedButton()), buttons_.size()),
                 .suppressionButtonIsOn = checkBox() && checkBox()->isChecked()};
     }
 

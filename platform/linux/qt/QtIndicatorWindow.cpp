@@ -1,13 +1,16 @@
 #include "platform/linux/qt/QtIndicatorWindow.h"
 
+#include <utility>
+
 #include <QColor>
 
-#include "platform/linux/qt/IndicatorPicture.h"
 #include "platform/linux/qt/QtImage.h"
 
 namespace quorvane {
 
-QtIndicatorWindow::QtIndicatorWindow(IndicatorSurface& surface) : surface_(surface) {
+QtIndicatorWindow::QtIndicatorWindow(IndicatorSurface& surface, std::function<bool()> isDark)
+    : surface_(surface)
+    , isDark_(std::move(isDark)) {
     surface_.mayBeDragged = [this] {
         return style_.isMovableByWindowBackground && iconView_.mouseDownCanMoveWindow();
     };
@@ -44,7 +47,8 @@ void QtIndicatorWindow::update() {
         return;
     }
     const QColor ground = style_.hasClearBackground ? Qt::transparent : Qt::white;
-    surface_.show(drawIndicator(icon, !isBoxHidden_, ground, surface_.scale()));
+    const auto box = isBoxHidden_ ? IndicatorBox::none : isDark_() ? IndicatorBox::dark : IndicatorBox::light;
+    surface_.show(drawIndicator(icon, box, ground, surface_.scale()));
 }
 
 void QtIndicatorWindow::IconView::setHidden(bool hidden) {

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <functional>
+
 #include <QImage>
 #include <QTimer>
 
 #include "platform/Window.h"
+#include "platform/linux/qt/IndicatorPicture.h"
 #include "platform/linux/qt/IndicatorSurface.h"
 
 namespace quorvane {
@@ -15,8 +18,9 @@ namespace quorvane {
 /// control returns to the event loop, several at once in one step.
 class QtIndicatorWindow : public Window {
 public:
-    /// The surface must outlive this object.
-    explicit QtIndicatorWindow(IndicatorSurface& surface);
+    /// The surface must outlive this object. `isDark` tells whether the box is to be; asked when it is drawn.
+    explicit QtIndicatorWindow(
+        IndicatorSurface& surface, std::function<bool()> isDark = [] { return false; });
 
     std::string title() const override { return {}; }
     void setStyle(const WindowStyle& style) override;
@@ -55,6 +59,7 @@ private:
     void update();
 
     IndicatorSurface& surface_;
+    std::function<bool()> isDark_;
     WindowStyle style_;
     QImage icon_;
     bool isOrderedIn_ = true; ///< As the interface file has it.

@@ -1,8 +1,19 @@
 #include "platform/linux/qt/QtInterfaceFiles.h"
 
+#include <QGuiApplication>
+#include <QPalette>
+
 #include "platform/linux/qt/QtIndicatorWindow.h"
 
 namespace quorvane {
+namespace {
+
+bool hasDarkWindows() {
+    constexpr int middle = 128;
+    return QGuiApplication::palette().color(QPalette::Window).lightness() < middle;
+}
+
+} // namespace
 
 /// The window that is ordered in and out so that a selection reaches the front program. A layout
 /// reaches every program at once, and a real window would take the focus for a moment: so there is
@@ -20,7 +31,7 @@ public:
 };
 
 struct QtInterfaceFiles::Windows {
-    explicit Windows(IndicatorSurface& indicator) : inputIconWindow(indicator) {}
+    explicit Windows(IndicatorSurface& indicator) : inputIconWindow(indicator, hasDarkWindows) {}
 
     NoWindow window;
     QtIndicatorWindow inputIconWindow;

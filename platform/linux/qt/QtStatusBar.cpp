@@ -20,9 +20,9 @@
 namespace quorvane {
 namespace {
 
-/// How long after a change the tool tip is told to the tray: a switch comes first, and a storm of them is
-/// one.
-constexpr int toolTipDelay = 200; // milliseconds
+/// How long after a change the tool tip is told to the tray: a switch comes first, and what follows from it
+/// is the same change.
+constexpr int toolTipDelay = 50; // milliseconds
 
 class QtStatusItem : public StatusItem {
 public:
@@ -74,7 +74,8 @@ private:
     }
 
     void tellToolTip() {
-        if (toolTip_) tray_->setToolTip(withoutMarkup(QString::fromStdString(toolTip_())));
+        const auto text = toolTip_ ? withoutMarkup(QString::fromStdString(toolTip_())) : QString();
+        if (text != tray_->toolTip()) tray_->setToolTip(text);
     }
 
     QMenu menu_;

@@ -6,19 +6,14 @@
 
 #include <QGuiApplication>
 #include <QIcon>
-#include <QPainter>
 
 #include "platform/linux/qt/QtImage.h"
+#include "platform/linux/qt/Shapes.h"
 
 namespace quorvane {
 namespace {
 
 constexpr int iconSize = 18; // points
-
-// Of 255.
-constexpr int barelySeen = 32;
-constexpr int clearlySeen = 128;
-constexpr int widestTone = 32; ///< What is less coloured, or varies less, is of one tone for the eye.
 
 int longestSide(const QSize& size) {
     return std::max(size.width(), size.height());
@@ -38,33 +33,6 @@ QImage imageOf(const QIcon& icon, int pixels) {
     return best;
 }
 
-/// Whether a picture is a shape in one grey, made for one kind of ground only. A picture that fills its
-/// square brings its ground with it.
-bool isShape(QImage picture) {
-    picture.convertTo(QImage::Format_ARGB32); // Else the colours are darkened by what is seen through them.
-    int lightest = 0;
-    int darkest = 255;
-    int unseen = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            const auto pixel = picture.pixel(x, y);
-            unseen += qAlpha(pixel) < barelySeen;
-            if (qAlpha(pixel) < clearlySeen) continue;
-            const auto [least, most] = std::minmax({qRed(pixel), qGreen(pixel), qBlue(pixel)});
-            if (most - least > widestTone) return false;
-            lightest = std::max(lightest, most);
-            darkest = std::min(darkest, least);
-        }
-    }
-    return unseen > 0 && lightest - darkest <= widestTone;
-}
-
-void makeBlack(QImage& shape) {
-    QPainter painter(&shape);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(shape.rect(), Qt::black);
-}
-
 } // namespace
 
 ImageRef referencedIcon(const std::string& reference) {
@@ -78,7 +46,7 @@ ImageRef referencedIcon(const std::string& reference) {
     if (longestSide(image.size()) > pixels)
         image = image.scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     const bool isInOneColour = name.contains(QLatin1String("-symbolic")) || isShape(image);
-    if (isInOneColour) makeBlack(image);
+    if (isInOneColour) image = inColour(image, Qt::black);
     image.setDevicePixelRatio(std::clamp(double(longestSide(image.size())) / iconSize, 1.0, ratio));
     return QtImage::make(std::move(image));
 }

@@ -4,6 +4,7 @@
 #include <QPixmap>
 
 #include "platform/linux/qt/QtImage.h"
+#include "platform/linux/qt/Shapes.h"
 
 namespace quorvane {
 namespace {
@@ -12,20 +13,12 @@ constexpr int tileSize = 64; // pixels: whoever shows the icon scales it
 constexpr int glyphMargin = 5;
 constexpr double tileRadius = 13;
 
-QImage inWhite(QImage shape) {
-    shape = shape.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    shape.setDevicePixelRatio(1);
-    QPainter painter(&shape);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(shape.rect(), Qt::white);
-    return shape;
-}
-
 } // namespace
 
 QIcon iconOfTemplate(const ImageRef& shape) {
-    const auto glyph = QtImage::unwrapped(shape);
+    auto glyph = QtImage::unwrapped(shape);
     if (glyph.isNull()) return {};
+    glyph.setDevicePixelRatio(1);
     QImage tile(tileSize, tileSize, QImage::Format_ARGB32_Premultiplied);
     tile.fill(Qt::transparent);
     QPainter painter(&tile);
@@ -34,7 +27,7 @@ QIcon iconOfTemplate(const ImageRef& shape) {
     painter.setBrush(QColor(52, 58, 70));
     painter.drawRoundedRect(tile.rect(), tileRadius, tileRadius);
     painter.drawImage(tile.rect().marginsRemoved({glyphMargin, glyphMargin, glyphMargin, glyphMargin}),
-                      inWhite(glyph));
+                      inColour(glyph, Qt::white));
     painter.end();
     return QIcon(QPixmap::fromImage(tile));
 }

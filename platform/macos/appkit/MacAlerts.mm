@@ -8,30 +8,25 @@ namespace {
 
 NSAlert* makeAlert(const Alert& alert) {
     NSAlert* made = [[NSAlert alloc] init];
-    if (NSString* text = toNSString(alert.messageText)) made.messageText = text;
-    if (NSString* text = toNSString(alert.informativeText)) made.informativeText = text;
+    made.messageText = shownText(alert.messageText);
+    made.informativeText = shownText(alert.informativeText);
     for (const auto& title : alert.buttons) {
-        NSString* text = toNSString(title);
-        NSButton* button = [made addButtonWithTitle:text ? text : @""];
+        NSButton* button = [made addButtonWithTitle:shownText(title)];
         // The system lets Escape press a button only if that is called "Cancel".
         const bool isLastOfSeveral = &title != &alert.buttons.front() && &title == &alert.buttons.back();
         if (isLastOfSeveral) button.keyEquivalent = @"\033";
     }
-    NSString* suppressionTitle = toNSString(alert.suppressionButtonTitle);
-    if (suppressionTitle && !alert.suppressionButtonTitle.empty()) {
+    if (!alert.suppressionButtonTitle.empty()) {
         made.showsSuppressionButton = YES;
-        made.suppressionButton.title = suppressionTitle;
+        made.suppressionButton.title = shownText(alert.suppressionButtonTitle);
     }
     return made;
 }
 
 AlertAnswer answerOf(NSAlert* alert, NSModalResponse response) {
-    // Ended from outside, for instance when the program is told to quit, the alert was answered by no button.
     // One without buttons of ours gets one from the system.
-    const auto buttons = static_cast<NSModalResponse>(alert.buttons.count);
-    const auto last = NSAlertFirstButtonReturn + (buttons > 0 ? buttons - 1 : 0);
-    const bool isButton = response >= NSAlertFirstButtonReturn && response <= last;
-    return {.response = static_cast<int>(isButton ? response : last),
+    const auto buttons = static_cast<std::int64_t>(alert.buttons.count);
+    return {.response = alertResponse(response - NSAlertFirstButtonReturn, buttons),
             .suppressionButtonIsOn = alert.suppressionButton.state == NSControlStateValueOn};
 }
 

@@ -1,18 +1,17 @@
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string_view>
 #include <vector>
 
-#include "platform/Signal.h"
 #include "platform/Workspace.h"
 #import "platform/macos/AppKit.h"
 
 namespace quorvane {
 
-/// The applications, as the system tells of them. It does not tell that an agent was launched, and its lists
-/// change only while the run loop runs.
+/// The applications, as the system tells of them. Where one leaves the front, another one comes, the Finder
+/// at least: nobody is told that it is left. The system does not tell that an agent was launched, and its
+/// lists change only while the run loop runs.
 class MacWorkspace : public Workspace {
 public:
     MacWorkspace();
@@ -24,17 +23,10 @@ public:
     std::vector<RunningApplication>
     runningApplicationsWithBundleIdentifier(std::string_view bundleIdentifier) const override;
     std::optional<RunningApplication> frontmostApplication() const override;
-    Subscription addObserver(WorkspaceNotification notification,
-                             std::function<void(const RunningApplication&)> handler) override;
 
 private:
-    using Told = Signal<const RunningApplication&>;
+    void postWhen(NSNotificationName told, WorkspaceNotification notification);
 
-    void observe(NSNotificationName name, Told MacWorkspace::*told);
-
-    Told activated_;
-    Told unhidden_;
-    Told launched_;
     std::vector<id> observers_;
 };
 

@@ -1,7 +1,6 @@
 #import "platform/macos/appkit/MacWorkspace.h"
 
 #include <string>
-#include <utility>
 
 #include "platform/macos/foundation/CallProgram.h"
 #import "platform/macos/foundation/PropertyListBridge.h"
@@ -42,9 +41,9 @@ std::vector<RunningApplication> describeAll(NSArray<NSRunningApplication*>* appl
 } // namespace
 
 MacWorkspace::MacWorkspace() {
-    observe(NSWorkspaceDidActivateApplicationNotification, &MacWorkspace::activated_);
-    observe(NSWorkspaceDidUnhideApplicationNotification, &MacWorkspace::unhidden_);
-    observe(NSWorkspaceDidLaunchApplicationNotification, &MacWorkspace::launched_);
+    postWhen(NSWorkspaceDidActivateApplicationNotification, WorkspaceNotification::didActivateApplication);
+    postWhen(NSWorkspaceDidUnhideApplicationNotification, WorkspaceNotification::didUnhideApplication);
+    postWhen(NSWorkspaceDidLaunchApplicationNotification, WorkspaceNotification::didLaunchApplication);
 }
 
 MacWorkspace::~MacWorkspace() {
@@ -68,31 +67,16 @@ std::optional<RunningApplication> MacWorkspace::frontmostApplication() const {
     return front ? std::optional(describe(front)) : std::nullopt;
 }
 
-Subscription MacWorkspace::addObserver(WorkspaceNotification notification,
-                                       std::function<void(const RunningApplication&)> handler) {
-    switch (notification) {
-    case WorkspaceNotification::didActivateApplication:
-        return activated_.connect(std::move(handler));
-    case WorkspaceNotification::didUnhideApplication:
-        return unhidden_.connect(std::move(handler));
-    case WorkspaceNotification::didLaunchApplication:
-        return launched_.connect(std::move(handler));
-    case WorkspaceNotification::didLeaveFront:
-        break; // Where an application leaves, another one comes: the Finder at least.
-    }
-    return {};
-}
-
-void MacWorkspace::observe(NSNotificationName name, Told MacWorkspace::*told) {
+void MacWorkspace::postWhen(NSNotificationName told, WorkspaceNotification notification) {
     // Without a queue, the block is called on the main thread, which posts.
     observers_.push_back([NSWorkspace.sharedWorkspace.notificationCenter
-        addObserverForName:name
+        addObserverForName:told
                     object:nil
                      queue:nil
-                usingBlock:^(NSNotification* notification) {
-                  id application = notification.userInfo[NSWorkspaceApplicationKey];
+                usingBlock:^(NSNotification* about) {
+                  id application = about.userInfo[NSWorkspaceApplicationKey];
                   const bool isOne = [application isKindOfClass:[NSRunningApplication class]];
-                  callProgram([&] { (this->*told).emit(describe(isOne ? application : nil)); });
+                  callProgram([&] { post(notification, describe(isOne ? application : nil)); });
                 }]);
 }
 

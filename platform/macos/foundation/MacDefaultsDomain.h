@@ -1,24 +1,16 @@
 #pragma once
 
-#include <functional>
-#include <map>
-#include <memory>
 #include <string>
+#include <vector>
 
-#include "platform/DefaultsDomain.h"
-#include "platform/Signal.h"
+#include "platform/RawDomain.h"
 #import "platform/macos/AppKit.h"
-
-@class QuorvaneDefaultsObserver;
+#import "platform/macos/foundation/Receiver.h"
 
 namespace quorvane {
 
-/// One domain of the user's defaults as the system keeps them. Main thread only.
-///
-/// The writes of this program are told by this class, because the system may be silent about an equal value;
-/// those of others by key-value observing. What the system says about a write that was told already is not
-/// told again. An equal value written by another program is no change to the system, and nobody hears of it.
-class MacDefaultsDomain : public DefaultsDomain {
+/// One domain of the user's defaults. The system tells of writes by key-value observing, on any thread.
+class MacDefaultsDomain : public RawDomain {
 public:
     enum class Kind { applicationsOwn, suite };
 
@@ -27,25 +19,16 @@ public:
     MacDefaultsDomain& operator=(const MacDefaultsDomain&) = delete;
     ~MacDefaultsDomain() override;
 
-    PropertyList objectForKey(std::string_view key) override;
-    void setObject(PropertyList value, std::string_view key) override;
-    bool synchronize() override { return [defaults_ synchronize]; }
-    Subscription whenWritten(std::function<void()> handler) override;
-    Subscription addObserver(std::string_view key,
-                             std::function<void(std::string_view key)> handler) override;
+    PropertyList get(std::string_view key) override;
+    bool set(const PropertyList& value, std::string_view key) override;
+    void observe(std::string_view key) override;
+    bool flush() override { return [defaults_ synchronize]; }
 
 private:
-    PropertyList read(NSString* key) const; // on any thread
-    void systemSays(NSString* key);         // on any thread
-    void changedByOthers(const std::string& key, PropertyList value);
-
     NSUserDefaults* defaults_; // nil for a suite that cannot be opened
     NSString* ownDomain_;      // nil for a suite
-    QuorvaneDefaultsObserver* observer_;
-    std::map<std::string, PropertyList, std::less<>> told_; // the observed keys, as they were when last told
-    Signal<std::string_view> changed_;                      // key
-    bool isWriting_ = false;
-    std::shared_ptr<const bool> exists_ = std::make_shared<const bool>(true);
+    std::vector<std::string> observed_;
+    QuorvaneReceiver* receiver_;
 };
 
 } // namespace quorvane

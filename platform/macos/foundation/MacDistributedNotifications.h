@@ -6,9 +6,7 @@
 
 #include "platform/DistributedNotificationCenter.h"
 #include "platform/Signal.h"
-#import "platform/macos/AppKit.h"
-
-@class QuorvaneNotificationReceiver;
+#import "platform/macos/foundation/Receiver.h"
 
 namespace quorvane {
 
@@ -30,7 +28,7 @@ private:
     void received(NSNotification* notification);
 
     std::map<std::string, Signal<const DistributedNotification&>, std::less<>> observed_; // by name
-    QuorvaneNotificationReceiver* receiver_;
+    QuorvaneReceiver* receiver_; // Only with one, immediate delivery can be asked for.
 };
 
 } // namespace quorvane

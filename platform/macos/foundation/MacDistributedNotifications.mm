@@ -2,36 +2,13 @@
 
 #include <utility>
 
-#include "platform/macos/foundation/CallProgram.h"
 #import "platform/macos/foundation/PropertyListBridge.h"
-
-/// Only with a receiver and its selector can immediate delivery be asked for.
-@interface QuorvaneNotificationReceiver : NSObject
-- (instancetype)initWithHandler:(std::function<void(NSNotification*)>)handler;
-- (void)receiveNotification:(NSNotification*)notification;
-@end
-
-@implementation QuorvaneNotificationReceiver {
-    std::function<void(NSNotification*)> _handler;
-}
-
-- (instancetype)initWithHandler:(std::function<void(NSNotification*)>)handler {
-    self = [super init];
-    if (self) _handler = std::move(handler);
-    return self;
-}
-
-- (void)receiveNotification:(NSNotification*)notification {
-    quorvane::callProgram(_handler, notification);
-}
-
-@end
 
 namespace quorvane {
 
 MacDistributedNotifications::MacDistributedNotifications()
-    : receiver_([[QuorvaneNotificationReceiver alloc]
-          initWithHandler:[this](NSNotification* notification) { received(notification); }]) {}
+    : receiver_(
+          [[QuorvaneReceiver alloc] initWithHandler:[this](id notification) { received(notification); }]) {}
 
 MacDistributedNotifications::~MacDistributedNotifications() {
     [NSDistributedNotificationCenter.defaultCenter removeObserver:receiver_];
@@ -47,7 +24,7 @@ MacDistributedNotifications::addObserver(std::string_view name,
     if (isNew) {
         [NSDistributedNotificationCenter.defaultCenter
                    addObserver:receiver_
-                      selector:@selector(receiveNotification:)
+                      selector:@selector(receive:)
                           name:observedName
                         object:nil
             suspensionBehavior:NSNotificationSuspensionBehaviorDeliverImmediately];

@@ -5,7 +5,7 @@
 namespace quorvane {
 
 void MacLog::log(std::string_view line) {
-    NSLog(@"%@", toNSString(line));
+    NSLog(@"%@", shownText(line));
 }
 
 } // namespace quorvane

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "platform/DefaultsSearchList.h"
-#import "platform/macos/foundation/MacDefaultsDomain.h"
+#include "platform/ObservedDomain.h"
 
 namespace quorvane {
 
@@ -32,10 +32,10 @@ private:
         void addSuiteNamed(std::string_view suiteName) override;
     };
 
-    MacDefaultsDomain& domain(std::string_view name);
+    ObservedDomain& domain(std::string_view name);
 
     std::string standardName_;
-    std::map<std::string, std::unique_ptr<MacDefaultsDomain>, std::less<>> domains_; // all that were opened
+    std::map<std::string, std::unique_ptr<ObservedDomain>, std::less<>> domains_; // all that were opened
     Standard standard_;
 };
 

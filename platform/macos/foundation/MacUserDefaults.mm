@@ -1,8 +1,22 @@
 #import "platform/macos/foundation/MacUserDefaults.h"
 
+#include <utility>
+
+#include "platform/macos/foundation/CallProgram.h"
+#import "platform/macos/foundation/MacDefaultsDomain.h"
 #import "platform/macos/foundation/PropertyListBridge.h"
 
 namespace quorvane {
+namespace {
+
+void onMainThread(const std::function<void()>& call) {
+    const auto kept = call; // Blocks hold variables, not what references refer to.
+    dispatch_async(dispatch_get_main_queue(), ^{
+      callProgram(kept);
+    });
+}
+
+} // namespace
 
 PropertyList MacUserDefaults::Standard::objectForKey(std::string_view key) const {
     NSString* name = toNSString(key);
@@ -30,12 +44,14 @@ void MacUserDefaults::flushPendingWrites() {
         opened->synchronize();
 }
 
-MacDefaultsDomain& MacUserDefaults::domain(std::string_view name) {
+ObservedDomain& MacUserDefaults::domain(std::string_view name) {
     const auto known = domains_.find(name);
     if (known != domains_.end()) return *known->second;
     using Kind = MacDefaultsDomain::Kind;
     const auto kind = name == standardName_ ? Kind::applicationsOwn : Kind::suite;
-    return *domains_.emplace(name, std::make_unique<MacDefaultsDomain>(name, kind)).first->second;
+    auto raw = std::make_unique<MacDefaultsDomain>(name, kind);
+    auto opened = std::make_unique<ObservedDomain>(std::move(raw), onMainThread);
+    return *domains_.emplace(name, std::move(opened)).first->second;
 }
 
 } // namespace quorvane

@@ -15,6 +15,9 @@ namespace quorvane {
 /// Nil when the text is not UTF-8.
 NSString* _Nullable toNSString(std::string_view text);
 
+/// The same for the user's eyes: empty when the text is not UTF-8.
+NSString* _Nonnull shownText(std::string_view text);
+
 /// Empty for nil, and for a string with halves of surrogate pairs in it.
 std::string fromNSString(NSString* _Nullable text);
 

@@ -64,6 +64,11 @@ NSString* _Nullable toNSString(std::string_view text) {
                                   encoding:NSUTF8StringEncoding];
 }
 
+NSString* _Nonnull shownText(std::string_view text) {
+    NSString* converted = toNSString(text);
+    return converted ? converted : @"";
+}
+
 std::string fromNSString(NSString* _Nullable text) {
     // Unlike a C string, data may have zero bytes in it.
     NSData* data = [text dataUsingEncoding:NSUTF8StringEncoding];

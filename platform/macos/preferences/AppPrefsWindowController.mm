@@ -123,38 +123,46 @@ using quorvane::PreferencesActions;
 
 // Tables.
 
+/// Null for a table that is none of the window's, which has no rows.
+- (quorvane::MacTableView*)tableOf:(NSTableView*)native {
+    return _tables ? _tables->of(native) : nullptr;
+}
+
 - (NSInteger)numberOfRowsInTableView:(NSTableView*)tableView {
     return _tables ? callProgram([&] { return _tables->numberOfRows(tableView); }) : 0;
 }
 
 - (NSView*)tableView:(NSTableView*)tableView viewForTableColumn:(NSTableColumn*)column row:(NSInteger)row {
-    return _tables ? callProgram([&] { return _tables->of(tableView).viewForTableColumn(column, row); })
-                   : nil;
+    auto* table = [self tableOf:tableView];
+    return table ? callProgram([&] { return table->viewForTableColumn(column, row); }) : nil;
 }
 
 - (CGFloat)tableView:(NSTableView*)tableView heightOfRow:(NSInteger)row {
-    return _tables ? callProgram([&] { return _tables->of(tableView).heightOfRow(row); }) : 1;
+    const auto* table = [self tableOf:tableView];
+    return table ? callProgram([&] { return table->heightOfRow(row); }) : 1;
 }
 
 - (BOOL)tableView:(NSTableView*)tableView
     writeRowsWithIndexes:(NSIndexSet*)rows
             toPasteboard:(NSPasteboard*)pasteboard {
-    return _tables && callProgram([&] { return _tables->of(tableView).writeRows(rows, pasteboard, self); });
+    auto* table = [self tableOf:tableView];
+    return table && callProgram([&] { return table->writeRows(rows, pasteboard, self); });
 }
 
 - (NSDragOperation)tableView:(NSTableView*)tableView
                 validateDrop:(id<NSDraggingInfo>)info
                  proposedRow:(NSInteger)row
        proposedDropOperation:(NSTableViewDropOperation)operation {
-    return _tables ? callProgram([&] { return _tables->of(tableView).validateDrop(operation); })
-                   : NSDragOperationNone;
+    const auto* table = [self tableOf:tableView];
+    return table ? callProgram([&] { return table->validateDrop(operation); }) : NSDragOperationNone;
 }
 
 - (BOOL)tableView:(NSTableView*)tableView
        acceptDrop:(id<NSDraggingInfo>)info
               row:(NSInteger)row
     dropOperation:(NSTableViewDropOperation)operation {
-    return _tables && callProgram([&] { return _tables->of(tableView).acceptDrop(info, row); });
+    auto* table = [self tableOf:tableView];
+    return table && callProgram([&] { return table->acceptDrop(info, row); });
 }
 
 // A table sends its action for the mouse only.

@@ -7,17 +7,13 @@
 
 #include "platform/Widgets.h"
 #import "platform/macos/AppKit.h"
+#import "platform/macos/appkit/MacMenus.h"
 #import "platform/macos/foundation/PropertyListBridge.h"
 #import "platform/macos/tables/CellTarget.h"
 
 namespace quorvane {
 
-// The widget ports on AppKit's widgets. Text that is none shows nothing.
-
-inline NSString* shownText(const std::string& text) {
-    NSString* converted = toNSString(text);
-    return converted ? converted : @"";
-}
+// The widget ports on AppKit's widgets.
 
 class MacLabel : public Label {
 public:
@@ -67,15 +63,11 @@ public:
     explicit MacPopUpButton(NSPopUpButton* button) : button_(button) {}
 
     void setItemTitles(const std::vector<std::string>& titles) override {
-        // Not by the button's own methods: those remove an item of the same title.
-        NSMenu* menu = [[NSMenu alloc] initWithTitle:@""];
-        for (const auto& title : titles)
-            [menu addItemWithTitle:shownText(title) action:nil keyEquivalent:@""];
-        button_.menu = menu;
+        button_.menu = makeMenu(titles);
         if (!titles.empty()) [button_ selectItemAtIndex:0];
     }
     void setTitle(const std::string& title) override {
-        // Nor so: the button's own one adds an item that is missing.
+        // The button's own method adds an item that is missing.
         const auto item = [button_.menu indexOfItemWithTitle:shownText(title)];
         if (item >= 0) [button_ selectItemAtIndex:item];
     }

@@ -22,14 +22,16 @@ public:
 
     MacTableView applications, locations, shortcuts;
 
-    /// `native` is that of one of the three.
-    MacTableView& of(NSTableView* native) {
-        if (native == applications.native()) return applications;
-        return native == locations.native() ? locations : shortcuts;
+    /// Null for one that is none of the three.
+    MacTableView* of(NSTableView* native) {
+        for (auto* table : {&applications, &locations, &shortcuts})
+            if (table->native() == native) return table;
+        return nullptr;
     }
 
     NSInteger numberOfRows(NSTableView* native) {
-        const auto rows = of(native).numberOfRows();
+        const auto* table = of(native);
+        const auto rows = table ? table->numberOfRows() : 0;
         if (native == locations.native()) noLocations_.hidden = rows > 0;
         return rows;
     }

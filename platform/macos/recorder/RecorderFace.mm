@@ -33,11 +33,6 @@ NSButton* makeClearButton(id target, SEL action) {
     return button;
 }
 
-NSString* shown(const std::string& text) {
-    NSString* converted = toNSString(text);
-    return converted ? converted : @"";
-}
-
 NSString* hintOf(Display display) {
     if (display == Display::prompt) return localized(@"Press the keys");
     if (display == Display::refusal) return localized(@"This key cannot be used");
@@ -69,7 +64,7 @@ bool RecorderFace::show(const RecorderBehaviour& recorder, bool isRefused) {
     isHint_ = combination.empty();
     isMarked_ = isRefused && !recorder.isInUse();
     const std::string mark = isMarked_ ? "⚠ " : "";
-    text_ = shown(mark + (isHint_ ? fromNSString(hintOf(recorder.display())) : combination));
+    text_ = shownText(mark + (isHint_ ? fromNSString(hintOf(recorder.display())) : combination));
     clearButton_.hidden = !recorder.canBeCleared();
     return ![text_ isEqualToString:before];
 }

@@ -14,28 +14,7 @@ using quorvane::RecorderBehaviour;
 
 namespace {
 
-using Role = RecorderBehaviour::Role;
-
 constexpr CGFloat cornerRadius = 4;
-
-/// By the key's position.
-Role roleOf(unsigned short keyCode) {
-    switch (keyCode) {
-    case 0x35: // Escape
-        return Role::leaves;
-    case 0x24: // Return
-    case 0x31: // Space
-    case 0x4c: // Enter
-        return Role::begins;
-    case 0x33: // Delete
-    case 0x75: // forward Delete
-        return Role::clears;
-    case 0x30: // Tab
-        return Role::movesOn;
-    default:
-        return Role::none;
-    }
-}
 
 /// There are no other modifiers than those that hot keys have: Fn stands in the events of some keys by
 /// itself.
@@ -142,9 +121,10 @@ void tellDelegate(SRRecorderControlWithTagid* recorder) {
 
 - (BOOL)takeKey:(NSEvent*)event {
     return callProgram([&] {
-        return _behaviour->keyDown(
-            {.number = event.keyCode, .keyCode = event.keyCode, .role = roleOf(event.keyCode)},
-            modifiersOf(event.modifierFlags), event.ARepeat);
+        return _behaviour->keyDown({.number = event.keyCode,
+                                    .keyCode = event.keyCode,
+                                    .role = RecorderBehaviour::roleOf(event.keyCode)},
+                                   modifiersOf(event.modifierFlags), event.ARepeat);
     });
 }
 
@@ -162,6 +142,11 @@ void tellDelegate(SRRecorderControlWithTagid* recorder) {
 
 - (void)mouseDown:(NSEvent*)event {
     callProgram([&] { _behaviour->press(); });
+}
+
+/// Nor where the window can be moved by its background.
+- (BOOL)mouseDownCanMoveWindow {
+    return NO;
 }
 
 - (BOOL)accessibilityPerformPress {

@@ -12,7 +12,7 @@ class MacKeyWindow : public MacWindow {
 public:
     explicit MacKeyWindow(NotificationCenter& notifications);
 
-    void orderOut() override;
+    void makeKeyAndOrderFront() override;
 };
 
 } // namespace quorvane

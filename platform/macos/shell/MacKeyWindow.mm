@@ -1,7 +1,5 @@
 #import "platform/macos/shell/MacKeyWindow.h"
 
-#include <cstdint>
-
 /// A panel without a border, which otherwise would not become the key window.
 @interface QuorvaneKeyPanel : NSPanel
 @end
@@ -16,10 +14,6 @@
 
 namespace quorvane {
 namespace {
-
-/// How long the window keeps the focus. Nobody documents how long that has to be, nor has it been tried:
-/// should input methods stay behind with none, this is the number to raise.
-constexpr double timeWithFocus = 0; // seconds
 
 NSPanel* makePanel() {
     QuorvaneKeyPanel* panel = [[QuorvaneKeyPanel alloc]
@@ -47,16 +41,10 @@ NSPanel* makePanel() {
 
 MacKeyWindow::MacKeyWindow(NotificationCenter& notifications) : MacWindow(makePanel(), notifications) {}
 
-void MacKeyWindow::orderOut() {
-    if constexpr (timeWithFocus <= 0) {
-        MacWindow::orderOut();
-    } else {
-        constexpr auto delay = static_cast<std::int64_t>(timeWithFocus * static_cast<double>(NSEC_PER_SEC));
-        NSWindow* window = native();
-        dispatch_after(dispatch_time(DISPATCH_TIME_NOW, delay), dispatch_get_main_queue(), ^{
-          [window orderOut:nil];
-        });
-    }
+/// The main screen is that of the window with the keyboard focus. It stays the same when this window has it.
+void MacKeyWindow::makeKeyAndOrderFront() {
+    if (NSScreen* screen = NSScreen.mainScreen) [native() setFrameOrigin:screen.frame.origin];
+    MacWindow::makeKeyAndOrderFront();
 }
 
 } // namespace quorvane

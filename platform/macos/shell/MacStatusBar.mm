@@ -3,50 +3,13 @@
 #include <functional>
 #include <utility>
 
-#include "platform/macos/foundation/CallProgram.h"
+#import "platform/macos/appkit/MacMenus.h"
 #import "platform/macos/foundation/Localized.h"
 #import "platform/macos/foundation/PropertyListBridge.h"
 #import "platform/macos/shell/TemplateImage.h"
 
-/// What a menu item calls.
-@interface QuorvaneMenuAction : NSObject
-- (instancetype)initWithAction:(std::function<void()>)action;
-- (void)chosen:(nullable id)sender;
-@end
-
-@implementation QuorvaneMenuAction {
-    std::function<void()> _action;
-}
-
-- (instancetype)initWithAction:(std::function<void()>)action {
-    if ((self = [super init])) _action = std::move(action);
-    return self;
-}
-
-- (void)chosen:(nullable id)sender {
-    if (_action) quorvane::callProgram(_action);
-}
-
-@end
-
 namespace quorvane {
 namespace {
-
-NSMenu* makeMenu(Menu&& items) {
-    NSMenu* menu = [[NSMenu alloc] initWithTitle:@""];
-    menu.autoenablesItems = NO;
-    for (auto& item : items) {
-        NSString* title = toNSString(item.title);
-        NSMenuItem* made = [menu addItemWithTitle:title ? title : @""
-                                           action:@selector(chosen:)
-                                    keyEquivalent:@""];
-        QuorvaneMenuAction* action = [[QuorvaneMenuAction alloc] initWithAction:std::move(item.action)];
-        made.enabled = item.isEnabled;
-        made.target = action;
-        made.representedObject = action; // An item does not keep its target.
-    }
-    return menu;
-}
 
 class MacStatusItem : public StatusItem {
 public:
@@ -60,10 +23,13 @@ public:
     MacStatusItem& operator=(const MacStatusItem&) = delete;
     ~MacStatusItem() override { [NSStatusBar.systemStatusBar removeStatusItem:item_]; }
 
-    void setTemplateImage(ImageRef image) override { item_.button.image = templateOf(image); }
+    void setTemplateImage(ImageRef image) override {
+        item_.button.image = templateOf(image);
+        item_.button.title = image ? @"" : localized(@"Quorvane"); // There must be something to click on.
+    }
     void setMenu(Menu menu) override { item_.menu = makeMenu(std::move(menu)); }
     void setToolTip(std::function<std::string()> toolTip) override { toolTip_ = std::move(toolTip); }
-    void toolTipChanged() override { item_.button.toolTip = toNSString(toolTip_()); }
+    void toolTipChanged() override { item_.button.toolTip = shownText(toolTip_()); }
     void setHighlightMode(bool /*highlights*/) override {} // An item with a menu always does.
     void setVisible(bool visible) override { item_.visible = visible; }
 

@@ -23,8 +23,8 @@ public:
     void setMovableByWindowBackground(bool movable) override;
     void setFrameOrigin(Point origin) override;
 
-    /// Also above the windows of another application that is active. A window that cannot become key gets no
-    /// focus by it.
+    /// Also when it was minimised, and above the windows of another application that is active. A window that
+    /// cannot become key gets no focus by it.
     void makeKeyAndOrderFront() override;
     void orderOut() override;
 

@@ -53,6 +53,7 @@ void MacWindow::setFrameOrigin(Point origin) {
 }
 
 void MacWindow::makeKeyAndOrderFront() {
+    if (native_.miniaturized) [native_ deminiaturize:nil];
     if (native_.canBecomeKeyWindow) [native_ makeKeyAndOrderFront:nil];
     // While the program is not active, what was done so far may leave the window behind those of others.
     [native_ orderFrontRegardless];

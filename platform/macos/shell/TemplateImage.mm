@@ -3,9 +3,9 @@
 #include <array>
 #include <cstdint>
 
+#include "platform/TemplateShape.h"
 #include "platform/macos/CFRef.h"
 #import "platform/macos/appkit/MacImage.h"
-#include "platform/macos/shell/TemplateShape.h"
 
 namespace quorvane {
 namespace {

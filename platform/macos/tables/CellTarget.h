@@ -2,14 +2,12 @@
 
 #include <functional>
 
-#import "platform/macos/AppKit.h"
+#import "platform/macos/foundation/Receiver.h"
 #import "platform/macos/recorder/SRRecorderControlWithTagid.h"
 
 /// Hands on what a widget of a cell says: its action, a notification about it, that its menu has closed, or
 /// what it has recorded.
-@interface QuorvaneCellTarget : NSObject <NSMenuDelegate, ShortcutRecorderDelegate>
-- (nonnull instancetype)initWithHandler:(std::function<void(id _Nonnull sender)>)handler;
-- (void)receive:(nonnull id)sender;
+@interface QuorvaneCellTarget : QuorvaneReceiver <NSMenuDelegate, ShortcutRecorderDelegate>
 @end
 
 namespace quorvane {

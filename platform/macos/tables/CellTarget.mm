@@ -2,26 +2,7 @@
 
 #include <utility>
 
-#include "platform/macos/foundation/CallProgram.h"
-
-@implementation QuorvaneCellTarget {
-    std::function<void(id)> _handler;
-}
-
-- (instancetype)initWithHandler:(std::function<void(id)>)handler {
-    self = [super init];
-    if (self) _handler = std::move(handler);
-    return self;
-}
-
-- (void)dealloc {
-    [NSNotificationCenter.defaultCenter removeObserver:self];
-}
-
-- (void)receive:(id)sender {
-    const auto handler = _handler; // The table may be reloaded meanwhile, and this object go with its view.
-    quorvane::callProgram(handler, sender);
-}
+@implementation QuorvaneCellTarget
 
 - (void)menuDidClose:(NSMenu*)menu {
     [self receive:menu];

@@ -9,11 +9,6 @@
 namespace quorvane {
 namespace {
 
-NSString* textOf(const std::string& text) {
-    NSString* converted = toNSString(text);
-    return converted ? converted : @"";
-}
-
 void name(NSView* view, const CellSurroundings& surroundings) {
     if (surroundings.columnTitle.length > 0) view.accessibilityLabel = surroundings.columnTitle;
 }
@@ -35,7 +30,7 @@ NSView* makeView(const ImageViewPart& part, const CellSurroundings&) {
 
 NSView* makeView(const TextFieldPart& part, const CellSurroundings& surroundings) {
     NSTextField* field = [[NSTextField alloc] initWithFrame:NSZeroRect];
-    field.stringValue = textOf(part.stringValue);
+    field.stringValue = shownText(part.stringValue);
     field.bezeled = NO;
     field.bordered = NO;
     field.drawsBackground = NO;

@@ -14,13 +14,18 @@ Rect boundsOf(CFTypeRef value) {
     return {bounds.origin.x, bounds.origin.y, bounds.size.width, bounds.size.height};
 }
 
+/// The flag is a boolean, as documented, or else a number.
+bool isTrue(CFTypeRef value) {
+    return booleanOf(value).value_or(integerOf(value).value_or(0) != 0);
+}
+
 WindowDescription describe(CFDictionaryRef window) {
     const auto value = [&](CFStringRef key) { return CFDictionaryGetValue(window, key); };
     return {.ownerName = stringOf(value(kCGWindowOwnerName)),
             .name = stringOf(value(kCGWindowName)),
             .bounds = boundsOf(value(kCGWindowBounds)),
             .layer = integerOf(value(kCGWindowLayer)).value_or(0),
-            .isOnScreen = booleanOf(value(kCGWindowIsOnscreen)).value_or(false)};
+            .isOnScreen = isTrue(value(kCGWindowIsOnscreen))};
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include "platform/linux/dbus/BusApplications.h"
 #include "platform/linux/dbus/DBusNotificationCenter.h"
 #include "platform/linux/dbus/DBusPropertyList.h"
+#include "platform/linux/dbus/DaemonConnection.h"
 #include "virtual-desktop/SessionBus.h"
 #include "virtual-desktop/WaitUntil.h"
 
@@ -110,6 +111,36 @@ TEST(BusApplicationsTest, FollowsTheNamesSomebodyAskedAbout) {
     }));
     EXPECT_THAT(started, testing::ElementsAre("org.example.Late"));
     EXPECT_THAT(applications.ids(), testing::ElementsAre("org.example.Late"));
+}
+
+TEST(DaemonConnectionTest, TellsWhoseConnectionsAreInTheOrderOfTheQuestions) {
+    busOfTests();
+    const auto own = QDBusConnection::sessionBus().baseService().toStdString();
+    const std::string busItself = "org.freedesktop.DBus";
+    DaemonConnection connection("org.example.Daemon");
+    connection.open(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS").toStdString());
+    std::vector<std::string> told;
+    const auto ask = [&](const std::string& whose) {
+        connection.askProcess(whose, [&told, whose](int process) {
+            if (process > 0) told.push_back(whose);
+        });
+    };
+    ASSERT_TRUE(waitUntil([&] {
+        if (told.empty()) ask(own);
+        return !told.empty();
+    }));
+    waitUntil([&] { // Those that were asked meanwhile.
+        const auto count = told.size();
+        ask(own);
+        return told.size() == count + 1;
+    });
+    told.clear();
+    ask(busItself);
+    ask(own);
+    EXPECT_THAT(told, testing::IsEmpty()) << "what is known waits for what is not";
+    EXPECT_TRUE(waitUntil([&] { return told.size() == 2; }));
+    ask(own);
+    EXPECT_THAT(told, testing::ElementsAre(busItself, own, own)) << "at once";
 }
 
 TEST(BusApplicationsTest, ABusThatHangsIsNotWaitedForAndHasNotAnswered) {

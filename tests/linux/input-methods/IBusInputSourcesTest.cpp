@@ -1,12 +1,8 @@
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
-#include <QLineEdit>
-#include <QTimer>
 
 #include "contracts/TextInputSourcesContract.h"
 #include "platform/linux/input-methods/ibus/IBusInputSources.h"
-#include "platform/linux/input-methods/ibus/IBusTextInput.h"
 #include "platform/linux/keyboard/LayoutInputSources.h"
 #include "platform/linux/x11/XcbReply.h"
 #include "platform/linux/x11/keyboard/XkbKeyboard.h"
@@ -177,45 +173,6 @@ TEST_F(IBusInputSourcesTest, ADaemonThatHangsIsUnavailableUntilItGoesOn) {
         if (!goesOn) daemon.start(); // another one in its place
         EXPECT_TRUE(waitUntil([this] { return sources.isAvailable(); }));
     }
-}
-
-TEST_F(IBusInputSourcesTest, OwnTextFieldsAreTypedWithItAndNeverWaitForIt) {
-    start();
-    ASSERT_TRUE(select("ibus:libpinyin") && waitForEngine("libpinyin"));
-    IBusTextInput input;
-    QLineEdit field;
-    field.show();
-    QElapsedTimer sinceTurn;
-    qint64 longest = 0;
-    QTimer turns;
-    QObject::connect(&turns, &QTimer::timeout, &turns,
-                     [&] { longest = std::max(longest, sinceTurn.restart()); });
-    XClient typist;
-    const auto type = [&](const std::vector<std::uint8_t>& keys) {
-        for (const auto key : keys)
-            typist.pressTogether({key});
-    };
-    constexpr std::uint8_t n = 57, i = 31, space = 65;
-    const auto isInUse = [&](bool isIt) { return waitUntil([&] { return input.isInUse() == isIt; }); };
-    const auto becomes = [&](const char* text) { return waitUntil([&] { return field.text() == text; }); };
-    ASSERT_TRUE(isInUse(true) && waitUntil([&] { return !daemon.currentInputContext().isEmpty(); }));
-    type({n, i, space});
-    EXPECT_TRUE(becomes("你")) << field.text().toStdString();
-    daemon.stop();
-    sinceTurn.start();
-    turns.start(10);
-    type({n, i});
-    EXPECT_TRUE(becomes("你ni")) << field.text().toStdString();
-    EXPECT_LT(longest, 500) << "nothing waits";
-    turns.stop();
-    daemon.resume();
-    EXPECT_TRUE(isInUse(true) && waitForEngine("libpinyin"));
-    type({n, i, space});
-    EXPECT_TRUE(becomes("你ni你")) << field.text().toStdString();
-    daemon.kill();
-    EXPECT_TRUE(isInUse(false));
-    type({n});
-    EXPECT_TRUE(becomes("你ni你n")) << field.text().toStdString();
 }
 
 TEST_F(IBusInputSourcesTest, AnotherProgramAtTheAddressIsNoDaemonAndTheFolderMayGo) {

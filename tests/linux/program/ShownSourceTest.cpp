@@ -22,7 +22,7 @@ namespace {
 using Toolkit = TextProgram::Toolkit;
 
 constexpr int changes = 60, fights = 20;  // For each daemon.
-constexpr qint64 longestUntilShown = 300; // Milliseconds, the typical time.
+constexpr qint64 longestUntilShown = 400; // Milliseconds, typically: a quarter of a second of its own.
 
 class AmongOthers : public testing::TestWithParam<const char*>, protected InputMethodSession {
 protected:
@@ -85,8 +85,11 @@ protected:
     std::vector<std::uint32_t> icon() {
         std::vector<std::uint32_t> pixels;
         const auto stack = stackedWindows(*x_);
-        if (stack.empty() || !stack.front().isPopUp) return pixels;
-        const auto bounds = stack.front().bounds;
+        const auto indicator = std::ranges::find_if(stack, [](const auto& window) {
+            return window.isPopUp && window.bounds.width == 20 && window.bounds.height == 20;
+        });
+        if (indicator == stack.end()) return pixels;
+        const auto& bounds = indicator->bounds;
         for (int y = 0; y < bounds.height; y += 2)
             for (int x = 0; x < bounds.width; x += 2)
                 pixels.push_back(user.pixelAt(int(bounds.x) + x, int(bounds.y) + y));
@@ -100,10 +103,12 @@ protected:
                statusID() == idOf(source);
     }
 
+    Source layoutOfServer() { return (group() == 0) == isLatinFirst_ ? us : ru; }
+
     /// By what the daemon and the X server say. An input method hands on what is not Latin; layouts are the
     /// server's with IBus, and the group's own one with Fcitx5.
     Source typed() {
-        const auto layout = (group() == 0) == isLatinFirst_ ? us : ru;
+        const auto layout = layoutOfServer();
         const auto selected = selectedByDaemon();
         const bool isDaemons = selected == pinyin ? layout == us : !isIBus_ && selected == ru;
         return isDaemons ? *selected : layout;
@@ -122,6 +127,7 @@ INSTANTIATE_TEST_SUITE_P(Program, ShownSource, testing::Values("ibus", "fcitx"),
 TEST_P(ShownSource, IsWhatIsTypedWhoeverChangesIt) {
     std::mt19937 random{7}; // NOLINT(bugprone-random-generator-seed): the same each time
     std::vector<qint64> times;
+    bool isAlone = true; // The change before is over, and will not overtake this one.
     for (int change = 0; change < changes; ++change) {
         const auto source = all[random() % 3];
         bool isChosen = true; // It is to be typed then.
@@ -144,14 +150,17 @@ TEST_P(ShownSource, IsWhatIsTypedWhoeverChangesIt) {
         }
         QElapsedTimer age;
         age.start();
-        if (random() % 4 == 0) continue; // The next one does not wait.
+        isChosen = isChosen && isAlone;
+        isAlone = random() % 4 != 0;
+        if (!isAlone) continue;
         ASSERT_TRUE(waitUntil([&] {
             const auto now = typed();
             return (!isChosen || now == source) && isShown(now);
         })) << change
             << ": " << idOf(typed()).toStdString() << " is typed, shown is " << statusID().toStdString();
         times.push_back(age.elapsed());
-        if (random() % 8 != 0) continue;
+        // Fcitx5's own Russian over English ends sometimes with a hot key, of which it says nothing.
+        if (random() % 8 != 0 || (typed() == ru && layoutOfServer() != ru)) continue;
         EXPECT_TRUE(typeInto(front_, typed())) << change;
     }
     std::ranges::sort(times);

@@ -9,6 +9,7 @@
 
 #include "input/MonochromeTest.h"
 #include "platform/linux/input-methods/InputMethodIcons.h"
+#include "platform/linux/qt/IndicatorPicture.h"
 #include "platform/linux/qt/LettersIcon.h"
 #include "platform/linux/qt/QtImage.h"
 #include "platform/linux/qt/ReferencedIcon.h"
@@ -69,6 +70,20 @@ TEST(ReferencedIcon, HasOneSizeAndNoGreyMadeForOneGround) {
         EXPECT_EQ(isMonochrome(icon), monochrome) << reference;
     }
     EXPECT_FALSE(referencedIcon("no-such-icon"));
+}
+
+TEST(IndicatorPicture, HasShapesInTheColourThatIsSeenOnTheBox) {
+    QImage slate(18, 18, QImage::Format_ARGB32_Premultiplied), orange = slate;
+    slate.fill(Qt::transparent);
+    orange.fill(QColor(255, 128, 0));
+    QPainter(&slate).fillRect(6, 6, 6, 6, QColor(46, 52, 54));
+    const std::tuple<QImage, IndicatorBox, int> cases[] = {
+        {slate, IndicatorBox::light, 0},    {slate, IndicatorBox::dark, 241},
+        {slate, IndicatorBox::none, 50},    {orange, IndicatorBox::dark, 127},
+        {QImage(), IndicatorBox::dark, 63}, {QImage(), IndicatorBox::light, 245}};
+    for (const auto& [icon, box, lightness] : cases)
+        EXPECT_NEAR(drawIndicator(icon, box, Qt::transparent, 1).pixelColor(10, 10).lightness(), lightness,
+                    3);
 }
 
 TEST(InputMethodIcons, ArePicturesElseSymbolsElseTheLettersOfTheLanguage) {

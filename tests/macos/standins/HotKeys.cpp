@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <cstring>
 
 #include "macos/standins/StandIns.h"
@@ -16,9 +15,12 @@ std::string System::combination(UInt32 keyCode, UInt32 modifiers) {
     return std::to_string(keyCode) + ' ' + std::to_string(modifiers);
 }
 
-void System::press(UInt32 keyCode, UInt32 modifiers) {
-    auto* key = find(hotKey, combination(keyCode, modifiers & ~UInt32{alphaLock}));
-    if (key && find(handler, "")) handlerFunction(nullptr, reinterpret_cast<EventRef>(key), handlerUserData);
+OSStatus System::press(UInt32 keyCode, UInt32 modifiers) {
+    const auto text = combination(keyCode, modifiers & ~UInt32{alphaLock});
+    auto* key = find(hotKey, text);
+    if ((!key || !key->isExclusive) && combinationsOfOthers.contains(text)) ++pressesOfOthers;
+    if (!key || !find(handler, "")) return eventNotHandledErr;
+    return handlerFunction(nullptr, reinterpret_cast<EventRef>(key), handlerUserData);
 }
 
 EventTargetRef GetEventDispatcherTarget() {
@@ -50,12 +52,15 @@ OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType t
 }
 
 OSStatus RegisterEventHotKey(UInt32 keyCode, UInt32 modifiers, EventHotKeyID id, EventTargetRef target,
-                             OptionBits, EventHotKeyRef* reference) {
+                             OptionBits options, EventHotKeyRef* reference) {
     if (target != GetEventDispatcherTarget()) return paramErr;
     const auto text = System::combination(keyCode, modifiers);
-    if (find(hotKey, text) || std::ranges::count(system().combinationsOfOthers, text))
-        return eventHotKeyExistsErr;
-    *reference = add<EventHotKeyRef>({.type = hotKey, .text = text, .id = id});
+    const auto others = system().combinationsOfOthers.find(text);
+    const bool isTaken = others != system().combinationsOfOthers.end() && others->second;
+    if (isTaken || find(hotKey, text)) return eventHotKeyExistsErr;
+    constexpr OptionBits exclusive = 1;
+    *reference = add<EventHotKeyRef>(
+        {.type = hotKey, .text = text, .id = id, .isExclusive = (options & exclusive) != 0});
     return noErr;
 }
 

@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <cstdlib>
+#include <iostream>
 #include <iterator>
 #include <list>
 #include <thread>
@@ -80,6 +82,12 @@ CFTypeRef addValue(const PropertyList& value) {
 CFStringRef constant(std::string_view ascii) {
     return addConstant<CFStringRef>(
         {.type = string, .text = std::string(ascii), .length = lengthInUtf16(ascii)});
+}
+
+void assertMainQueue(std::string_view caller) {
+    if (CFRunLoopGetCurrent() == CFRunLoopGetMain()) return;
+    std::cerr << "dispatch_assert_queue: " << caller << '\n';
+    std::abort();
 }
 
 Object& use(const void* reference, std::string_view caller, CFTypeID type) {

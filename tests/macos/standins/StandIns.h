@@ -16,8 +16,10 @@ namespace quorvane::standins {
 struct System {
     using Dictionary = PropertyList::Dictionary;
 
-    std::vector<Dictionary> sources; ///< Whose "TISPropertyIconRef" says whether they have an icon.
+    std::vector<Dictionary> sources;          ///< Whose "TISPropertyIconRef" says whether they have an icon.
+    std::vector<Dictionary> installedSources; ///< Only installed: the user has not enabled them.
     std::string selectedID;
+    std::map<std::string, std::string> layoutsOfInputMethods; ///< By id; others are layouts themselves.
     int selectionsTold = 0;
     bool emptyListsAreNull = false;
     Dictionary asciiCapableLayout; ///< None when it is empty.
@@ -26,12 +28,13 @@ struct System {
     std::vector<Dictionary> windows; ///< Front to back.
     bool hasWindowServer = true;
 
-    std::vector<std::string> combinationsOfOthers;
+    std::map<std::string, bool> combinationsOfOthers; ///< And whether they have it exclusively.
+    int pressesOfOthers = 0;                          ///< So often one of these was told to them.
     bool installsHandlers = true;
 
     void select(const std::string& id);
     static std::string combination(UInt32 keyCode, UInt32 modifiers);
-    static void press(UInt32 keyCode, UInt32 modifiers);
+    OSStatus press(UInt32 keyCode, UInt32 modifiers);
 };
 
 System& system();
@@ -58,6 +61,7 @@ struct Object {
     std::vector<const void*> parts{}; ///< Elements, or keys and values by turns.
     bool ownsParts = true;            ///< False for plain numbers in the place of objects.
     EventHotKeyID id{};
+    bool isExclusive = false;
     int references = 1;      ///< 0: gone.
     int referencesAtEnd = 0; ///< Of the system. More for what lives for ever.
 };
@@ -69,6 +73,9 @@ template <class Reference = CFTypeRef>
 Reference add(Object object) {
     return static_cast<Reference>(const_cast<void*>(addObject(std::move(object))));
 }
+
+/// What the system does, too, about a call that belongs to the main queue: ends the program.
+void assertMainQueue(std::string_view caller);
 
 CFTypeRef addString(std::string_view utf8);
 CFTypeRef addValue(const PropertyList& value);

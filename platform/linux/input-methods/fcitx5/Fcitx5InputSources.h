@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "platform/linux/dbus/BusMonitor.h"
+#include "platform/linux/dbus/DaemonConnection.h"
 #include "platform/linux/files/FolderWatch.h"
-#include "platform/linux/input-methods/DaemonConnection.h"
 #include "platform/linux/input-methods/DaemonInputSources.h"
 #include "platform/linux/input-methods/fcitx5/Fcitx5Answers.h"
 #include "platform/linux/input-methods/fcitx5/Fcitx5Names.h"
@@ -18,11 +18,12 @@ namespace quorvane {
 /// changes that of the application in front, once it has one.
 ///
 /// Contexts of programs that use Fcitx5 by D-Bus are told what they are typed with, and this listens in: to
-/// that one signal, which has nothing of what is typed. For the others Fcitx5 is asked.
+/// that signal, and to who makes contexts, which has nothing of what is typed. For the others Fcitx5 is
+/// asked.
 ///
-/// Its keyboard layouts work in its clients whatever the X server's layout is, except the group's
-/// own one, which leaves keys to the X server. So the X server has the same layout always, which is also what
-/// programs without a context are typed with.
+/// Its keyboard layouts work in its clients whatever the X server's layout is, except the group's own
+/// one, for which it leaves keys to the X server. So the X server is given the same layout with each
+/// selection, which is also what programs without a context are typed with.
 class Fcitx5InputSources final : public DaemonInputSources {
 public:
     /// The layouts must outlive this object.

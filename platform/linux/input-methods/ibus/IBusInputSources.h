@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/input-methods/DaemonConnection.h"
+#include "platform/linux/dbus/DaemonConnection.h"
 #include "platform/linux/input-methods/DaemonInputSources.h"
 #include "platform/linux/input-methods/ibus/IBusAddress.h"
 #include "platform/linux/input-methods/ibus/IBusEngines.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/input-methods/DaemonConnection.h"
+#include "platform/linux/dbus/DaemonConnection.h"
 
 namespace quorvane {
 

@@ -118,7 +118,14 @@ typedef NS_OPTIONS(unsigned long long, NSEventMask) {
     NSEventMaskKeyUp = 1ULL << NSEventTypeKeyUp,
     NSEventMaskOtherMouseDown = 1ULL << NSEventTypeOtherMouseDown
 };
-typedef NSUInteger NSEventModifierFlags;
+typedef NS_OPTIONS(NSUInteger, NSEventModifierFlags) {
+    NSEventModifierFlagCapsLock = 1 << 16,
+    NSEventModifierFlagShift = 1 << 17,
+    NSEventModifierFlagControl = 1 << 18,
+    NSEventModifierFlagOption = 1 << 19,
+    NSEventModifierFlagCommand = 1 << 20,
+    NSEventModifierFlagFunction = 1 << 23
+};
 
 @interface NSEvent : NSObject
 @property(readonly) NSEventType type;

@@ -54,6 +54,7 @@ extern "C" NSNotificationName const NSWindowWillCloseNotification;
 - (BOOL)setFrameAutosaveName:(NSWindowFrameAutosaveName)name;
 - (BOOL)makeFirstResponder:(nullable NSResponder*)responder;
 @property(readonly) NSRect frame;
+@property(readonly, getter=isMiniaturized) BOOL miniaturized;
 @property(getter=isVisible, readonly) BOOL visible;
 @property(readonly) BOOL canBecomeKeyWindow;
 @property(getter=isKeyWindow, readonly) BOOL keyWindow;
@@ -79,6 +80,7 @@ extern "C" NSNotificationName const NSWindowWillCloseNotification;
 - (void)orderOut:(nullable id)sender;
 - (void)performClose:(nullable id)sender;
 - (void)performMiniaturize:(nullable id)sender;
+- (void)deminiaturize:(nullable id)sender;
 @property(nullable, readonly, weak) NSResponder* firstResponder;
 @end
 

@@ -10,7 +10,7 @@
 #include <QObject>
 #include <QPointer>
 
-#include "platform/linux/input-methods/DaemonConnection.h"
+#include "platform/linux/dbus/DaemonConnection.h"
 #include "platform/linux/input-methods/ibus/IBusAddress.h"
 
 namespace quorvane {

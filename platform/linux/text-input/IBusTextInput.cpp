@@ -1,4 +1,4 @@
-#include "platform/linux/input-methods/ibus/IBusTextInput.h"
+#include "platform/linux/text-input/IBusTextInput.h"
 
 #include <algorithm>
 #include <utility>

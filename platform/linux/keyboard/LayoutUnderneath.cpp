@@ -1,4 +1,4 @@
-#include "platform/linux/input-methods/LayoutUnderneath.h"
+#include "platform/linux/keyboard/LayoutUnderneath.h"
 
 #include <algorithm>
 

@@ -54,8 +54,8 @@ public:
     /// Sets a property. A floating `value` is taken over.
     void write(const Interface& callee, const char* property, GVariant* value);
 
-    /// Which process a connection to the bus is of; 0 when it is gone. The bus answers, once, in the order of
-    /// the questions.
+    /// Which process a connection to the bus is of; 0 when it is gone. The bus answers, and is
+    /// asked once; answers come in the order of the questions. None comes while there is no bus.
     void askProcess(const std::string& connection, std::function<void(int process)> answered);
 
     /// Hears the signals of an interface on the buses that are opened from now on; an empty path stands for

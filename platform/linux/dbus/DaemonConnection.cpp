@@ -1,4 +1,4 @@
-#include "platform/linux/input-methods/DaemonConnection.h"
+#include "platform/linux/dbus/DaemonConnection.h"
 
 #include <chrono>
 #include <utility>
@@ -8,7 +8,7 @@
 namespace quorvane {
 namespace {
 
-constexpr std::chrono::seconds longestAnswer{1};
+constexpr std::chrono::seconds longestUnanswered{1};
 
 constexpr std::size_t mostProcesses = 500; // A bus gives each connection another name.
 
@@ -29,7 +29,7 @@ bool isOfBus(const GError& error) {
 
 DaemonConnection::DaemonConnection(std::string daemonName) : daemonName_(std::move(daemonName)) {
     patience_.setSingleShot(true);
-    patience_.setInterval(longestAnswer);
+    patience_.setInterval(longestUnanswered);
     QObject::connect(&patience_, &QTimer::timeout, &patience_, [this] { beSilent(); });
 }
 
@@ -105,7 +105,7 @@ void DaemonConnection::write(const Interface& callee, const char* property, GVar
 }
 
 void DaemonConnection::askProcess(const std::string& connection, std::function<void(int process)> answered) {
-    if (!bus_) return;
+    if (!bus_ || !bus_->isOpen()) return;
     const auto known = processes_.find(connection);
     if (known != processes_.end() && askedProcesses_ == 0) return answered(known->second);
     ++askedProcesses_;
