@@ -4,6 +4,8 @@
 
 #include "control/SelfCheck.h"
 #include "platform/linux/LinuxDesktop.h"
+#include "platform/linux/control/ControlService.h"
+#include "platform/linux/dbus/SessionBus.h"
 
 namespace quorvane {
 
@@ -15,6 +17,7 @@ int runSelfCheck(const OpenedSession& session) {
             "quorvanectl status; quorvanectl doctor");
         return 0;
     }
+    if (session.servesOnlyOne()) ControlService::takeName(sessionBus());
     LinuxDesktop linuxDesktop(session.start(), LinuxDesktop::Purpose::lookAround);
     SelfCheck check(linuxDesktop.desktop(), printLine, [&](const TellFact& tell) {
         const auto& report = linuxDesktop.report();
