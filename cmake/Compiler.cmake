@@ -35,6 +35,10 @@ if(CMAKE_SYSTEM_NAME STREQUAL "Darwin")
                       $<$<COMPILE_LANGUAGE:OBJCXX>:-fobjc-arc>)
 endif()
 
+# Not for users: their compiler may be newer than any that was tried.
+option(QUORVANE_WARNINGS_ARE_ERRORS "Stop at a warning of the compiler" OFF)
+set(CMAKE_COMPILE_WARNING_AS_ERROR ${QUORVANE_WARNINGS_ARE_ERRORS})
+
 option(QUORVANE_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 if(QUORVANE_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer

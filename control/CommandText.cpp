@@ -6,6 +6,8 @@
 #include <map>
 #include <vector>
 
+#include "control/Named.h"
+
 namespace quorvane {
 namespace {
 
@@ -48,10 +50,8 @@ std::string textOfRows(const Rows& rows, const TextStyle& style) {
     return lines;
 }
 
-/// "Russian (xkb:ru)".
 std::string named(const PropertyList& document) {
-    const auto id = text(document["identifier"]), name = text(document["name"]);
-    return name.empty() || name == id ? id : name + " (" + id + ")";
+    return textOf(Named{text(document["identifier"]), text(document["name"])});
 }
 
 std::string whole(double number, const char* format) {

@@ -37,4 +37,8 @@ std::vector<Named> meantBy(std::string_view text, const std::vector<Named>& know
     return meant;
 }
 
+std::string textOf(const Named& named) {
+    return named.name.empty() || named.name == named.id ? named.id : named.name + " (" + named.id + ")";
+}
+
 } // namespace quorvane

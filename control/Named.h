@@ -19,4 +19,7 @@ struct Named {
 /// "xkb:ru"; else those whose name begins with it. Several, where only the user can tell.
 std::vector<Named> meantBy(std::string_view text, const std::vector<Named>& known);
 
+/// "Russian (xkb:ru)"; the id alone where it is the name, too, or there is none.
+std::string textOf(const Named& named);
+
 } // namespace quorvane

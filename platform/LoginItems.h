@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 namespace quorvane {
@@ -12,6 +13,9 @@ public:
     /// Has the session start the login item of this identifier, which starts this program, or not any more.
     /// False when that failed. Repeating it is harmless.
     virtual bool setEnabled(std::string_view identifier, bool enabled) = 0;
+
+    /// Whether the session starts it; none when the desktop does not tell.
+    virtual std::optional<bool> isEnabled(std::string_view identifier) const = 0;
 };
 
 } // namespace quorvane

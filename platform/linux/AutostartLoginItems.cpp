@@ -42,6 +42,13 @@ std::string usersOwnLines(const std::string& entry) {
     return kept;
 }
 
+bool isSwitchedOff(const std::string& entry) {
+    auto lines = usersOwnLines(entry);
+    std::erase(lines, ' ');
+    return lines.find("Hidden=true\n") != std::string::npos ||
+           lines.find("X-GNOME-Autostart-enabled=false\n") != std::string::npos;
+}
+
 std::string withBackslashBefore(std::string_view characters, std::string_view text) {
     std::string escaped;
     for (const char character : text) {
@@ -82,6 +89,13 @@ bool AutostartLoginItems::setEnabled(std::string_view identifier, bool enabled) 
     const auto former = folder_ / (std::string(identifier) + ".desktop");
     if (enabled ? !write(file, former) : !removeOwn(file)) return false;
     return removeOwn(former);
+}
+
+/// Also by an entry of the user's own.
+std::optional<bool> AutostartLoginItems::isEnabled(std::string_view identifier) const {
+    auto entry = textOf(folder_ / (desktopId_ + ".desktop"));
+    if (entry.empty()) entry = textOf(folder_ / (std::string(identifier) + ".desktop"));
+    return !entry.empty() && !isSwitchedOff(entry);
 }
 
 bool AutostartLoginItems::write(const fs::path& file, const fs::path& former) const {

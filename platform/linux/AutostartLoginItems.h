@@ -23,6 +23,7 @@ public:
     AutostartLoginItems(std::filesystem::path folder, std::string desktopId, std::string program);
 
     bool setEnabled(std::string_view identifier, bool enabled) override;
+    std::optional<bool> isEnabled(std::string_view identifier) const override;
 
 private:
     bool write(const std::filesystem::path& file, const std::filesystem::path& former) const;

@@ -25,6 +25,7 @@ LaunchArguments::LaunchArguments(std::span<const char* const> arguments) {
                                                   {launch_argument::atLogin, &isAtLogin},
                                                   {launch_argument::afterCompositor, &isAfterCompositor},
                                                   {launch_argument::preferences, &opensPreferences},
+                                                  {launch_argument::selfCheck, &asksForSelfCheck},
                                                   {launch_argument::help, &asksForHelp},
                                                   {launch_argument::version, &asksForVersion}};
     for (const std::string_view argument : arguments) {
@@ -38,13 +39,14 @@ LaunchArguments::LaunchArguments(std::span<const char* const> arguments) {
 }
 
 const char* const usage = R"(usage: quorvane [--preferences | --at-login | --new-instance]
-       quorvane --help | --version
+       quorvane --self-check | --help | --version
 
 Gives every program the keyboard input source it needs: a background program with an item in the tray.
 
   --preferences   open the window, whether it runs already or not
   --at-login      leave without opening the window when it runs already
   --new-instance  wait for the one that runs to end, and take its place
+  --self-check    look at this desktop for three seconds, print what it answers, and change nothing
   --help          print this
   --version       print the version
 

@@ -26,6 +26,9 @@ inline constexpr const char* afterCompositor = "--after-compositor";
 /// By a menu: open the window, whether an instance runs already or not.
 inline constexpr const char* preferences = "--preferences";
 
+/// By the user: tell what this desktop answers, change nothing, and end.
+inline constexpr const char* selfCheck = "--self-check";
+
 /// By the user: answer and end, before anything is touched.
 inline constexpr const char* help = "--help";
 inline constexpr const char* version = "--version";
@@ -41,6 +44,7 @@ struct LaunchArguments {
     bool isAtLogin = false;
     bool isAfterCompositor = false;
     bool opensPreferences = false;
+    bool asksForSelfCheck = false;
     bool asksForHelp = false;
     bool asksForVersion = false;
     std::string unknown; ///< The first one that means nothing here; empty when there is none.

@@ -67,14 +67,17 @@ const InputMethodIcons icons{drawLettersIcon, referencedIcon};
 
 } // namespace
 
-LinuxDesktop::LinuxDesktop(const SessionStart& startSession)
+LinuxDesktop::LinuxDesktop(const SessionStart& startSession, Purpose purpose)
     : defaults_(LinuxUserDefaults::configFolder(), maker::bundleIdentifier)
     , distributedNotifications_(maker::distributedNotificationInterface,
                                 [this] { defaults_.flushPendingWrites(); })
     , busApplications_(applicationsWithoutWindows())
     , desktopEntries_(DesktopEntries::ofEnvironment())
     , applications_(desktopEntries_, &busApplications_)
-    , otherNames_(defaults_, applications_.owners, desktopEntries_)
+    , otherNames_(
+          purpose == Purpose::lookAround
+              ? std::nullopt
+              : std::optional<OtherNames>(std::in_place, defaults_, applications_.owners, desktopEntries_))
     , session_(startSession(applications_))
     , parts_(session_->parts())
     , ibus_(parts_.hasIBusEngines ? std::nullopt

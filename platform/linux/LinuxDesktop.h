@@ -32,8 +32,13 @@ namespace quorvane {
 /// one needs the other.
 class LinuxDesktop {
 public:
+    enum class Purpose {
+        runTheProgram,
+        lookAround ///< Settings stay as they are, also where some are out of date.
+    };
+
     /// Needs a QApplication.
-    explicit LinuxDesktop(const SessionStart& startSession);
+    explicit LinuxDesktop(const SessionStart& startSession, Purpose purpose = Purpose::runTheProgram);
     LinuxDesktop(const LinuxDesktop&) = delete;
     LinuxDesktop& operator=(const LinuxDesktop&) = delete;
 
@@ -59,7 +64,7 @@ private:
 
     DesktopEntries desktopEntries_;
     SessionApplications applications_;
-    OtherNames otherNames_; ///< Made before the session tells of windows.
+    std::optional<OtherNames> otherNames_; ///< Made before the session tells of windows.
     std::unique_ptr<Session> session_;
     SessionParts parts_;
     std::optional<IBusInputSources> ibus_; ///< None where the session has its engines.

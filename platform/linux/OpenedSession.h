@@ -26,6 +26,10 @@ public:
     SingleInstance& instance() const { return *instance_; }
     XConnection* x() const { return x_.get(); } ///< Null where there is no X server to speak to.
 
+    /// Whether it serves one instance of the program at a time: a second one would take the first one's
+    /// place.
+    bool servesOnlyOne() const { return kind_ == SessionKind::kwin || kind_ == SessionKind::gnome; }
+
     /// Valid as long as this object.
     SessionStart start() const;
 

@@ -14,6 +14,7 @@
 #include "platform/linux/Log.h"
 #include "platform/linux/OpenedSession.h"
 #include "platform/linux/ReturnOfSession.h"
+#include "platform/linux/SelfCheckRun.h"
 #include "platform/linux/UnixSignals.h"
 #include "platform/linux/appearance/ColorScheme.h"
 #include "platform/linux/control/ControlService.h"
@@ -117,7 +118,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     quorvane::Subscription earlyLoss;
-    if (!quorvane::isOfX11(kind))
+    if (!quorvane::isOfX11(kind) && !arguments.asksForSelfCheck)
         earlyLoss = quorvane::beforeToolkitGivesUp(quorvane::startAnewAfterCompositor);
     std::optional<EnvironmentOfToolkit> environment(std::in_place, quorvane::toolkitPlatform(kind));
     QApplication qt(argc, argv);
@@ -139,5 +140,5 @@ int main(int argc, char** argv) {
         quorvane::logLine("the display has refused the connection");
         return 1;
     }
-    return runProgram(*session, arguments);
+    return arguments.asksForSelfCheck ? quorvane::runSelfCheck(*session) : runProgram(*session, arguments);
 }

@@ -149,10 +149,13 @@ public:
 
     bool setEnabled(std::string_view identifier, bool enabled) override {
         journal_.add("login item ", identifier, enabled ? " on" : " off");
+        if (!refuses) isOn = enabled;
         return !refuses;
     }
+    std::optional<bool> isEnabled(std::string_view /*identifier*/) const override { return isOn; }
 
     bool refuses = false;
+    std::optional<bool> isOn;
 
 private:
     Journal& journal_;

@@ -27,7 +27,7 @@ const std::map<std::string, std::set<std::string>> allowedFolders = {
      {"platform", "settings", "input", "switching", "shortcuts", "indicator", "preferences", "control"}},
     {"platform/simulated", {"platform"}},
     {"platform/linux", {"platform", "settings", "shortcuts", "control"}},
-    {"platform/macos", {"platform", "settings", "shortcuts"}},
+    {"platform/macos", {"platform", "settings", "shortcuts", "control"}},
 };
 
 /// The files that start a desktop's program: they alone know its hub.

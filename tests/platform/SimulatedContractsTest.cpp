@@ -88,6 +88,7 @@ INSTANTIATE_TEST_SUITE_P(Simulated, DistributedNotificationCenterContract,
 INSTANTIATE_TEST_SUITE_P(Simulated, HotKeysContract, simulated<SimulatedHotKeysBench>());
 INSTANTIATE_TEST_SUITE_P(Simulated, TextInputSourcesContract, simulated<SimulatedInputSourcesBench>());
 INSTANTIATE_TEST_SUITE_P(Simulated, WorkspaceContract, simulated<SimulatedWorkspaceBench>());
+INSTANTIATE_TEST_SUITE_P(Simulated, EmptyFrontContract, simulated<SimulatedWorkspaceBench>());
 
 TEST(ObservedDomain, IsSilentAboutWhatIsNotKeptAndAboutOldNews) {
     EchoingBench bench(Echo::late);

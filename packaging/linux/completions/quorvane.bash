@@ -1,1 +1,1 @@
-complete -W '--preferences --at-login --new-instance --help --version' quorvane
+complete -W '--preferences --at-login --new-instance --self-check --help --version' quorvane

@@ -38,11 +38,15 @@ ControlService::ControlService(const QDBusConnection& bus, AgentCommands& comman
     , decisions_(commands.decided.connect([this](const PropertyList& decision) { tell(decision); })) {
     if (!bus_.isConnected()) return;
     bus_.registerVirtualObject(control_address::path(), this);
+    takeName(bus_);
+}
+
+void ControlService::takeName(const QDBusConnection& bus) {
     auto request = QDBusMessage::createMethodCall("org.freedesktop.DBus", "/org/freedesktop/DBus",
                                                   "org.freedesktop.DBus", "RequestName");
     // While another instance has it, as at a relaunch, the bus lets this one wait in line.
     request.setArguments({control_address::service(), 0U});
-    bus_.asyncCall(request);
+    bus.asyncCall(request);
 }
 
 ControlService::~ControlService() {

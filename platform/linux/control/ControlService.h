@@ -16,6 +16,10 @@ public:
     ControlService(const QDBusConnection& bus, AgentCommands& commands);
     ~ControlService() override;
 
+    /// The bus gives this process the name by which others know the program, or lets it wait in line. GNOME
+    /// Shell tells only whoever has it.
+    static void takeName(const QDBusConnection& bus);
+
     QString introspect(const QString& path) const override;
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 

@@ -8,6 +8,7 @@ namespace quorvane {
 class MacLoginItems : public LoginItems {
 public:
     bool setEnabled(std::string_view identifier, bool enabled) override;
+    std::optional<bool> isEnabled(std::string_view identifier) const override;
 };
 
 } // namespace quorvane

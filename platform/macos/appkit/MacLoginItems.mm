@@ -24,4 +24,13 @@ bool MacLoginItems::setEnabled(std::string_view identifier, bool enabled) {
     return SMLoginItemSetEnabled((__bridge CFStringRef)helper, enabled);
 }
 
+/// Older systems do not tell.
+std::optional<bool> MacLoginItems::isEnabled(std::string_view identifier) const {
+    NSString* helper = toNSString(identifier);
+    if (!helper) return std::nullopt;
+    if (@available(macOS 13.0, *))
+        return [SMAppService loginItemServiceWithIdentifier:helper].status == SMAppServiceStatusEnabled;
+    return std::nullopt;
+}
+
 } // namespace quorvane

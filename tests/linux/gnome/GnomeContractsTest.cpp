@@ -44,6 +44,7 @@ std::unique_ptr<SessionDesktop> makeDesktop() {
 INSTANTIATE_TEST_SUITE_P(Gnome, TextInputSourcesContract, on<SessionSourcesBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(Gnome, FrontWindowContract, on<SessionWindowListBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(Gnome, WorkspaceContract, on<SessionWorkspaceBench>(makeDesktop));
+INSTANTIATE_TEST_SUITE_P(Gnome, EmptyFrontContract, on<SessionWorkspaceBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(Gnome, HotKeysContract, on<SessionHotKeysBench>(makeDesktop));
 
 } // namespace

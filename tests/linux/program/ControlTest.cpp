@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include <QDirIterator>
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,6 +15,7 @@
 #include "platform/linux/quorvanectl/LayoutKeepers.h"
 #include "platform/linux/x11/XConnection.h"
 #include "platform/linux/x11/keyboard/KeyboardMap.h"
+#include "settings/AppRule.h"
 #include "settings/Keys.h"
 #include "virtual-desktop/ProgramSession.h"
 #include "virtual-desktop/WaitUntil.h"
@@ -36,6 +38,17 @@ Answer ask(const QStringList& arguments, const QByteArray& input = {}) {
     tool.closeWriteChannel();
     EXPECT_TRUE(tool.waitForFinished()) << arguments.join(' ').toStdString();
     return {tool.exitCode(), tool.readAll().toStdString()};
+}
+
+/// Every file in it, by its path.
+std::map<QString, QByteArray> folderContents(const QString& folder) {
+    std::map<QString, QByteArray> contents;
+    for (QDirIterator files(folder, QDir::Files, QDirIterator::Subdirectories); files.hasNext();) {
+        QFile file(files.next());
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        contents[file.fileName()] = file.readAll();
+    }
+    return contents;
 }
 
 struct Control : testing::Test {
@@ -124,6 +137,38 @@ TEST_F(Control, SetsWithoutTheProgramWhatCountsWhenItRuns) {
     EXPECT_EQ(ask({"import", "-"}, exported.said.c_str()).said, "+\trules rofi\t{id: xkb:ru}\n");
     EXPECT_EQ(ask({"export"}).said, exported.said);
     EXPECT_EQ(ask({"import", "/nowhere"}).status, 1);
+}
+
+TEST_F(Control, ASelfCheckTellsHowTheDesktopIsAndChangesNothing) {
+    session_.folders.write("config/autostart/" + QString::fromUtf8(maker::bundleIdentifier.data()) +
+                               ".desktop",
+                           "[Desktop Entry]\nExec=program\nHidden = true\n");
+    const auto file = session_.folders.write("data/applications/org.maker.Editor.desktop",
+                                             "[Desktop Entry]\nType=Application\nName=E\nExec=e\n");
+    auto& standard = session_.stores.standardUserDefaults();
+    setRuleInput(standard, file.toStdString(), "xkb:ru"); // The program would store it as the editor's.
+    const auto settings = folderContents(session_.folders.home() + "/config");
+    for (const bool isAlone : {true, false}) {
+        if (!isAlone) session_.startProgram();
+        const TestWindow window({"class=Wanted", "title=a secret"});
+        RunningProgram check(QUORVANE_PROGRAM, {"--self-check"});
+        ASSERT_TRUE(waitUntil([&] { return check.output().contains("looking for"); }));
+        const TestWindow other({"class=Other", "title=another secret"});
+        ASSERT_TRUE(check.waitForEnd());
+        EXPECT_EQ(check.exitCode(), 0);
+        const auto said = check.output().toStdString();
+        for (const auto* line :
+             {isAlone ? "another instance  none\n" : "another instance  runs\n", "sources from      X11\n",
+              "current source    English (US) (xkb:us)\n", "in front          Other, process ",
+              "window            Wanted, layer 0, ", "login item        off\n", "F20: granted\n",
+              "own message       came back\n", "events            activated "})
+            EXPECT_THAT(said, HasSubstr(line));
+        EXPECT_THAT(said, testing::Not(HasSubstr("secret")));
+        if (isAlone) {
+            EXPECT_EQ(folderContents(session_.folders.home() + "/config"), settings);
+        }
+    }
+    EXPECT_EQ(session_.group(), 0U);
 }
 
 TEST(Tool, LoadsNothingToDrawWith) {

@@ -20,8 +20,11 @@ QString textOf(const QString& path) {
 class AutostartEntry : public testing::Test {
 protected:
     bool setEnabled(const QString& program, bool isEnabled = true) {
-        return AutostartLoginItems(folder().toStdString(), "program", program.toStdString())
-            .setEnabled("item", isEnabled);
+        return items(program).setEnabled("item", isEnabled);
+    }
+    bool isEnabled() const { return items("/any").isEnabled("item").value(); }
+    AutostartLoginItems items(const QString& program) const {
+        return {folder().toStdString(), "program", program.toStdString()};
     }
     QString folder() const { return folders_.home() + "/config/autostart"; }
     QString entry() const { return folder() + "/program.desktop"; }
@@ -49,8 +52,10 @@ TEST_F(AutostartEntry, KeepsTheUsersOwnSwitchUntilItIsMadeAnewAndIsRefusedWhereN
         "[Other]\nHidden=of another group\n";
     for (const auto* name : {"program", "item"}) { // as it is named, and as it once was
         folders_.write(QString("config/autostart/%1.desktop").arg(name), users);
+        EXPECT_FALSE(isEnabled()) << "the user has switched it off";
         ASSERT_TRUE(setEnabled("/new/place"));
         EXPECT_FALSE(QFile::exists(formerEntry()));
+        EXPECT_FALSE(isEnabled());
         const auto kept = textOf(entry()).toStdString();
         EXPECT_THAT(kept, testing::HasSubstr("\nExec=\"/new/place\" --at-login\n"));
         EXPECT_THAT(kept, testing::EndsWith("\nHidden=true\nX-GNOME-Autostart-enabled = false\n"));
@@ -58,10 +63,11 @@ TEST_F(AutostartEntry, KeepsTheUsersOwnSwitchUntilItIsMadeAnewAndIsRefusedWhereN
         for (int time = 0; time < 2; ++time)
             EXPECT_TRUE(setEnabled("/new/place", false)) << "also if it is so already";
         EXPECT_TRUE(QDir(folder()).isEmpty());
+        EXPECT_FALSE(isEnabled());
     }
     folders_.write("config/autostart/program.desktop", "[Desktop Entry]\nExec=program\n");
     EXPECT_TRUE(setEnabled("/new/place", false));
-    EXPECT_TRUE(QFile::exists(entry())) << "the user's own";
+    EXPECT_TRUE(QFile::exists(entry()) && isEnabled()) << "the user's own";
     ASSERT_TRUE(setEnabled("/new/place"));
     EXPECT_FALSE(textOf(entry()).contains("Hidden"));
     ASSERT_TRUE(QDir(folder()).removeRecursively());

@@ -88,6 +88,7 @@ std::unique_ptr<SessionDesktop> makeDesktop() {
 
 INSTANTIATE_TEST_SUITE_P(KWin, FrontWindowContract, on<SessionWindowListBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(KWin, WorkspaceContract, on<SessionWorkspaceBench>(makeDesktop));
+INSTANTIATE_TEST_SUITE_P(KWin, EmptyFrontContract, on<SessionWorkspaceBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(KWin, TextInputSourcesContract, on<SessionSourcesBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(KWin, SessionFaults, testing::Values(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(KWin, HotKeysContract, on<SessionHotKeysBench>(makeDesktop));

@@ -59,6 +59,7 @@ std::unique_ptr<SessionDesktop> makeDesktop() {
 
 INSTANTIATE_TEST_SUITE_P(Sway, FrontWindowContract, on<SessionWindowListBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(Sway, WorkspaceContract, on<SessionWorkspaceBench>(makeDesktop));
+INSTANTIATE_TEST_SUITE_P(Sway, EmptyFrontContract, on<SessionWorkspaceBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(Sway, TextInputSourcesContract, on<SessionSourcesBench>(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(Sway, SessionFaults, testing::Values(makeDesktop));
 INSTANTIATE_TEST_SUITE_P(Sway, HotKeysContract, on<SessionHotKeysBench>(makeDesktop));

@@ -129,6 +129,7 @@ auto on(Managers... managers) {
 }
 
 INSTANTIATE_TEST_SUITE_P(X11, WorkspaceContract, on<X11WorkspaceBench>("openbox", "xfwm4"));
+INSTANTIATE_TEST_SUITE_P(X11, EmptyFrontContract, on<X11WorkspaceBench>("openbox", "xfwm4"));
 INSTANTIATE_TEST_SUITE_P(X11, FrontWindowContract, on<X11WindowListBench>("openbox", "xfwm4"));
 INSTANTIATE_TEST_SUITE_P(X11, OnScreenWindowListContract, on<X11WindowListBench>("openbox", "xfwm4"));
 INSTANTIATE_TEST_SUITE_P(X11, ScreensContract, on<X11ScreensBench>("openbox"));

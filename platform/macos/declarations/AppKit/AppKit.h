@@ -72,6 +72,8 @@ enum : NSModalResponse { NSModalResponseOK = 1, NSAlertFirstButtonReturn = 1000 
 @property(readonly) NSApplicationActivationPolicy activationPolicy;
 @property(readonly) int processIdentifier;
 + (NSArray<NSRunningApplication*>*)runningApplicationsWithBundleIdentifier:(NSString*)bundleIdentifier;
+- (BOOL)hide;      // for tests
+- (BOOL)terminate; // for tests
 @end
 
 extern "C" NSNotificationName const NSWorkspaceDidActivateApplicationNotification;

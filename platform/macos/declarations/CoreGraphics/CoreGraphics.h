@@ -46,4 +46,8 @@ extern const CFStringRef kCGWindowBounds;
 extern const CFStringRef kCGWindowLayer;
 extern const CFStringRef kCGWindowIsOnscreen;
 
+// What the user allows: public SDK documentation, and the metadata of PyObjC.
+bool CGPreflightListenEventAccess();
+bool CGPreflightScreenCaptureAccess();
+
 } // extern "C"

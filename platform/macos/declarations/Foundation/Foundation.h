@@ -226,6 +226,7 @@ typedef NS_OPTIONS(uint64_t, NSActivityOptions) {
 
 @interface NSProcessInfo : NSObject
 @property(readonly, copy) NSString* processName;
+@property(readonly, copy) NSString* operatingSystemVersionString;
 @property(class, readonly, strong) NSProcessInfo* processInfo;
 - (id<NSObject>)beginActivityWithOptions:(NSActivityOptions)options reason:(NSString*)reason;
 - (void)endActivity:(id<NSObject>)activity;

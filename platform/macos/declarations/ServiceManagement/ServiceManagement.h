@@ -12,9 +12,17 @@ extern "C" Boolean SMLoginItemSetEnabled(CFStringRef identifier, Boolean enabled
 
 enum { kSMErrorJobNotFound = 6, kSMErrorAlreadyRegistered = 12 };
 
+typedef NS_ENUM(NSInteger, SMAppServiceStatus) {
+    SMAppServiceStatusNotRegistered,
+    SMAppServiceStatusEnabled,
+    SMAppServiceStatusRequiresApproval,
+    SMAppServiceStatusNotFound
+} API_AVAILABLE(macos(13.0));
+
 API_AVAILABLE(macos(13.0))
 @interface SMAppService : NSObject
 + (instancetype)loginItemServiceWithIdentifier:(NSString*)identifier;
+@property(readonly) SMAppServiceStatus status;
 - (BOOL)registerAndReturnError:(NSError* _Nullable* _Nullable)error;
 - (BOOL)unregisterAndReturnError:(NSError* _Nullable* _Nullable)error;
 @end
