@@ -78,8 +78,10 @@ public:
     }
     TextInputSources& sources() override { return parts_.layouts; }
     int changesTold() const override { return told_; }
+    // Somebody who sees what is selected: a compositor may take two programs' wishes in any order.
     void selectFromOutside(const std::string& id) override {
-        desktop_->server().selectLayout(static_cast<unsigned>(std::ranges::find(ids_, id) - ids_.begin()));
+        EXPECT_TRUE(waitUntil([&] { return desktop_->server().layout() == placeOf(currentIdIn(sources())); }));
+        desktop_->server().selectLayout(placeOf(id));
     }
     void disable(const std::string& id) override {
         std::erase(ids_, id);
@@ -87,6 +89,9 @@ public:
     }
 
 private:
+    unsigned placeOf(const std::string& id) const {
+        return static_cast<unsigned>(std::ranges::find(ids_, id) - ids_.begin());
+    }
     void tell() {
         QByteArrayList layouts, variants;
         for (const auto& id : ids_) {
