@@ -19,11 +19,11 @@
 #include "platform/linux/appearance/ColorScheme.h"
 #include "platform/linux/control/ControlService.h"
 #include "platform/linux/dbus/SessionBus.h"
-#include "platform/linux/text-input/IBusTextInput.h"
 #include "platform/linux/localization/Translations.h"
 #include "platform/linux/qt/ProgramIcon.h"
 #include "platform/linux/qt/TemplateIcon.h"
 #include "platform/linux/session/WaylandNotice.h"
+#include "platform/linux/text-input/IBusTextInput.h"
 
 namespace {
 

@@ -80,7 +80,8 @@ public:
     int changesTold() const override { return told_; }
     // Somebody who sees what is selected: a compositor may take two programs' wishes in any order.
     void selectFromOutside(const std::string& id) override {
-        EXPECT_TRUE(waitUntil([&] { return desktop_->server().layout() == placeOf(currentIdIn(sources())); }));
+        EXPECT_TRUE(
+            waitUntil([&] { return desktop_->server().layout() == placeOf(currentIdIn(sources())); }));
         desktop_->server().selectLayout(placeOf(id));
     }
     void disable(const std::string& id) override {
