@@ -18,7 +18,8 @@ const QString folderSuffix = QStringLiteral(".lproj");
 
 QStringList availableLanguages() {
     auto names = QDir(QStringLiteral(":/")).entryList(QDir::Dirs);
-    // Not as a pattern: those are regular expressions to Qt, and their library would be loaded for this alone.
+    // Not as a pattern: those are regular expressions to Qt, and their library would be loaded for this
+    // alone.
     names.removeIf([](const QString& name) { return !name.endsWith(folderSuffix); });
     for (auto& name : names)
         name.chop(folderSuffix.size());

@@ -25,8 +25,8 @@ public:
             answer(message);
     }
 
-    /// The connection that has shown an item last; empty as long as none has. Input method daemons have items,
-    /// too.
+    /// The connection that has shown an item last; empty as long as none has. Input method daemons have
+    /// items, too.
     const QString& item() const { return item_; }
     void choose(qint64 process) {
         for (const auto& each : items_)
