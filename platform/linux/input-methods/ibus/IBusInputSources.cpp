@@ -79,6 +79,7 @@ void IBusInputSources::readEngines() {
 void IBusInputSources::startAhead(const std::vector<IBusEngine>& engines) {
     if (settings_->preloadEngines().empty()) return;
     std::vector<const char*> names;
+    names.reserve(engines.size());
     for (const auto& engine : engines)
         names.push_back(engine.name.c_str());
     connection_.write(ibusDaemon, "PreloadEngines", g_variant_new_strv(names.data(), gssize(names.size())));
