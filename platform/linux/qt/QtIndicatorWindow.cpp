@@ -1,16 +1,12 @@
 #include "platform/linux/qt/QtIndicatorWindow.h"
 
-#include <utility>
-
 #include <QColor>
 
 #include "platform/linux/qt/QtImage.h"
 
 namespace quorvane {
 
-QtIndicatorWindow::QtIndicatorWindow(IndicatorSurface& surface, std::function<bool()> isDark)
-    : surface_(surface)
-    , isDark_(std::move(isDark)) {
+QtIndicatorWindow::QtIndicatorWindow(IndicatorSurface& surface) : surface_(surface) {
     surface_.mayBeDragged = [this] {
         return style_.isMovableByWindowBackground && iconView_.mouseDownCanMoveWindow();
     };
@@ -40,6 +36,11 @@ void QtIndicatorWindow::orderOut() {
     changed_.start();
 }
 
+void QtIndicatorWindow::setDark(bool isDark) {
+    isDark_ = isDark;
+    changed_.start();
+}
+
 void QtIndicatorWindow::update() {
     const auto icon = isIconHidden_ ? QImage() : icon_;
     if (!isOrderedIn_ || (icon.isNull() && isBoxHidden_)) {
@@ -47,7 +48,7 @@ void QtIndicatorWindow::update() {
         return;
     }
     const QColor ground = style_.hasClearBackground ? Qt::transparent : Qt::white;
-    const auto box = isBoxHidden_ ? IndicatorBox::none : isDark_() ? IndicatorBox::dark : IndicatorBox::light;
+    const auto box = isBoxHidden_ ? IndicatorBox::none : isDark_ ? IndicatorBox::dark : IndicatorBox::light;
     surface_.show(drawIndicator(icon, box, ground, surface_.scale()));
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include <QImage>
 #include <QTimer>
 
@@ -18,9 +16,8 @@ namespace quorvane {
 /// control returns to the event loop, several at once in one step.
 class QtIndicatorWindow : public Window {
 public:
-    /// The surface must outlive this object. `isDark` tells whether the box is to be; asked when it is drawn.
-    explicit QtIndicatorWindow(
-        IndicatorSurface& surface, std::function<bool()> isDark = [] { return false; });
+    /// The surface must outlive this object.
+    explicit QtIndicatorWindow(IndicatorSurface& surface);
 
     std::string title() const override { return {}; }
     void setStyle(const WindowStyle& style) override;
@@ -33,6 +30,9 @@ public:
 
     quorvane::IconView& iconView() { return iconView_; }
     View& iconBox() { return iconBox_; }
+
+    /// Whether the box is dark, as the user's windows are.
+    void setDark(bool isDark);
 
     /// Other windows have come to the front: the indicator belongs above them.
     void raise() { surface_.raise(); }
@@ -59,12 +59,12 @@ private:
     void update();
 
     IndicatorSurface& surface_;
-    std::function<bool()> isDark_;
     WindowStyle style_;
     QImage icon_;
     bool isOrderedIn_ = true; ///< As the interface file has it.
     bool isIconHidden_ = true;
     bool isBoxHidden_ = true;
+    bool isDark_ = false;
     IconView iconView_{*this};
     IconBox iconBox_{*this};
     QTimer changed_;

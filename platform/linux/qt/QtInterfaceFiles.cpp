@@ -1,5 +1,6 @@
 #include "platform/linux/qt/QtInterfaceFiles.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QPalette>
 
@@ -30,8 +31,16 @@ public:
     void orderOut() override {}
 };
 
-struct QtInterfaceFiles::Windows {
-    explicit Windows(IndicatorSurface& indicator) : inputIconWindow(indicator, hasDarkWindows) {}
+struct QtInterfaceFiles::Windows : QObject {
+    explicit Windows(IndicatorSurface& indicator) : inputIconWindow(indicator) {
+        inputIconWindow.setDark(hasDarkWindows());
+        qGuiApp->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* /*receiver*/, QEvent* event) override {
+        if (event->type() == QEvent::ApplicationPaletteChange) inputIconWindow.setDark(hasDarkWindows());
+        return false;
+    }
 
     NoWindow window;
     QtIndicatorWindow inputIconWindow;

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
+#include <QRgb>
 #include <gtest/gtest.h>
 
 #include "linux/support/Groups.h"
+#include "linux/support/Portal.h"
 #include "linux/support/TestWindow.h"
 #include "settings/Keys.h"
 #include "virtual-desktop/TextProgram.h"
@@ -97,6 +99,24 @@ TEST_P(OnWindowManager, TheIndicatorFollowsTheWindowInFront) {
         ASSERT_TRUE(waitForIndicatorOn(first)) << "and menus as large";
     }
     EXPECT_EQ(session_.user.values(session_.user.root(), "_NET_CLIENT_LIST").size(), 2U) << "none of them";
+}
+
+TEST(Indicator, ItsBoxIsAtOnceAsDarkAsTheUsersWindows) {
+    ProgramSession session("openbox");
+    Portal portal(1);
+    session.stores.standardUserDefaults().setBool(true, key::enableTipOfState);
+    session.startProgram();
+    const auto x = XConnection::open();
+    for (const bool isDark : {true, false, true}) {
+        EXPECT_TRUE(waitUntil([&] {
+            const auto stack = stackedWindows(*x);
+            if (stack.empty() || !stack.front().isPopUp) return false;
+            const auto& bounds = stack.front().bounds;
+            const auto corner = session.user.pixelAt(int(bounds.x) + 4, int(bounds.y) + 4);
+            return (qGray(corner) < 128) == isDark;
+        })) << isDark;
+        portal.change(isDark ? 2 : 1);
+    }
 }
 
 TEST(Companion, IsAskedWhileItRuns) {
