@@ -139,6 +139,12 @@ int main(int argc, char** argv) {
         measureIBusAlone(argc > 2 ? std::atoi(argv[2]) : 100);
         return 0;
     }
+    if (framework != "ibus" && framework != "fcitx") {
+        std::fprintf(stderr,
+                     "usage: %s ibus|fcitx [SWITCHES [LAUNCHES [IDLE SECONDS]]] | ibus-alone [TIMES]\n",
+                     argv[0]);
+        return 2;
+    }
     Session session(QString::fromStdString(framework));
     measureSwitches(session, argc > 2 ? std::atoi(argv[2]) : 200);
     using enum TextCommand::Toolkit;
