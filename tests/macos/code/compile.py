@@ -90,8 +90,9 @@ def edges(processor):
     languages = {"c++": "-x c++", "objective-c++": "-fobjc-arc -fblocks -x objective-c++"}
     if processor == "arm64":
         for language, options in languages.items():
+            # It names its header with its whole path, so that no other folder's may come out of the cache.
             yield (f"build {language}.pch: compile {language}.h {needs}\n{common}"
-                   f"  options = {options}-header -Xclang -fno-pch-timestamp\n")
+                   f"  options = {options}-header -Xclang -fno-pch-timestamp\n  cache =\n")
     sources = sorted([*macos.rglob("*.mm"), *macos.rglob("*.cpp")])
     native = sorted((root / "tests/macos/native").glob("*.mm")) if processor == "arm64" else []
     headers = [header for header in sorted(macos.rglob("*.h")) if is_alone(header)]
