@@ -129,6 +129,9 @@ TEST_F(IBusInputSourcesTest, AMethodIsSelectedOverALatinLayout) {
     EXPECT_TRUE(waitForCurrent("xkb:ru")) << "it has no use for these letters";
     user.lockGroup(2);
     EXPECT_TRUE(waitForCurrent("ibus:libpinyin"));
+    ASSERT_TRUE(daemon.setGlobalEngine("xkb:us::eng"));
+    EXPECT_TRUE(waitForCurrent("xkb:de:neo")) << "what is underneath stays the user's";
+    EXPECT_EQ(XClient().currentGroup(), 2U);
 }
 
 TEST_F(IBusInputSourcesTest, SourcesAreDescribedAsTheUserKnowsThem) {
