@@ -145,8 +145,9 @@ TEST_F(Fcitx5InputSourcesTest, IsUnavailableWhileTheDaemonHangsAndWhenTheBusHasE
 
 TEST_F(Fcitx5InputSourcesTest, NobodyIsWokenWithoutADaemon) {
     int wakeUps = 0;
+    const QObject counting;
     session_.sources.applicationActivated("application", getpid());
-    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, qApp,
+    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, &counting,
                      [&] { ++wakeUps; });
     QTimer::singleShot(500, qApp, [] { QCoreApplication::exit(); }); // Looks would be each 32 ms.
     QCoreApplication::exec();
