@@ -26,7 +26,7 @@ using Session = InputMethodSession;
 using Clock = XWatcher::Clock;
 
 const char* nameOf(TextProgram::Toolkit toolkit) {
-    using enum TextProgram::Toolkit;
+    using enum TextCommand::Toolkit;
     return toolkit == qt ? "Qt" : toolkit == gtk ? "GTK" : "XIM";
 }
 

@@ -1,3 +1,5 @@
+#include <set>
+
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QDBusObjectPath>
@@ -6,6 +8,7 @@
 #include <unistd.h>
 
 #include "contracts/TextInputSourcesContract.h"
+#include "platform/linux/dbus/BusMonitor.h"
 #include "platform/linux/input-methods/SessionInputSources.h"
 #include "platform/linux/input-methods/fcitx5/Fcitx5InputSources.h"
 #include "platform/linux/input-methods/fcitx5/Fcitx5Names.h"
@@ -20,16 +23,16 @@
 namespace quorvane {
 namespace {
 
-/// A program that can be typed in, without a window, in this process. Has a context, and the focus, when this
-/// is made.
+/// A program that can be typed in, without a window, in this process. Has a context, and the focus if it is
+/// in front, when this is made.
 class Fcitx5Client {
 public:
-    Fcitx5Client(Fcitx5Daemon& daemon, const QString& program) : daemon_(&daemon) {
+    Fcitx5Client(Fcitx5Daemon& daemon, const QString& program, bool isInFront = true) : daemon_(&daemon) {
         const Fcitx5Daemon::Items hints{{"program", program}, {"display", "x11:"}};
         const auto answer = daemon.call("/org/freedesktop/portal/inputmethod", "org.fcitx.Fcitx.InputMethod1",
                                         "CreateInputContext", {QVariant::fromValue(hints)});
         path_ = answer.arguments().value(0).value<QDBusObjectPath>().path();
-        tell("FocusIn");
+        if (isInFront) tell("FocusIn");
     }
     void tell(const QString& what) { daemon_->call(path_, "org.fcitx.Fcitx.InputContext1", what); }
 
@@ -141,6 +144,19 @@ TEST_F(Fcitx5InputSourcesTest, IsUnavailableWhileTheDaemonHangsAndWhenTheBusHasE
     EXPECT_TRUE(becomes(true));
     session_.bus.end();
     EXPECT_TRUE(becomes(false));
+}
+
+TEST_F(Fcitx5InputSourcesTest, WhoseAContextIsIsKnownBeforeItHasTheFocus) {
+    std::set<std::string> asked;
+    const BusMonitor monitor(
+        {"type='method_call',member='GetConnectionUnixProcessID'"},
+        [&](const auto& message) { asked.insert(message.texts.begin(), message.texts.end()); });
+    ASSERT_TRUE(waitUntil([&] { return monitor.isHearing(); }));
+    session_.start();
+    EXPECT_TRUE(waitUntil([&] {
+        const Fcitx5Client client(session_.daemon, "client", false);
+        return asked.contains(session_.daemon.bus().baseService().toStdString());
+    }));
 }
 
 TEST_F(Fcitx5InputSourcesTest, NobodyIsWokenWithoutADaemon) {
