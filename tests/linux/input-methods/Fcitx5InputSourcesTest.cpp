@@ -159,6 +159,18 @@ TEST_F(Fcitx5InputSourcesTest, WhoseAContextIsIsKnownBeforeItHasTheFocus) {
     }));
 }
 
+TEST_F(Fcitx5InputSourcesTest, ItsGroupsOwnLayoutIsWhatTheXServerHas) {
+    session_.start();
+    const Fcitx5Client client(session_.daemon, "client");
+    const auto userX = XConnection::open();
+    XkbKeyboard user(*userX);
+    for (const auto& [group, id] : {std::pair(1U, "xkb:ru"), {2U, "xkb:de"}, {0U, "xkb:us"}}) {
+        ASSERT_TRUE(session_.select("xkb:us") && session_.waitForReal("keyboard-us"));
+        user.lockGroup(group);
+        EXPECT_TRUE(session_.waitForCurrent(id)) << id;
+    }
+}
+
 TEST_F(Fcitx5InputSourcesTest, NobodyIsWokenWithoutADaemon) {
     int wakeUps = 0;
     const QObject counting;
