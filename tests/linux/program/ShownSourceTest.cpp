@@ -50,7 +50,8 @@ protected:
             }));
             EXPECT_TRUE(waitUntil([&] {
                 icons_[source] = icon();
-                return isShown(source) && (source == us || icons_[source] != icons_[Source(source - 1)]);
+                const bool isThere = !icons_[source].empty() && isShown(source);
+                return isThere && (source == us || icons_[source] != icons_[Source(source - 1)]);
             }));
         }
         EXPECT_NE(icons_[us], icons_[pinyin]);
@@ -99,8 +100,8 @@ protected:
     bool isShown(Source source) {
         tray_.choose(program->processId());
         if (tray_.item().isEmpty()) return false;
-        return icons_[source] == icon() && tray_.toolTip().contains(nameOf(source)) &&
-               statusID() == idOf(source);
+        return tray_.toolTip().contains(nameOf(source)) && statusID() == idOf(source) &&
+               icons_[source] == icon();
     }
 
     Source layoutOfServer() { return (group() == 0) == isLatinFirst_ ? us : ru; }
