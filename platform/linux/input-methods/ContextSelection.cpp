@@ -47,11 +47,12 @@ void ContextSelection::activated(const Application& application, const std::stri
     front_ = {.application = application,
               .focusedBefore = isLeft ? focused_->context.id : std::string(),
               .isOfSameProcess = application.process == before};
-    if (before != unknownProcess) others_.insert(before);
+    others_.insert(before);
     others_.erase(application.process);
     recall(layout);
     looks_ = current_ ? firstOfThoseThatHave : 0;
-    consider();
+    // What its context has is not known yet, if that may be changed by what was sent for the one before.
+    if (current_ || sent_.inputMethod.empty()) consider();
 }
 
 void ContextSelection::remember() {
@@ -100,7 +101,7 @@ bool ContextSelection::isInFront() const {
 // What has the focus --------------------------------------------------------------------------------------
 
 void ContextSelection::told(const Context& context, const std::string& inputMethod) {
-    if (focused_ && focused_->mayBeTold && isInFront()) { // It is the same, by its other name.
+    if (focused_ && focused_->mayBeTold) { // It is the same, by its other name.
         if (wish_.target == focused_->context.id) wish_.target = context.id;
         if (wish_.contexts.contains(focused_->context.id)) wish_.contexts.insert(context.id);
     }
@@ -149,24 +150,23 @@ void ContextSelection::consider() {
         return;
     }
     const auto& [context, has, isTold, mayBeTold] = *focused_;
-    const bool isWaiting = wish_.state == State::sending || wish_.state == State::missed;
     if (isFree)
         // One whose process has died is selected again.
         return has.empty() && current_ ? select(std::string(*current_)) : take(has);
-    if (underWay_ && underWay_->inputMethod != wish_.inputMethod) return send();
-    if (has == wish_.inputMethod && !wish_.isDoubtful) return reach();
+    // What was sent for another wish, and no context is known to have, may yet arrive in this one.
+    if (!sent_.inputMethod.empty() && sent_.inputMethod != wish_.inputMethod) return send();
+    if (has == wish_.inputMethod) return reach();
     if (!has.empty() && wish_.contexts.contains(context.id)) return take(has);
-    if (!isWaiting || wish_.target != context.id) send();
+    if (wish_.state != State::missed || wish_.target != context.id) send();
 }
 
 void ContextSelection::send() {
     const auto& context = focused_->context.id;
     if (std::exchange(wish_.target, context) != context) wish_.sent = 0;
     wish_.state = State::sending;
-    if (underWay_) return;
+    if (std::exchange(isUnderWay_, true)) return;
     ++wish_.sent;
-    wish_.isDoubtful = false;
-    underWay_ = {wish_.inputMethod, wish_.target};
+    sent_ = {wish_.inputMethod, wish_.target};
     calls_.select(wish_.inputMethod);
 }
 
@@ -174,6 +174,7 @@ void ContextSelection::reach() {
     wish_.state = State::reached;
     wish_.hasContext = true;
     wish_.contexts.insert(focused_->context.id);
+    if (!isUnderWay_) sent_ = {};
 }
 
 /// What the context has is somebody else's choice.
@@ -184,12 +185,10 @@ void ContextSelection::take(const std::string& inputMethod) {
 }
 
 void ContextSelection::answered(bool isAccepted) {
-    if (!underWay_) return;
-    const auto sent = *std::exchange(underWay_, std::nullopt);
-    // Contexts may have had it that are known by what they had before.
-    wish_.isDoubtful = sent.inputMethod != wish_.inputMethod;
+    if (!std::exchange(isUnderWay_, false)) return;
+    if (wish_.state == State::reached) sent_ = {};
     if (wish_.state != State::sending) return;
-    if (sent.inputMethod != wish_.inputMethod || sent.target != wish_.target) return send();
+    if (sent_.inputMethod != wish_.inputMethod || sent_.target != wish_.target) return send();
     if (!isAccepted) wish_.sent = mostSent;
     wish_.state = State::missed;
     looks_ = 0;
@@ -202,7 +201,7 @@ bool ContextSelection::isCertain() const {
 }
 
 bool ContextSelection::isWithoutContext() const {
-    return looks_ == mostLooks && wish_.state != State::reached && !isInFront();
+    return looks_ == mostLooks && !isInFront();
 }
 
 std::optional<milliseconds> ContextSelection::nextLook() const {
@@ -217,6 +216,7 @@ void ContextSelection::lookAgain() {
     if (wish_.state != State::missed || looks_ < looksBeforeSendingAgain) return calls_.look();
     if (wish_.sent < mostSent) return send();
     const auto refused = wish_.inputMethod;
+    sent_ = {};
     take(focused_->inputMethod);
     calls_.refused(refused);
 }
@@ -225,7 +225,8 @@ void ContextSelection::giveUp() {
     wish_ = {};
     current_.reset();
     focused_.reset();
-    underWay_.reset();
+    sent_ = {};
+    isUnderWay_ = false;
     looks_.reset();
 }
 

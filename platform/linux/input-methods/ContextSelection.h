@@ -113,7 +113,6 @@ private:
         std::string inputMethod;
         bool hasContext = false; ///< Some context has had it, now or when the application was left.
         std::string target = {}; ///< The context for which it was last sent.
-        bool isDoubtful = false; ///< Something else was sent, and may arrive in its context.
         int sent = 0;            ///< How often, for the target.
         std::set<std::string> contexts = {}; ///< They have had it.
     };
@@ -152,7 +151,8 @@ private:
     std::optional<std::string> current_;
     std::optional<Focused> focused_;
     Front front_{.application = {}, .focusedBefore = {}, .isSettled = true, .isAnybody = true};
-    std::optional<Sent> underWay_;     ///< One at a time.
+    Sent sent_;                        ///< The last one, until a context has it.
+    bool isUnderWay_ = false;          ///< One is, at a time.
     std::optional<std::size_t> looks_; ///< Since there was something to look for, if there was.
     std::set<int> others_;             ///< Processes of applications that have been in front.
     std::map<Application, Left> left_;
