@@ -62,6 +62,11 @@ TEST_P(UserDefaultsContract, AWriteIsReadByAllObjectsOnItsSuiteAtOnceAndByOtherP
     }
     EXPECT_TRUE(otherSuite->objectForKey("key").isNothing());
     EXPECT_TRUE(standard_.objectForKey("key").isNothing());
+    PropertyList written;
+    suite_->setObject("before it is told", "key");
+    const auto waiting =
+        suite_->whenWritten([&] { written = bench_->readFromOutside("group.suite", "key"); });
+    EXPECT_TRUE(waitUntil([&] { return written == PropertyList("before it is told"); }));
     standard_.setObject("durable", "key");
     EXPECT_TRUE(standard_.synchronize());
     EXPECT_EQ(bench_->readFromOutside("", "key"), PropertyList("durable"));
@@ -101,7 +106,8 @@ TEST_P(UserDefaultsContract, AnAddedSuiteIsReadAndToldWhereTheOwnDomainLacksTheK
     int ownWrites = 0;
     const auto ownSubscription = standard_.ownDomain().addObserver("key", [&](auto) { ++ownWrites; });
     suite_->setObject("not added yet", "key");
-    standard_.addSuiteNamed("group.suite");
+    for (int time = 0; time < 2; ++time)
+        standard_.addSuiteNamed("group.suite");
     EXPECT_EQ(standard_.objectForKey("key"), PropertyList("not added yet"));
     suite_->setObject("by this program", "key");
     EXPECT_THAT(seen_, testing::ElementsAre("by this program"));
