@@ -18,14 +18,14 @@ namespace {
 ///     .            it is settled
 ///     =ru          `ru` is selected
 ///     ~1x:us       told: context `1x` has the focus, and `us`
-///     sq:us        seen: context `q`; of which may be told yet with `m` for `s`
+///     sq:us, mq:us seen: context `q`, of which nothing will be told, or may be
 ///     n, n:us      no context is seen; the last one has `us`
 ///     + -          the daemon has done, or refused, what it was asked to
 ///     h            something may have changed
 ///     g f          gives up; forgets
-///     l9/31        nine looks, as long as there are any, that many milliseconds after what was before
+///     l9/31        nine looks, if there are so many, which take 31 milliseconds
 ///     t/8          the next look would be after eight milliseconds
-///     x/no         no application without a context
+///     x/no         whether the application in front is without a context
 ///
 ///     >ru          have the daemon select it
 ///     ? ?9         look, that often
