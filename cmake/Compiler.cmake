@@ -44,4 +44,6 @@ if(QUORVANE_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
                       -g1) # the lines of a stack trace; more takes a compiler longer
   add_link_options(-fsanitize=address,undefined)
+  # An empty optional that is read, or an element beyond the end, may lie in memory that is valid.
+  add_compile_definitions(_GLIBCXX_ASSERTIONS)
 endif()
