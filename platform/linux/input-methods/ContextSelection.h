@@ -152,7 +152,7 @@ private:
     std::optional<Focused> focused_;
     Front front_{.application = {}, .focusedBefore = {}, .isSettled = true, .isAnybody = true};
     Sent sent_;                        ///< The last one, until a context has it.
-    bool isUnderWay_ = false;          ///< One is, at a time.
+    bool isUnderWay_ = false;          ///< It is not answered yet, and nothing else is sent.
     std::optional<std::size_t> looks_; ///< Since there was something to look for, if there was.
     std::set<int> others_;             ///< Processes of applications that have been in front.
     std::map<Application, Left> left_;
