@@ -13,15 +13,15 @@ using Random = std::mt19937;
 using Events = std::deque<std::function<void()>>;
 
 struct Application {
-    int process;
     const char* wish;
+    int process;
     bool isToldOf;
 };
-constexpr Application applications[] = {{11, "keyboard-us", true},
-                                        {12, "keyboard-ru", true},
-                                        {13, "hangul", true},
-                                        {14, "pinyin", false},
-                                        {15, "hangul", false}};
+constexpr Application applications[] = {{"keyboard-us", 11, true},
+                                        {"keyboard-ru", 12, true},
+                                        {"hangul", 13, true},
+                                        {"pinyin", 14, false},
+                                        {"hangul", 15, false}};
 
 /// A daemon like Fcitx5, its user and the programs. What one of them does is in its order, but what comes
 /// first of several is chance.
